@@ -1,0 +1,5 @@
+// The host library basemodule as one header.
+#pragma once
+
+#include "baseservices.h"
+#include "basewidgets.h"
