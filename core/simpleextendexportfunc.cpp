@@ -1,0 +1,144 @@
+#include "simpleextendexportfunc.h"
+
+#include "baseservices.h"
+#include "defaultbuilder.h"
+#include "imagerange.h"
+#include "modulestate.h"
+#include "simpleextendpar.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <type_traits>
+
+namespace {
+
+/// Runs @p call; what it throws ends here, since the host's frames are not ours to unwind.
+template <class Call, class Result = std::invoke_result_t<Call>>
+Result guarded(Call &&call, Result fallback = {}) noexcept
+{
+    try {
+        return call();
+    } catch (...) {
+        return fallback;
+    }
+}
+
+} // namespace
+
+SimpleExtendPar *createObject(quint32 typeCode, const QString &memoryOwner)
+{
+    return guarded([&] { return buildDefault(typeCode, memoryOwner).release(); });
+}
+
+void releaseObject(SimpleExtendPar *handle)
+{
+    if (handle == nullptr)
+        return;
+    const std::unique_ptr<SimpleExtendPar> owned(handle);
+    guarded([&owned] {
+        freeRange(owned->memoryOwner, owned->inMap);
+        freeRange(owned->memoryOwner, owned->outMap);
+        return true;
+    });
+}
+
+qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *parent, bool /*locked*/)
+{
+    if (handle == nullptr || parent == nullptr)
+        return 0;
+    return guarded([&memoryOwner] {
+        backupUsedMemory(memoryOwner);
+        restoreUsedMemory(memoryOwner);
+        return 0;
+    });
+}
+
+bool autoMallocInMap(SimpleExtendPar *handle)
+{
+    return guarded([handle] { return confirmRange(handle->memoryOwner, handle->inMap, VarArea::AnalogInput); });
+}
+
+bool autoMallocOutMap(SimpleExtendPar *handle)
+{
+    return guarded([handle] { return confirmRange(handle->memoryOwner, handle->outMap, VarArea::AnalogOutput); });
+}
+
+QString getName(SimpleExtendPar *handle)
+{
+    return handle->objName;
+}
+
+QString getComment(SimpleExtendPar *handle)
+{
+    return handle->comment;
+}
+
+qint32 getNodeId(SimpleExtendPar *handle)
+{
+    return static_cast<qint32>(handle->objId);
+}
+
+IoMap getInMap(SimpleExtendPar *handle)
+{
+    return handle->inMap;
+}
+
+IoMap getOutMap(SimpleExtendPar *handle)
+{
+    return handle->outMap;
+}
+
+QPoint getPosition(SimpleExtendPar *handle)
+{
+    return handle->position;
+}
+
+qint32 getRackId(SimpleExtendPar *handle)
+{
+    return handle->rackId;
+}
+
+qint32 getSlotId(SimpleExtendPar *handle)
+{
+    return handle->slotId;
+}
+
+void setPosition(SimpleExtendPar *handle, const QPoint &position)
+{
+    handle->position = position;
+}
+
+void setRackId(SimpleExtendPar *handle, qint32 rackId)
+{
+    handle->rackId = rackId;
+}
+
+void setSlotId(SimpleExtendPar *handle, qint32 slotId)
+{
+    handle->slotId = slotId;
+}
+
+qint32 compile(SimpleExtendPar *handle, QByteArray &block, QStringList &list)
+{
+    return guarded([&] {
+        list.clear();
+        compileModule(*handle, block);
+        return 0;
+    });
+}
+
+SimpleExtendPar *recompile(const QByteArray &block, const QString &memoryOwner, qint32 *result)
+{
+    return guarded([&] { return recompileModule(block, memoryOwner, result).release(); });
+}
+
+QByteArray save(SimpleExtendPar *handle)
+{
+    return guarded([handle] { return saveModule(*handle); });
+}
+
+SimpleExtendPar *restore(const QByteArray &state, const QString &memoryOwner)
+{
+    return guarded([&] { return restoreModule(state, memoryOwner).release(); });
+}

@@ -1,0 +1,177 @@
+#include "modulestate.h"
+
+#include "analogsection.h"
+#include "blockheader.h"
+#include "defaultbuilder.h"
+#include "diagnostics.h"
+#include "digitalsection.h"
+#include "modulekind.h"
+#include "weighsection.h"
+
+#include <QFile>
+
+namespace {
+
+quint8 writeSections(BlockWriter &writer, const SimpleExtendPar &par)
+{
+    quint8 sectionCount = 0;
+    switch (moduleKind(par.objId).family) {
+    case ModuleFamily::Analog:
+        writeAnalogSections(writer, par, sectionCount);
+        break;
+    case ModuleFamily::Digital:
+        writeDigitalSections(writer, par, sectionCount);
+        break;
+    case ModuleFamily::WeighDword:
+        writeWeighSection(writer, par, sectionCount);
+        break;
+    case ModuleFamily::WeighWord:
+    case ModuleFamily::Plain:
+        break;
+    }
+    return sectionCount;
+}
+
+/// Room for every block but the longest names: the header and two section frames stay below 640 bytes, a channel
+/// record below 17.
+int expectedSize(const SimpleExtendPar &par)
+{
+    return 640 + 17 * (par.aiKind.size() + par.aqKind.size() + par.weighPar.size()) + par.diFilter.size() +
+           par.dqOutTbl.size();
+}
+
+void appendBlock(const SimpleExtendPar &par, BlockFormat format, QByteArray &out)
+{
+    out.reserve(out.size() + expectedSize(par));
+    const int countAt = out.size();
+    BlockWriter writer(out);
+    writer.u8(1);
+    writeHeader(writer, par, format);
+    const quint8 sectionCount = writeSections(writer, par);
+    out[countAt] = static_cast<char>(1 + sectionCount);
+}
+
+void readSection(const Section &section, SimpleExtendPar &par)
+{
+    switch (moduleKind(par.objId).family) {
+    case ModuleFamily::Analog:
+        readAnalogSection(section, par);
+        break;
+    case ModuleFamily::Digital:
+        readDigitalSection(section, par);
+        break;
+    case ModuleFamily::WeighDword:
+        readWeighSection(section, par);
+        break;
+    case ModuleFamily::WeighWord:
+    case ModuleFamily::Plain:
+        break;
+    }
+}
+
+/// Length of the section that begins here; 0 when not even that is there.
+qint32 peekSectionLength(ByteReader reader)
+{
+    QByteArray length;
+    reader.raw(length, 4);
+    return reader.failed() ? 0 : byteArrayToInt(length);
+}
+
+void readSections(ByteReader &reader, SimpleExtendPar &par, quint8 sectionCount)
+{
+    for (; sectionCount > 0; --sectionCount) {
+        const ByteReader fromHere = reader;
+        const qint32 length = peekSectionLength(reader);
+        if (length <= 0 || length > reader.remaining())
+            return;
+        ByteReader body = reader.sub(length);
+        quint8 type = 0;
+        body.skip(5); // length and direction
+        body.u8(type);
+        body.skip(2);
+        if (!body.failed())
+            readSection({static_cast<SectionType>(type), body, fromHere}, par);
+    }
+}
+
+/// Steps over the header record and gives a cursor over its fields; nothing when the block ends before it does.
+/// A length that does not even count the frame leaves no fields.
+bool takeHeader(ByteReader &reader, ByteReader &header)
+{
+    ByteReader frame = reader;
+    quint32 length = 0;
+    frame.u32(length);
+    if (reader.remaining() < headerFrameSize || length > static_cast<quint32>(reader.remaining()))
+        return false;
+    reader.skip(headerFrameSize);
+    header = reader.sub(qMax(0, static_cast<int>(length) - headerFrameSize));
+    return true;
+}
+
+/// Intended: double-word weighing channels come back with 4 bytes from a saved state and 2 from a configuration block.
+void setUnits(SimpleExtendPar &par, BlockFormat format)
+{
+    const ModuleKind &kind = moduleKind(par.objId);
+    if (kind.family == ModuleFamily::Plain)
+        return;
+    const bool saved = format == BlockFormat::SavedState;
+    par.inMap.unit = saved ? kind.input.unit : kind.recompiledUnit;
+    par.outMap.unit = saved ? kind.output.unit : kind.recompiledUnit;
+}
+
+std::unique_ptr<SimpleExtendPar> readBlock(const QByteArray &block, const QString &memoryOwner, BlockFormat format,
+                                           qint32 *result)
+{
+    auto par = std::make_unique<SimpleExtendPar>();
+    par->memoryOwner = memoryOwner;
+
+    ByteReader reader(block);
+    quint8 count = 0;
+    reader.u8(count);
+    ByteReader header(nullptr, 0);
+    if (!takeHeader(reader, header))
+        return nullptr;
+    const HeaderResult headerResult = readHeader(header, *par, format);
+    if (result != nullptr)
+        *result = headerResult;
+    // Intended: only a configuration block with an unknown type code is refused here; a saved state goes on.
+    if (format == BlockFormat::Configuration && headerResult != HeaderRead)
+        return nullptr;
+    if (!QFile::exists(componentFilePath(*par)))
+        return nullptr;
+    setUnits(*par, format);
+    readSections(reader, *par, static_cast<quint8>(count - 1));
+    return par;
+}
+
+} // namespace
+
+QByteArray saveModule(const SimpleExtendPar &par)
+{
+    QByteArray state;
+    appendBlock(par, BlockFormat::SavedState, state);
+    writeDiagnostic(DiagnosticLine::Save, ByteReader(state));
+    return state;
+}
+
+std::unique_ptr<SimpleExtendPar> restoreModule(const QByteArray &state, const QString &memoryOwner)
+{
+    if (state.isEmpty())
+        return nullptr;
+    writeDiagnostic(DiagnosticLine::Restore, ByteReader(state));
+    return readBlock(state, memoryOwner, BlockFormat::SavedState, nullptr);
+}
+
+void compileModule(const SimpleExtendPar &par, QByteArray &block)
+{
+    appendBlock(par, BlockFormat::Configuration, block);
+    writeDiagnostic(DiagnosticLine::Compile, ByteReader(block));
+}
+
+std::unique_ptr<SimpleExtendPar> recompileModule(const QByteArray &block, const QString &memoryOwner, qint32 *result)
+{
+    if (block.isEmpty())
+        return nullptr;
+    writeDiagnostic(DiagnosticLine::Recompile, ByteReader(block));
+    return readBlock(block, memoryOwner, BlockFormat::Configuration, result);
+}

@@ -1,0 +1,35 @@
+// The frame that all parameter sections share: length (counts itself), direction, type, two zero bytes, body.
+#pragma once
+
+#include "blockwriter.h"
+#include "bytereader.h"
+
+enum class SectionType : quint8 {
+    DigitalOutputTable = 5,
+    DigitalInputFilter = 18,
+    AnalogInput = 37,
+    AnalogOutput = 38,
+    Weighing = 41
+};
+
+/// A received section; the cursors share the block's bytes.
+struct Section {
+    SectionType type;    ///< any byte, also one that is no enumerator
+    ByteReader body;     ///< what follows the frame, bounded by the section's length
+    ByteReader fromHere; ///< the whole block from the section's first byte on
+};
+
+/// Writes the frame; the mark is for endSection.
+inline int beginSection(BlockWriter &writer, SectionType type)
+{
+    const int mark = writer.beginLength();
+    writer.u8(type == SectionType::DigitalInputFilter ? 1 : 0);
+    writer.u8(static_cast<quint8>(type));
+    writer.u16(0);
+    return mark;
+}
+
+inline void endSection(BlockWriter &writer, int mark)
+{
+    writer.endLength(mark);
+}
