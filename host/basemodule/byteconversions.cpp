@@ -61,7 +61,7 @@ float byteArrayToFloat(const QByteArray &bytes)
 
 QString byteArryDataToString(const QByteArray &data, const QString &separator)
 {
-    const QString digits = QString::fromLatin1(data.toHex().toUpper());
+    QString digits = QString::fromLatin1(data.toHex().toUpper());
     if (separator.isEmpty()) {
         return digits;
     }
