@@ -96,7 +96,7 @@ qint32 getMemory(const QString &owner, VarArea area, qint32 start, qint32 length
     if (size == 0) {
         return refuse(UnknownArea, wanted + QStringLiteral(" cannot be taken: no controller has this area."));
     }
-    if (start < 0 || start > size || length > size - start) {
+    if (start < 0 || length > size - start) {
         return refuse(OutOfRange,
                       wanted + QStringLiteral(" lie outside it; it reaches from %1.").arg(addresses(0, size)));
     }
