@@ -1,0 +1,49 @@
+// Builds blocks field by field, and lies about counts and lengths where a test wants it to.
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QtEndian>
+
+namespace blockbuilder {
+
+/// Bytes written as hexadecimal text, with blanks where they help the reader.
+inline QByteArray hex(const char *text)
+{
+    return QByteArray::fromHex(text);
+}
+
+inline QByteArray be32(quint32 value)
+{
+    QByteArray bytes(4, 0);
+    qToBigEndian(value, bytes.data());
+    return bytes;
+}
+
+constexpr qint64 honest = -1;
+
+inline quint32 lengthOf(const QByteArray &body, qint64 claimed)
+{
+    return claimed == honest ? static_cast<quint32>(body.size() + 8) : static_cast<quint32>(claimed);
+}
+
+inline QByteArray header(const QByteArray &fields, qint64 length = honest)
+{
+    return be32(lengthOf(fields, length)) + hex("00020000") + fields;
+}
+
+inline QByteArray section(char type, const QByteArray &body, qint64 length = honest)
+{
+    return be32(lengthOf(body, length)) + (type == 18 ? '\1' : '\0') + type + QByteArray(2, 0) + body;
+}
+
+inline QByteArray block(const QByteArray &header, const QByteArrayList &sections = {}, int count = honest)
+{
+    QByteArray bytes;
+    bytes += static_cast<char>(count == honest ? sections.size() + 1 : count);
+    bytes += header;
+    bytes += sections.join();
+    return bytes;
+}
+
+} // namespace blockbuilder

@@ -1,0 +1,216 @@
+// Kinds of type codes, factory records, and the range calls that reach the host, in their order.
+#include "catalogfolder.h"
+#include "defaultbuilder.h"
+#include "imagerange.h"
+#include "modulekind.h"
+#include "recordinghost.h"
+
+namespace {
+
+const QString owner = QStringLiteral("plc");
+
+QString describe(const IoMap &range)
+{
+    return QStringLiteral("%1:%2 x%3 u%4").arg(range.area).arg(range.start).arg(range.count).arg(range.unit);
+}
+
+QString describe(const AiRange &range)
+{
+    return QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(range.data()), int(range.size())).toHex());
+}
+
+} // namespace
+
+class TestBuilder : public QObject {
+    Q_OBJECT
+
+private slots:
+    void cleanup() { recordingHost() = RecordingHost(); }
+
+    void kind_data()
+    {
+        QTest::addColumn<QVector<quint32>>("codes");
+        QTest::addColumn<int>("family");
+        const auto row = [](const char *name, const QVector<quint32> &codes, ModuleFamily family) {
+            QTest::newRow(name) << codes << static_cast<int>(family);
+        };
+        row("plain", {0, 13394, 13571, 13649, 13908, 14417, 14422, 4294967295U}, ModuleFamily::Plain);
+        row("analog", {13395, 13396, 13397, 13398, 13570}, ModuleFamily::Analog);
+        row("digital", {13650, 13907}, ModuleFamily::Digital);
+        row("weighing, double words", {14418, 14420}, ModuleFamily::WeighDword);
+        row("weighing, words", {14419, 14421}, ModuleFamily::WeighWord);
+    }
+    void kind()
+    {
+        QFETCH(QVector<quint32>, codes);
+        QFETCH(int, family);
+        for (const quint32 code : codes)
+            QCOMPARE(static_cast<int>(moduleKind(code).family), family);
+    }
+
+    void build_data()
+    {
+        QTest::addColumn<quint32>("code");
+        QTest::addColumn<quint32>("moduleInfo");
+        QTest::addColumn<QStringList>("calls");
+        QTest::addColumn<QString>("input");
+        QTest::addColumn<QString>("output");
+        const auto row = [](const char *name, quint32 code, quint32 moduleInfo, const QStringList &calls,
+                            const char *input, const char *output) {
+            QTest::newRow(name) << code << moduleInfo << calls << input << output;
+        };
+        row("analog, both", 13398, 0x02040000, {"auto plc 6 8", "auto plc 7 4"}, "6:8 x4 u2", "7:4 x2 u2");
+        row("analog, outputs only", 13400, 0x02000000, {"auto plc 7 4"}, "6:0 x0 u2", "7:4 x2 u2");
+        row("digital, 12 inputs", 13650, 0x0000000C, {"auto plc 129 2"}, "129:2 x12 u0", "130:0 x0 u0");
+        row("digital, both", 13651, 0x00000810, {"auto plc 129 2", "auto plc 130 1"}, "129:2 x16 u0", "130:1 x8 u0");
+        row("weighing, double words", 14418, 0x01020000, {"auto plc 132 8", "auto plc 132 4"}, "132:8 x2 u4",
+            "132:4 x1 u4");
+        row("weighing, words", 14421, 0x01020000, {"auto plc 6 4", "auto plc 7 2"}, "6:4 x2 u2", "7:2 x1 u2");
+        row("plain", 100, 0x01020304, {}, "0:0 x0 u1", "0:0 x0 u1");
+    }
+    void build()
+    {
+        QFETCH(quint32, code);
+        QFETCH(quint32, moduleInfo);
+        QFETCH(QStringList, calls);
+        QFETCH(QString, input);
+        QFETCH(QString, output);
+        CatalogFolder catalog;
+        catalog.writeModule(code, moduleInfo);
+        recordingHost().allocate = [](VarArea, qint32 length) { return length; };
+        const auto par = buildDefault(code, owner);
+        QVERIFY(par);
+        QCOMPARE(recordingHost().takeCalls(), calls);
+        QCOMPARE(describe(par->inMap), input);
+        QCOMPARE(describe(par->outMap), output);
+        QCOMPARE(par->memoryOwner, owner);
+
+        const auto unclaimed = buildDefault(code, QString());
+        QVERIFY(unclaimed && recordingHost().calls.isEmpty());
+        QCOMPARE(unclaimed->inMap.start + unclaimed->outMap.start, 0);
+        QCOMPARE(unclaimed->inMap.count, par->inMap.count);
+        QCOMPARE(unclaimed->weighPar.size() + unclaimed->aiKind.size(), par->weighPar.size() + par->aiKind.size());
+    }
+
+    void factoryParameters()
+    {
+        CatalogFolder catalog;
+        const QStringList ranges{"0102000200000000", "0102040100000100", "0102000100000001", "0102000200000000"};
+        const QList<int> families{0, 1, 2, 0};
+        for (int i = 0; i < 4; ++i) {
+            const auto code = 13395U + static_cast<quint32>(i);
+            catalog.writeModule(code, 0x01020000);
+            const auto par = buildDefault(code, QString());
+            QVERIFY(par);
+            QCOMPARE(par->aiCount * 10 + par->aqCount, 21);
+            QCOMPARE(int(par->aiKind.value(1, 9)), families[i]);
+            QCOMPARE(describe(par->aiRange.value(1)), ranges[i]);
+            const AiFilter filter = par->aiFilter.value(1);
+            QCOMPARE((QList<int>{filter.samples, filter.deadband, filter.filterOn}), (QList<int>{5, 320, 1}));
+            const AqOutTbl stop = par->aqOutTbl.value(0);
+            const AqOutType type = par->aqOutType.value(0);
+            QCOMPARE((QList<int>{par->aqKind.value(0, 9), stop.freezeLast, stop.stopValue, type.enable, type.range}),
+                     (QList<int>{0, 1, 0, 1, 1}));
+        }
+        catalog.writeModule(13700, 0x00000A0C);
+        const auto digital = buildDefault(13700, QString());
+        QCOMPARE(digital->diFilter, QByteArray("\x55\x55"));
+        QCOMPARE(digital->dqOutTbl, QByteArray(2, 0));
+        QCOMPARE((QList<int>{digital->diCount, digital->dqCount, digital->dqMode}), (QList<int>{12, 10, 2}));
+        catalog.writeModule(14419, 0x00030000);
+        const auto weighing = buildDefault(14419, QString());
+        QCOMPARE(weighing->weighCount * 10 + weighing->weighPar.size(), 33);
+    }
+
+    void refusal_data()
+    {
+        QTest::addColumn<QByteArray>("lines");
+        QTest::addColumn<qint32>("inputs");
+        QTest::addColumn<qint32>("start");
+        QTest::addColumn<QStringList>("calls");
+        const auto row = [](const char *name, const QByteArray &lines, qint32 inputs, qint32 start,
+                            const QStringList &calls = {}) {
+            QTest::newRow(name) << lines << inputs << start << calls;
+        };
+        row("no component file", "ServerFile=absent.cmp\n", 1, 0);
+        row("no module info", "ModuleInfo=0\n", 1, 0);
+        row("host counts below zero", "", -1, 0);
+        row("host counts beyond any memory", "", 0x7FFFFFFF, 0);
+        row("no room for inputs", "", 1, -1, {"auto plc 6 2"});
+        row("65535 is no start", "", 1, 65535, {"auto plc 6 2"});
+        row("no room for outputs", "", 0, -1, {"auto plc 7 4"});
+    }
+    void refusal()
+    {
+        QFETCH(QByteArray, lines);
+        QFETCH(qint32, inputs);
+        QFETCH(qint32, start);
+        QFETCH(QStringList, calls);
+        CatalogFolder catalog;
+        catalog.writeModule(13395, 0x02010000, lines);
+        recordingHost().channels = {{'i', inputs}};
+        recordingHost().allocate = [start](VarArea, qint32) { return start; };
+        QVERIFY(!buildDefault(13395, owner));
+        QCOMPARE(recordingHost().calls, calls);
+        QVERIFY(!buildDefault(13396, owner));
+    }
+
+    void moreThan255Channels()
+    {
+        CatalogFolder catalog;
+        catalog.writeModule(13395, 1);
+        catalog.writeModule(13650, 1);
+        recordingHost().channels = {{'i', 300}, {'q', 0}, {'I', 300}, {'Q', 0}};
+        const auto analog = buildDefault(13395, owner);
+        const auto digital = buildDefault(13650, owner);
+        QCOMPARE(recordingHost().calls, QStringList({"auto plc 6 600", "auto plc 129 38"}));
+        QCOMPARE(int(analog->aiCount), 44);
+        QCOMPARE(analog->aiRange.size(), 256);
+        QCOMPARE(int(digital->diCount), 44);
+        QCOMPARE(digital->diFilter.size(), 38);
+    }
+
+    void confirm_data()
+    {
+        QTest::addColumn<int>("area");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("unit");
+        QTest::addColumn<qint32>("found");
+        QTest::addColumn<QStringList>("calls");
+        QTest::addColumn<int>("freed");
+        const auto row = [](const char *name, int area, int count, int unit, qint32 found, const QStringList &calls,
+                            int freed) { QTest::newRow(name) << area << count << unit << found << calls << freed; };
+        row("analog, still free", 6, 4, 2, 1, {"get plc 6 40 8"}, 8);
+        row("analog, moved", 6, 4, 2, 7, {"get plc 6 40 8", "auto plc 6 8"}, 8);
+        row("digital", 129, 12, 0, 1, {"get plc 129 40 2"}, 2);
+        row("double words count as bits", 132, 2, 4, 1, {"get plc 132 40 1"}, 8);
+        row("the other direction's words count as bits", 7, 4, 2, 1, {"get plc 7 40 1"}, 8);
+        row("nothing to hold", 6, 0, 2, 0, {}, 0);
+    }
+    void confirm()
+    {
+        QFETCH(int, area);
+        QFETCH(int, count);
+        QFETCH(int, unit);
+        QFETCH(qint32, found);
+        QFETCH(QStringList, calls);
+        QFETCH(int, freed);
+        recordingHost().takeResult = found;
+        recordingHost().allocate = [](VarArea, qint32) { return 70000; };
+        IoMap range{quint8(area), 40, quint8(count), 1, quint8(unit)};
+        QVERIFY(confirmRange(owner, range, VarArea::AnalogInput));
+        QCOMPARE(recordingHost().takeCalls(), calls);
+        QCOMPARE(int(range.start), calls.size() == 2 ? 70000 - 65536 : 40);
+        QVERIFY(confirmRange(QString(), range, VarArea::AnalogInput));
+        QVERIFY(recordingHost().calls.isEmpty());
+        QCOMPARE(int(rangeLength(range)), freed);
+
+        recordingHost().allocate = [](VarArea, qint32) { return -1; };
+        recordingHost().takeResult = 0;
+        QCOMPARE(confirmRange(owner, range, VarArea::AnalogInput), count == 0);
+        QCOMPARE(int(range.start), count == 0 ? 40 : 65535);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestBuilder)
+#include "tst_builder.moc"

@@ -1,0 +1,192 @@
+// Description files: what each line does to an entry, and which entry a look-up chooses.
+#include "catalogfolder.h"
+#include "metreader.h"
+#include "recordinghost.h"
+
+#include <QTextCodec>
+
+namespace {
+
+template <class Bytes>
+QString hex(const Bytes &bytes)
+{
+    return QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(bytes.data()), int(bytes.size())).toHex());
+}
+
+QStringList fieldsOf(const ModuleMetInfo &info)
+{
+    QStringList unsupported;
+    for (const quint32 code : info.notSupported)
+        unsupported << QString::number(code, 16);
+    const auto number = [](auto value) { return QString::number(value); };
+    return {
+        "metVersion=" + info.metVersion,
+        "needHwCnfgVersion=" + number(info.needHwCnfgVersion),
+        "objName=" + info.objName,
+        "mlfb=" + info.mlfb,
+        "objId=" + number(info.objId),
+        "parentObjId=" + number(info.parentObjId),
+        "baseType=" + number(info.baseType),
+        "numIOModules=" + number(info.numIOModules),
+        "notSupported=" + unsupported.join('|'),
+        "serverFile=" + info.serverFile,
+        "isCatEntry=" + number(int(info.isCatEntry)),
+        "moduleInfo=" + number(info.moduleInfo),
+        "intSupported=" + hex(info.intSupported),
+        "fwVersion=" + number(info.fwVersion),
+        "buffCnfg=" + hex(info.buffCnfg),
+        "syncCnfg=" + hex(info.syncCnfg),
+        "softCtrlRemote=" + number(int(info.softCtrlRemote)),
+        "rackId=" + number(info.rackId),
+        "slotId=" + number(info.slotId),
+        "intEnableTbl=" + hex(info.intEnableTbl),
+        "supportGrpCnfg=" + number(int(info.supportGrpCnfg)),
+        "sampPeriodGrpCnfg=" + number(int(info.sampPeriodGrpCnfg)),
+        "sampPeriodList=" + info.sampPeriodList.join('|'),
+        "reservBytes=" + hex(info.reservBytes),
+        "supportEtherCAT=" + number(info.supportEtherCAT),
+        "supportRack=" + number(info.supportRack),
+        "supportCANopen=" + number(int(info.supportCANopen)),
+        "supportHSC=" + number(info.supportHSC),
+    };
+}
+
+/// The fields in which @p info differs from a fresh record.
+QString changes(const ModuleMetInfo &info)
+{
+    static const QStringList fresh = fieldsOf(ModuleMetInfo());
+    QStringList changed = fieldsOf(info);
+    for (const QString &field : fresh)
+        changed.removeOne(field);
+    return changed.join("; ");
+}
+
+} // namespace
+
+class TestMetReader : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8")); }
+    void cleanup() { recordingHost() = RecordingHost(); }
+
+    void entry_data()
+    {
+        QTest::addColumn<QByteArray>("lines");
+        QTest::addColumn<QString>("fields");
+        const auto row = [](const char *name, const QByteArray &lines, const char *fields) {
+            QTest::newRow(name) << lines << QString::fromUtf8(fields);
+        };
+        row("fresh record", "", "");
+        row("text", "MetVersion=1.0\nMLFB= A 1 \nServerFile=a=b", "metVersion=1.0; mlfb=A 1; serverFile=a=b");
+        row("key case ignored, white space collapsed", "objname = A  \t B", "objName=A B");
+        row("value in the local encoding", "ObjName=\xC3\xA9\xE6\xA8\xA1", "objName=é模");
+        row("key matches as a prefix", "ObjNameX=x", "objName=x");
+        row("line without an equals sign is its own value", "MLFB only  this", "mlfb=MLFB only this");
+        row("leading blank defeats the key", " ObjName=x", "");
+        row("comment", "; ObjName=x\n  ;ObjName=y", "");
+        row("unknown key and blank lines", "\nColour=blue\n   \n=3", "");
+        row("lower-case start", "ObjName=lost\n[module start] trailing", "");
+        row("hexadecimal codes", "ObjID=3453\nParentObjID=0xFF\nModuleInfo=00040000",
+            "objId=13395; parentObjId=255; moduleInfo=262144");
+        row("largest and too large", "ObjID=FFFFFFFF\nParentObjID=100000000", "objId=4294967295");
+        row("malformed numbers", "ObjID=xyz\nBaseType=-1\nNumIOModules=1.5\nFwVersion=1.a\nSupportHSC=", "");
+        row("numbers cut to their field", "BaseType=257\nNumIOModules=511\nFwVersion=25.7",
+            "baseType=1; numIOModules=255; fwVersion=1");
+        row("signed fields wrap", "SupportHSC=4294967295\nsupportRack=0\nSupportEtherCAT=7",
+            "supportEtherCAT=7; supportRack=0; supportHSC=-1");
+        row("dots leave the version", "FwVersion=1.2.3", "fwVersion=123");
+        row("flags", "IsCatEntry=2\nSupportGrpCnfg=1\nSampPeriodGrpCnfg=1\nSupportCANopen=1\nsoftctrlremote=x",
+            "isCatEntry=1; supportGrpCnfg=1; sampPeriodGrpCnfg=1; supportCANopen=1");
+        row("sixth byte ignored", "IntSupported=1,2,3,4,5,6\nIntEnableTbl=A, b ,,0x1F,1FF",
+            "intSupported=0102030405; intEnableTbl=0a0b001fff");
+        row("bytes not given keep their value", "SyncCnfg=1,2,3\nSyncCnfg=9\nBuffCnfg=\nReservBytes=,8",
+            "syncCnfg=090203000000000000; reservBytes=0008000000000000");
+        row("lists append", "NotSupported=1,,x\nNotSupported=FF\nSampPeriodList=5ms, 10ms\nSampPeriodList=",
+            "notSupported=1|0|0|ff; sampPeriodList=5ms| 10ms|");
+        row("prefix tests run in table order", "SupportRack=9\nSupportHSCount=3", "supportRack=9; supportHSC=3");
+        row("carriage returns", "ObjName=x\r\nMLFB=y\r", "objName=x; mlfb=y");
+        row("reset at a start",
+            "MetVersion=1\nNeedHwCnfgVersion=1\nObjName=n\nMLFB=m\nObjID=1\nParentObjID=1\nBaseType=1\nNumIOModules=1\n"
+            "NotSupported=1\nServerFile=s\nIsCatEntry=1\nModuleInfo=1\nIntSupported=1\nIntEnableTbl=1\nFwVersion=1\n"
+            "BuffCnfg=1\nSyncCnfg=1\nSupportCANopen=1\nSupportHSC=1\nsoftCtrlRemote=1\n[MODULE START]",
+            "");
+        row("kept at a start",
+            "SupportGrpCnfg=1\nSampPeriodGrpCnfg=1\nSampPeriodList=a\nReservBytes=1\nSupportEtherCAT=1\nsupportRack=1\n"
+            "[MODULE START]\nSampPeriodList=b",
+            "supportGrpCnfg=1; sampPeriodGrpCnfg=1; sampPeriodList=a|b; reservBytes=0100000000000000; "
+            "supportEtherCAT=1; supportRack=1");
+    }
+    void entry()
+    {
+        QFETCH(QByteArray, lines);
+        QFETCH(QString, fields);
+        CatalogFolder catalog;
+        catalog.writeDescription(13395, lines + "\n[END]\nObjName=behind the last end");
+        const QVector<ModuleMetInfo> entries = readMetEntries(13395);
+        QCOMPARE(entries.size(), 1);
+        QCOMPARE(changes(entries.first()), fields);
+    }
+
+    void lookUp_data()
+    {
+        QTest::addColumn<quint32>("typeCode");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QString>("name");
+        const auto row = [](const char *name, quint32 typeCode, const QByteArray &content, int index,
+                            const char *found) {
+            QTest::newRow(name) << typeCode << content << index << QString::fromLatin1(found);
+        };
+        const QByteArray first = "[MODULE START]\nObjID=3453\nObjName=first\n[END]\n";
+        const QByteArray other = "[MODULE START]\nObjID=1\nObjName=other\n[END]\n";
+        const QByteArray newer = "[MODULE START]\nNeedHwCnfgVersion=2301\nObjID=1\n[END]\n";
+        row("first match wins", 13395, first + "ObjName=second\n[END]\n", 0, "first");
+        row("index counts the entries before", 13395, other + other + first, 2, "first");
+        row("the code is hexadecimal", 13395, "ObjID=13395\n[END]\n", -1, "");
+        row("a newer entry ends the search", 13395, newer + first, -1, "");
+        row("a newer entry behind the match does not", 13395, first + newer, 0, "first");
+        row("the host's own version is enough", 13395, "NeedHwCnfgVersion=2300\n" + first + "[END]", 0, "first");
+        row("versions compare without sign", 13395, "NeedHwCnfgVersion=4294967295\nObjID=3453\n[END]\n", -1, "");
+        row("unfinished entry", 13395, "[MODULE START]\nObjID=3453\nObjName=x\n", -1, "");
+        row("second start discards", 13395, "[MODULE START]\nObjID=3453\n[MODULE START]\nObjName=x\n[END]\n", -1, "");
+        row("empty file", 13395, "", -1, "");
+        row("code 4 is looked up as 3", 4, "ObjID=3\nObjName=three\n[END]\n", 0, "three");
+    }
+    void lookUp()
+    {
+        QFETCH(quint32, typeCode);
+        QFETCH(QByteArray, content);
+        QFETCH(int, index);
+        QFETCH(QString, name);
+        CatalogFolder catalog;
+        catalog.writeDescription(typeCode == 4 ? 3 : typeCode, content);
+        ModuleMetInfo info;
+        QCOMPARE(lookUpMetInfo(typeCode, info), index);
+        QCOMPARE(info.objName, name);
+        QCOMPARE(info.objId, index < 0 ? 0U : typeCode);
+    }
+
+    void missingAndChangedFile()
+    {
+        CatalogFolder catalog;
+        ModuleMetInfo info;
+        QCOMPARE(lookUpMetInfo(13395, info), -1);
+        QVERIFY(readMetEntries(13395).isEmpty());
+        catalog.writeDescription(13395, "ObjID=3453\nObjName=old\n[END]\n");
+        QCOMPARE(lookUpMetInfo(13395, info), 0);
+        catalog.writeDescription(13395, "ObjID=3453\nObjName=new\n[END]\n");
+        QCOMPARE(lookUpMetInfo(13395, info), 0);
+        QCOMPARE(info.objName, QStringLiteral("new"));
+    }
+
+    void utf16FileWithByteOrderMark()
+    {
+        CatalogFolder catalog;
+        catalog.writeDescription(13395, QTextCodec::codecForName("UTF-16")->fromUnicode("ObjName=Ω\n[END]\n"));
+        QCOMPARE(changes(readMetEntries(13395).value(0)), QStringLiteral("objName=Ω"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestMetReader)
+#include "tst_metreader.moc"
