@@ -8,62 +8,14 @@
 
 namespace {
 
-/// Range bytes that a signal family carries, in the order of the block.
-/// Intended: voltage/current has open wire before direction, the temperature families direction before open wire.
-struct RangeOrder {
-    std::array<AiRangeByte, 7> bytes{};
-    std::size_t count = 0;
-};
+using namespace blocklayout;
 
-RangeOrder rangeOrder(quint8 family)
+/// @p fieldsSize counts what follows the head; the length in front of the head does not count itself.
+void writeRecordHead(BlockWriter &writer, int fieldsSize, quint8 family, quint8 channel)
 {
-    switch (family) {
-    case VoltageCurrent:
-        return {{AiEnable, AiFilterTime, AiInputRange, AiOpenWire, AiDirection}, 5};
-    case Thermocouple:
-        return {{AiEnable, AiFilterTime, AiInputRange, AiColdJunction, AiDirection, AiOpenWire, AiTemperatureScale}, 7};
-    case ResistanceThermometer:
-        return {{AiEnable, AiFilterTime, AiInputRange, AiWiringScheme, AiDirection, AiOpenWire, AiTemperatureScale}, 7};
-    default:
-        return {};
-    }
-}
-
-// A record's fields in their order, walked by the writer over constant values and by the reader over ones to fill.
-
-template <class Cursor, class Filter, class Range>
-void walkInput(Cursor &cursor, quint8 family, Filter &filter, Range &range)
-{
-    cursor.u8(filter.filterOn);
-    cursor.u8(filter.samples);
-    cursor.u16(filter.deadband);
-    const RangeOrder order = rangeOrder(family);
-    for (std::size_t i = 0; i < order.count; ++i)
-        cursor.u8(range[order.bytes[i]]);
-}
-
-template <class Cursor, class Stop, class Type>
-void walkOutput(Cursor &cursor, Stop &stop, Type &type)
-{
-    cursor.u8(stop.freezeLast);
-    cursor.i16(stop.stopValue);
-    cursor.u8(type.enable);
-    cursor.u8(type.range);
-}
-
-constexpr quint16 recordHeadSize = 2; // family and channel number
-constexpr quint16 outputRecordSize = recordHeadSize + 5;
-
-quint16 inputRecordSize(quint8 family)
-{
-    return static_cast<quint16>(recordHeadSize + 4 + rangeOrder(family).count);
-}
-
-void writeRecordHead(BlockWriter &writer, quint16 size, quint8 family, quint8 channel)
-{
-    writer.u16(size);
-    writer.u8(family);
-    writer.u8(channel);
+    writer.u16("recordLength", static_cast<quint16>(analogRecordHeadSize + fieldsSize));
+    writer.u8("family", family);
+    writer.u8("channel", channel);
 }
 
 void writeInput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel)
@@ -71,8 +23,8 @@ void writeInput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel)
     const quint8 family = par.aiKind.value(channel);
     const AiFilter filter = par.aiFilter.value(channel);
     const AiRange range = par.aiRange.value(channel);
-    writeRecordHead(writer, inputRecordSize(family), family, channel);
-    walkInput(writer, family, filter, range);
+    writeRecordHead(writer, analogInputSize(family), family, channel);
+    walkAnalogInput(writer, family, filter, range);
 }
 
 void writeOutput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel)
@@ -80,8 +32,8 @@ void writeOutput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel
     const AqOutTbl stop = par.aqOutTbl.value(channel);
     const AqOutType type = par.aqOutType.value(channel);
     const int mark = writer.mark();
-    writeRecordHead(writer, outputRecordSize, par.aqKind.value(channel), channel);
-    walkOutput(writer, stop, type);
+    writeRecordHead(writer, analogOutputSize, par.aqKind.value(channel), channel);
+    walkAnalogOutput(writer, stop, type);
     writeDiagnostic(DiagnosticLine::AnalogOutputRecord, ByteReader(writer.writtenSince(mark)));
 }
 
@@ -94,7 +46,7 @@ bool writeChannels(BlockWriter &writer, const SimpleExtendPar &par, SectionType 
     if (kinds.size() < count)
         return false;
     const int mark = beginSection(writer, type);
-    writer.u8(count);
+    writer.u8("count", count);
     QList<quint8> channels = kinds.keys();
     std::sort(channels.begin(), channels.end());
     for (const quint8 channel : qAsConst(channels))
@@ -107,7 +59,7 @@ void readInput(ByteReader &body, SimpleExtendPar &par, quint8 family, quint8 cha
 {
     AiFilter filter;
     AiRange range{};
-    walkInput(body, family, filter, range);
+    walkAnalogInput(body, family, filter, range);
     if (body.failed())
         return;
     par.aiKind[channel] = family;
@@ -119,7 +71,7 @@ void readOutput(ByteReader &body, SimpleExtendPar &par, quint8 family, quint8 ch
 {
     AqOutTbl stop;
     AqOutType type;
-    walkOutput(body, stop, type);
+    walkAnalogOutput(body, stop, type);
     if (body.failed())
         return;
     par.aqKind[channel] = family;
@@ -134,13 +86,13 @@ void readChannels(ByteReader &body, SimpleExtendPar &par, quint8 count, ReadChan
 {
     for (; count > 0 && !body.failed(); --count) {
         quint16 size = 0;
-        body.u16(size);
+        body.u16("recordLength", size);
         if (body.failed() || size > body.remaining())
             return;
         quint8 family = 0;
         quint8 channel = 0;
-        body.u8(family);
-        body.u8(channel);
+        body.u8("family", family);
+        body.u8("channel", channel);
         readChannel(body, par, family, channel);
     }
 }
@@ -150,7 +102,7 @@ void readInputs(ByteReader &body, SimpleExtendPar &par)
     par.aiKind.clear();
     par.aiFilter.clear();
     par.aiRange.clear();
-    body.u8(par.aiCount);
+    body.u8("count", par.aiCount);
     readChannels(body, par, par.aiCount, readInput);
 }
 
@@ -159,7 +111,7 @@ void readOutputs(ByteReader &body, SimpleExtendPar &par)
     par.aqKind.clear();
     par.aqOutTbl.clear();
     par.aqOutType.clear();
-    body.u8(par.aqCount);
+    body.u8("count", par.aqCount);
     readChannels(body, par, par.aqCount, readOutput);
 }
 

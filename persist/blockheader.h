@@ -1,15 +1,9 @@
 // The header record of a block: type code, placement, names, catalog fields, ranges.
 #pragma once
 
+#include "blocklayout.h"
 #include "blockwriter.h"
 #include "bytereader.h"
-#include "simpleextendpar.h"
-
-/// The two blocks differ in their header alone: only the saved state carries comment and position.
-enum class BlockFormat { SavedState, Configuration };
-
-/// Bytes before the header's own fields: its length and a constant.
-constexpr int headerFrameSize = 8;
 
 enum HeaderResult : qint32 { HeaderRead = 0, UnknownTypeCode = 129 };
 

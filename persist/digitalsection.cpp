@@ -4,42 +4,39 @@
 
 namespace {
 
-int bitBytes(quint8 count)
-{
-    return (count + 7) / 8;
-}
+using blocklayout::bitTableSize;
 
 void writeInputFilter(BlockWriter &writer, const SimpleExtendPar &par)
 {
     const int mark = beginSection(writer, SectionType::DigitalInputFilter);
-    writer.u8(par.diCount);
-    writer.raw(par.diFilter);
+    writer.u8("count", par.diCount);
+    writer.raw("diFilter", par.diFilter);
     endSection(writer, mark);
 }
 
 void readInputFilter(ByteReader &body, SimpleExtendPar &par)
 {
-    body.u8(par.diCount);
+    body.u8("count", par.diCount);
     if (body.failed())
         return;
-    body.raw(par.diFilter, bitBytes(par.diCount));
+    body.raw("diFilter", par.diFilter, bitTableSize(par.diCount));
     par.dqCount = 0; // intended: only a table section behind this one says that there are outputs
 }
 
 void writeOutputTable(BlockWriter &writer, const SimpleExtendPar &par)
 {
     const int mark = beginSection(writer, SectionType::DigitalOutputTable);
-    writer.u8(par.dqCount);
-    writer.u8(par.dqMode);
-    writer.raw(par.dqOutTbl);
+    writer.u8("count", par.dqCount);
+    writer.u8("dqMode", par.dqMode);
+    writer.raw("dqOutTbl", par.dqOutTbl);
     endSection(writer, mark);
 }
 
 void readOutputTable(ByteReader &body, SimpleExtendPar &par)
 {
-    body.u8(par.dqCount);
-    body.u8(par.dqMode);
-    body.raw(par.dqOutTbl, bitBytes(par.dqCount));
+    body.u8("count", par.dqCount);
+    body.u8("dqMode", par.dqMode);
+    body.raw("dqOutTbl", par.dqOutTbl, bitTableSize(par.dqCount));
 }
 
 } // namespace

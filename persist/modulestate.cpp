@@ -45,7 +45,7 @@ void appendBlock(const SimpleExtendPar &par, BlockFormat format, QByteArray &out
     out.reserve(out.size() + expectedSize(par));
     const int countAt = out.size();
     BlockWriter writer(out);
-    writer.u8(1);
+    writer.u8("count", 1);
     writeHeader(writer, par, format);
     const quint8 sectionCount = writeSections(writer, par);
     out[countAt] = static_cast<char>(1 + sectionCount);
@@ -73,7 +73,7 @@ void readSection(const Section &section, SimpleExtendPar &par)
 qint32 peekSectionLength(ByteReader reader)
 {
     QByteArray length;
-    reader.raw(length, 4);
+    reader.raw("length", length, 4);
     return reader.failed() ? 0 : byteArrayToInt(length);
 }
 
@@ -87,7 +87,7 @@ void readSections(ByteReader &reader, SimpleExtendPar &par, quint8 sectionCount)
         ByteReader body = reader.sub(length);
         quint8 type = 0;
         body.skip(5); // length and direction
-        body.u8(type);
+        body.u8("type", type);
         body.skip(2);
         if (!body.failed())
             readSection({static_cast<SectionType>(type), body, fromHere}, par);
@@ -100,11 +100,11 @@ bool takeHeader(ByteReader &reader, ByteReader &header)
 {
     ByteReader frame = reader;
     quint32 length = 0;
-    frame.u32(length);
-    if (reader.remaining() < headerFrameSize || length > static_cast<quint32>(reader.remaining()))
+    frame.u32("length", length);
+    if (reader.remaining() < blocklayout::headerFrameSize || length > static_cast<quint32>(reader.remaining()))
         return false;
-    reader.skip(headerFrameSize);
-    header = reader.sub(qMax(0, static_cast<int>(length) - headerFrameSize));
+    reader.skip(blocklayout::headerFrameSize);
+    header = reader.sub(qMax(0, static_cast<int>(length) - blocklayout::headerFrameSize));
     return true;
 }
 
@@ -127,7 +127,7 @@ std::unique_ptr<SimpleExtendPar> readBlock(const QByteArray &block, const QStrin
 
     ByteReader reader(block);
     quint8 count = 0;
-    reader.u8(count);
+    reader.u8("count", count);
     ByteReader header(nullptr, 0);
     if (!takeHeader(reader, header))
         return nullptr;

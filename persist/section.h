@@ -1,16 +1,9 @@
 // The frame that all parameter sections share: length (counts itself), direction, type, two zero bytes, body.
 #pragma once
 
+#include "blocklayout.h"
 #include "blockwriter.h"
 #include "bytereader.h"
-
-enum class SectionType : quint8 {
-    DigitalOutputTable = 5,
-    DigitalInputFilter = 18,
-    AnalogInput = 37,
-    AnalogOutput = 38,
-    Weighing = 41
-};
 
 /// A received section; the cursors share the block's bytes.
 struct Section {
@@ -23,9 +16,9 @@ struct Section {
 inline int beginSection(BlockWriter &writer, SectionType type)
 {
     const int mark = writer.beginLength();
-    writer.u8(type == SectionType::DigitalInputFilter ? 1 : 0);
-    writer.u8(static_cast<quint8>(type));
-    writer.u16(0);
+    writer.u8("direction", type == SectionType::DigitalInputFilter ? 1 : 0);
+    writer.u8("type", static_cast<quint8>(type));
+    writer.u16("zero", 0);
     return mark;
 }
 
