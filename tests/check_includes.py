@@ -15,6 +15,7 @@ SINGLE_FILES = {
     "persist/blockwriter.h": "the byte cursors",
     "host/include/simulatedbase.h": "the simulation's controls",
     "host/include/simulatedhelp.h": "the simulation's controls",
+    "host/include/simulatedhost.h": "the simulation's controls",
     "host/include/baseservices.h": "the host's services",
 }
 FOLDERS = ["host/include", "host", "core", "persist", "pages", "dialog", "workbench", "tools", "tests", "fuzz",
