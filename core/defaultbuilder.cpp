@@ -33,10 +33,12 @@ std::optional<qint32> openRange(const SimpleExtendPar &par, const DirectionKind 
     range.count = static_cast<quint8>(channels);
 
     const qint64 length = kind.unit == 0 ? (qint64{channels} + 7) / 8 : qint64{channels} * kind.unit;
-    if (channels < 0 || length > std::numeric_limits<qint32>::max())
+    if (channels < 0 || length > std::numeric_limits<qint32>::max()) {
         return std::nullopt;
-    if (!claimRange(par.memoryOwner, range, static_cast<qint32>(length)))
+    }
+    if (!claimRange(par.memoryOwner, range, static_cast<qint32>(length))) {
         return std::nullopt;
+    }
     return channels;
 }
 
@@ -44,20 +46,22 @@ std::optional<qint32> openRange(const SimpleExtendPar &par, const DirectionKind 
 template <class Fill>
 void forEachChannel(qint32 channels, Fill &&fill)
 {
-    for (int channel = 0; channel < std::min(channels, channelKeys); ++channel)
+    for (int channel = 0; channel < std::min(channels, channelKeys); ++channel) {
         fill(static_cast<quint8>(channel));
+    }
 }
 
 QByteArray bitTable(qint32 channels, char initial)
 {
-    return QByteArray((channels + 7) / 8, initial);
+    return {(channels + 7) / 8, initial};
 }
 
 bool fillAnalog(SimpleExtendPar &par, const ModuleKind &kind)
 {
     const auto inputs = openRange(par, kind.input, par.inMap);
-    if (!inputs)
+    if (!inputs) {
         return false;
+    }
     par.aiCount = par.inMap.count;
     const quint8 family = factorySignalFamily(par.objId);
     forEachChannel(*inputs, [&par, family](quint8 channel) {
@@ -67,8 +71,9 @@ bool fillAnalog(SimpleExtendPar &par, const ModuleKind &kind)
     });
 
     const auto outputs = openRange(par, kind.output, par.outMap);
-    if (!outputs)
+    if (!outputs) {
         return false;
+    }
     par.aqCount = par.outMap.count;
     forEachChannel(*outputs, [&par](quint8 channel) {
         par.aqKind[channel] = 0;
@@ -81,14 +86,16 @@ bool fillAnalog(SimpleExtendPar &par, const ModuleKind &kind)
 bool fillDigital(SimpleExtendPar &par, const ModuleKind &kind)
 {
     const auto inputs = openRange(par, kind.input, par.inMap);
-    if (!inputs)
+    if (!inputs) {
         return false;
+    }
     par.diCount = par.inMap.count;
     par.diFilter = bitTable(*inputs, factoryDelays);
 
     const auto outputs = openRange(par, kind.output, par.outMap);
-    if (!outputs)
+    if (!outputs) {
         return false;
+    }
     par.dqCount = par.outMap.count;
     par.dqMode = DqUseTable;
     par.dqOutTbl = bitTable(*outputs, 0);
@@ -98,8 +105,9 @@ bool fillDigital(SimpleExtendPar &par, const ModuleKind &kind)
 bool fillWeighing(SimpleExtendPar &par, const ModuleKind &kind)
 {
     const auto inputs = openRange(par, kind.input, par.inMap);
-    if (!inputs)
+    if (!inputs) {
         return false;
+    }
     par.weighCount = par.inMap.count;
     forEachChannel(*inputs, [&par](quint8 channel) { par.weighPar[channel] = WeighChannelPar(); });
     return openRange(par, kind.output, par.outMap).has_value();
@@ -108,10 +116,12 @@ bool fillWeighing(SimpleExtendPar &par, const ModuleKind &kind)
 bool fillKind(SimpleExtendPar &par)
 {
     const ModuleKind &kind = moduleKind(par.objId);
-    if (kind.family == ModuleFamily::Plain)
+    if (kind.family == ModuleFamily::Plain) {
         return true;
-    if (par.moduleInfo == 0)
+    }
+    if (par.moduleInfo == 0) {
         return false;
+    }
     switch (kind.family) {
     case ModuleFamily::Analog:
         return fillAnalog(par, kind);
@@ -132,10 +142,12 @@ QString componentFilePath(const ModuleMetInfo &info)
 std::unique_ptr<SimpleExtendPar> buildDefault(quint32 typeCode, const QString &memoryOwner)
 {
     auto par = std::make_unique<SimpleExtendPar>();
-    if (lookUpMetInfo(typeCode, *par) < 0)
+    if (lookUpMetInfo(typeCode, *par) < 0) {
         return nullptr;
+    }
     par->memoryOwner = memoryOwner;
-    if (!QFile::exists(componentFilePath(*par)) || !fillKind(*par))
+    if (!QFile::exists(componentFilePath(*par)) || !fillKind(*par)) {
         return nullptr;
+    }
     return par;
 }

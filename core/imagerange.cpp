@@ -24,8 +24,9 @@ quint16 rangeLength(const IoMap &range)
 
 bool claimRange(const QString &owner, IoMap &range, qint32 length)
 {
-    if (length <= 0 || owner.isEmpty())
+    if (length <= 0 || owner.isEmpty()) {
         return true;
+    }
     range.start = static_cast<quint16>(autoMallocMemory(owner, areaOf(range), length));
     return range.start != static_cast<quint16>(noRoom);
 }
@@ -35,10 +36,12 @@ bool confirmRange(const QString &owner, IoMap &range, VarArea wordArea)
     // Intended: only the area decides, so double words in the variable area are confirmed with a bit length,
     // shorter than what was claimed and what will be freed.
     const qint32 length = areaOf(range) == wordArea ? range.count * 2 : bitLength(range);
-    if (length == 0 || owner.isEmpty())
+    if (length == 0 || owner.isEmpty()) {
         return true;
-    if (getMemory(owner, areaOf(range), range.start, length) == memoryHeld)
+    }
+    if (getMemory(owner, areaOf(range), range.start, length) == memoryHeld) {
         return true;
+    }
     const qint32 start = autoMallocMemory(owner, areaOf(range), length);
     range.start = static_cast<quint16>(start);
     return start != noRoom;
@@ -46,13 +49,15 @@ bool confirmRange(const QString &owner, IoMap &range, VarArea wordArea)
 
 void retakeRange(const QString &owner, const IoMap &range, quint8 length)
 {
-    if (!owner.isEmpty())
+    if (!owner.isEmpty()) {
         getMemory(owner, areaOf(range), range.start, length);
+    }
 }
 
 void freeRange(const QString &owner, const IoMap &range)
 {
     const quint16 length = rangeLength(range);
-    if (length != 0)
+    if (length != 0) {
         freeMemory(owner, areaOf(range), range.start, length);
+    }
 }

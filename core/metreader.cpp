@@ -62,8 +62,9 @@ void assignVersion(ModuleMetInfo &entry, const QString &value)
 void appendNotSupported(ModuleMetInfo &entry, const QString &value)
 {
     const QStringList items = value.split(QLatin1Char(','));
-    for (const QString &item : items)
+    for (const QString &item : items) {
         entry.notSupported.append(parseNumber<quint32>(item, 16));
+    }
 }
 
 void appendSampPeriods(ModuleMetInfo &entry, const QString &value)
@@ -108,7 +109,7 @@ const MetKey metKeys[] = {
 
 bool isComment(const QString &line)
 {
-    const auto first = std::find_if(line.begin(), line.end(), [](QChar character) { return !character.isSpace(); });
+    const auto *const first = std::find_if(line.begin(), line.end(), [](QChar character) { return !character.isSpace(); });
     return first != line.end() && *first == QLatin1Char(';');
 }
 
@@ -122,15 +123,17 @@ template <class Visitor>
 void visitEntries(quint32 typeCode, Visitor &&visit)
 {
     QFile file(metFilePath(typeCode));
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return;
+    }
     QTextStream stream(&file);
     MetParser parser;
     QString line;
     while (stream.readLineInto(&line)) {
         const ModuleMetInfo *entry = parser.feed(line);
-        if (entry != nullptr && !visit(*entry))
+        if (entry != nullptr && !visit(*entry)) {
             return;
+        }
     }
 }
 
@@ -138,8 +141,9 @@ void visitEntries(quint32 typeCode, Visitor &&visit)
 
 const ModuleMetInfo *MetParser::feed(const QString &line)
 {
-    if (isComment(line))
+    if (isComment(line)) {
         return nullptr;
+    }
     if (begins(line, QLatin1String("[MODULE START]"))) {
         startEntry();
         return nullptr;
@@ -195,8 +199,9 @@ qint32 lookUpMetInfo(quint32 typeCode, ModuleMetInfo &destination)
     qint32 index = 0;
     bool found = false;
     visitEntries(searched, [&](const ModuleMetInfo &entry) {
-        if (static_cast<quint32>(entry.needHwCnfgVersion) > hostVersion)
+        if (static_cast<quint32>(entry.needHwCnfgVersion) > hostVersion) {
             return false;
+        }
         if (entry.objId != searched) {
             ++index;
             return true;

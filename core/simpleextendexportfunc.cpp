@@ -33,8 +33,9 @@ SimpleExtendPar *createObject(quint32 typeCode, const QString &memoryOwner)
 
 void releaseObject(SimpleExtendPar *handle)
 {
-    if (handle == nullptr)
+    if (handle == nullptr) {
         return;
+    }
     const std::unique_ptr<SimpleExtendPar> owned(handle);
     guarded([&owned] {
         freeRange(owned->memoryOwner, owned->inMap);
@@ -45,8 +46,9 @@ void releaseObject(SimpleExtendPar *handle)
 
 qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *parent, bool /*locked*/)
 {
-    if (handle == nullptr || parent == nullptr)
+    if (handle == nullptr || parent == nullptr) {
         return 0;
+    }
     return guarded([&memoryOwner] {
         backupUsedMemory(memoryOwner);
         restoreUsedMemory(memoryOwner);

@@ -43,14 +43,16 @@ using WriteChannel = void (*)(BlockWriter &, const SimpleExtendPar &, quint8 cha
 bool writeChannels(BlockWriter &writer, const SimpleExtendPar &par, SectionType type, quint8 count,
                    const QHash<quint8, quint8> &kinds, WriteChannel writeChannel)
 {
-    if (kinds.size() < count)
+    if (kinds.size() < count) {
         return false;
+    }
     const int mark = beginSection(writer, type);
     writer.u8("count", count);
     QList<quint8> channels = kinds.keys();
     std::sort(channels.begin(), channels.end());
-    for (const quint8 channel : qAsConst(channels))
+    for (const quint8 channel : qAsConst(channels)) {
         writeChannel(writer, par, channel);
+    }
     endSection(writer, mark);
     return true;
 }
@@ -60,8 +62,9 @@ void readInput(ByteReader &body, SimpleExtendPar &par, quint8 family, quint8 cha
     AiFilter filter;
     AiRange range{};
     walkAnalogInput(body, family, filter, range);
-    if (body.failed())
+    if (body.failed()) {
         return;
+    }
     par.aiKind[channel] = family;
     par.aiFilter[channel] = filter;
     par.aiRange[channel] = range;
@@ -72,8 +75,9 @@ void readOutput(ByteReader &body, SimpleExtendPar &par, quint8 family, quint8 ch
     AqOutTbl stop;
     AqOutType type;
     walkAnalogOutput(body, stop, type);
-    if (body.failed())
+    if (body.failed()) {
         return;
+    }
     par.aqKind[channel] = family;
     par.aqOutTbl[channel] = stop;
     par.aqOutType[channel] = type;
@@ -87,8 +91,9 @@ void readChannels(ByteReader &body, SimpleExtendPar &par, quint8 count, ReadChan
     for (; count > 0 && !body.failed(); --count) {
         quint16 size = 0;
         body.u16("recordLength", size);
-        if (body.failed() || size > body.remaining())
+        if (body.failed() || size > body.remaining()) {
             return;
+        }
         quint8 family = 0;
         quint8 channel = 0;
         body.u8("family", family);
@@ -122,22 +127,25 @@ void writeAnalogSections(BlockWriter &writer, const SimpleExtendPar &par, quint8
     const int start = writer.mark();
     if (par.aiCount != 0) {
         ++sectionCount;
-        if (!writeChannels(writer, par, SectionType::AnalogInput, par.aiCount, par.aiKind, writeInput))
+        if (!writeChannels(writer, par, SectionType::AnalogInput, par.aiCount, par.aiKind, writeInput)) {
             return;
+        }
     }
     if (par.aqCount != 0) {
         ++sectionCount;
         // Intended: the finished input section goes too, while the count stays raised; readers expect both.
-        if (!writeChannels(writer, par, SectionType::AnalogOutput, par.aqCount, par.aqKind, writeOutput))
+        if (!writeChannels(writer, par, SectionType::AnalogOutput, par.aqCount, par.aqKind, writeOutput)) {
             writer.truncate(start);
+        }
     }
 }
 
 void readAnalogSection(Section section, SimpleExtendPar &par)
 {
     writeDiagnostic(DiagnosticLine::AnalogSection, section.fromHere);
-    if (section.type == SectionType::AnalogInput)
+    if (section.type == SectionType::AnalogInput) {
         readInputs(section.body, par);
-    else if (section.type == SectionType::AnalogOutput)
+    } else if (section.type == SectionType::AnalogOutput) {
         readOutputs(section.body, par);
+    }
 }

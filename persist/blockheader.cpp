@@ -33,13 +33,15 @@ void writeRange(BlockWriter &writer, const IoMap &range)
 void readRange(ByteReader &reader, const SimpleExtendPar &par, IoMap &range,
                qint32 (*channelCount)(const IoMap &range, quint32 moduleInfo))
 {
-    if (reader.failed() || reader.remaining() == 0)
+    if (reader.failed() || reader.remaining() == 0) {
         return;
+    }
     quint8 length = 0;
     walkRange(reader, range, length);
     range.count = static_cast<quint8>(channelCount(range, par.moduleInfo));
-    if (!reader.failed())
+    if (!reader.failed()) {
         retakeRange(par.memoryOwner, range, length);
+    }
 }
 
 void readRanges(ByteReader &reader, SimpleExtendPar &par)
@@ -56,19 +58,22 @@ void readInterruptTable(ByteReader &reader, SimpleExtendPar &par)
 {
     quint8 marker = 0;
     reader.u8("marker", marker);
-    if (reader.failed())
+    if (reader.failed()) {
         return;
-    if (marker == 0)
+    }
+    if (marker == 0) {
         par.intEnableTbl.fill(0);
-    else
+    } else {
         reader.raw("intEnableTbl", par.intEnableTbl);
+    }
 }
 
 bool copyFromCatalog(SimpleExtendPar &par)
 {
     ModuleMetInfo info;
-    if (lookUpMetInfo(par.objId, info) < 0)
+    if (lookUpMetInfo(par.objId, info) < 0) {
         return false;
+    }
     info.memoryOwner = par.memoryOwner;
     static_cast<ModuleMetInfo &>(par) = info;
     return true;
@@ -93,10 +98,12 @@ void writeHeader(BlockWriter &writer, const SimpleExtendPar &par, BlockFormat fo
 HeaderResult readHeader(ByteReader header, SimpleExtendPar &par, BlockFormat format)
 {
     header.u32FromSignedBytes("objId", par.objId);
-    if (header.failed())
+    if (header.failed()) {
         return HeaderRead;
-    if (!copyFromCatalog(par))
+    }
+    if (!copyFromCatalog(par)) {
         return UnknownTypeCode;
+    }
     walkHeader(header, par, format);
     readRanges(header, par);
     readInterruptTable(header, par);

@@ -115,8 +115,9 @@ void walkAnalogInput(Cursor &cursor, quint8 family, Filter &filter, Range &range
     cursor.u8("samples", filter.samples);
     cursor.u16("deadband", filter.deadband);
     const RangeOrder order = rangeOrder(family);
-    for (std::size_t i = 0; i < order.count; ++i)
+    for (std::size_t i = 0; i < order.count; ++i) {
         cursor.u8(rangeByteNames[order.bytes[i]], range[order.bytes[i]]);
+    }
 }
 
 inline int analogInputSize(quint8 family)

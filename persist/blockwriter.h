@@ -64,8 +64,9 @@ public:
     template <std::size_t Size>
     void raw(const char *name, const std::array<quint8, Size> &value)
     {
-        for (const quint8 byte : value)
+        for (const quint8 byte : value) {
             u8(name, byte);
+        }
     }
 
 private:

@@ -34,64 +34,75 @@ public:
 
     void u8(const char * /*name*/, quint8 &value)
     {
-        if (const char *bytes = take(1))
+        if (const char *bytes = take(1)) {
             value = static_cast<quint8>(*bytes);
+        }
     }
     void u16(const char * /*name*/, quint16 &value)
     {
-        if (const char *bytes = take(2))
+        if (const char *bytes = take(2)) {
             value = static_cast<quint16>(joinUnsigned(bytes, 2));
+        }
     }
     void i16(const char * /*name*/, qint16 &value)
     {
-        if (const char *bytes = take(2))
+        if (const char *bytes = take(2)) {
             value = static_cast<qint16>(joinUnsigned(bytes, 2));
+        }
     }
     void u32(const char * /*name*/, quint32 &value)
     {
-        if (const char *bytes = take(4))
+        if (const char *bytes = take(4)) {
             value = joinUnsigned(bytes, 4);
+        }
     }
     /// Four bytes, each counted with its own sign: a byte of 128 and above borrows from the one before it.
     void u32FromSignedBytes(const char * /*name*/, quint32 &value)
     {
         const char *bytes = take(4);
-        if (bytes == nullptr)
+        if (bytes == nullptr) {
             return;
+        }
         quint32 joined = 0;
-        for (int i = 0; i < 4; ++i)
+        for (int i = 0; i < 4; ++i) {
             joined = (joined << 8U) + static_cast<quint32>(static_cast<qint8>(bytes[i]));
+        }
         value = joined;
     }
     void f32(const char * /*name*/, float &value)
     {
-        if (const char *bytes = take(4))
+        if (const char *bytes = take(4)) {
             value = byteArrayToFloat(QByteArray::fromRawData(bytes, 4));
+        }
     }
     /// One byte with its sign.
     template <class Integer>
     void lowByteSigned(const char * /*name*/, Integer &value)
     {
-        if (const char *bytes = take(1))
+        if (const char *bytes = take(1)) {
             value = static_cast<Integer>(static_cast<qint8>(*bytes));
+        }
     }
     /// One byte without sign.
     template <class Integer>
     void lowByte(const char * /*name*/, Integer &value)
     {
-        if (const char *bytes = take(1))
+        if (const char *bytes = take(1)) {
             value = static_cast<Integer>(static_cast<quint8>(*bytes));
+        }
     }
     void raw(const char * /*name*/, QByteArray &value, int count)
     {
-        if (const char *bytes = take(count))
+        if (const char *bytes = take(count)) {
             value = QByteArray(bytes, count);
+        }
     }
     template <std::size_t Size>
     void raw(const char * /*name*/, std::array<quint8, Size> &value)
     {
-        if (const char *bytes = take(static_cast<int>(Size)))
+        if (const char *bytes = take(static_cast<int>(Size))) {
             std::copy_n(bytes, Size, value.begin());
+        }
     }
     /// A text in the local 8-bit encoding behind its length byte, which has a sign: a negative length takes no bytes.
     /// A length beyond the end takes what is left.
@@ -109,15 +120,17 @@ private:
     void text(int length, QString &value)
     {
         const int count = std::clamp(length, 0, m_left);
-        if (const char *bytes = take(count))
+        if (const char *bytes = take(count)) {
             value = QString::fromLocal8Bit(bytes, count);
+        }
     }
 
     static quint32 joinUnsigned(const char *bytes, int count)
     {
         quint32 joined = 0;
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count; ++i) {
             joined = (joined << 8U) | static_cast<quint8>(bytes[i]);
+        }
         return joined;
     }
 

@@ -17,8 +17,9 @@ void writeInputFilter(BlockWriter &writer, const SimpleExtendPar &par)
 void readInputFilter(ByteReader &body, SimpleExtendPar &par)
 {
     body.u8("count", par.diCount);
-    if (body.failed())
+    if (body.failed()) {
         return;
+    }
     body.raw("diFilter", par.diFilter, bitTableSize(par.diCount));
     par.dqCount = 0; // intended: only a table section behind this one says that there are outputs
 }
@@ -56,8 +57,9 @@ void writeDigitalSections(BlockWriter &writer, const SimpleExtendPar &par, quint
 void readDigitalSection(Section section, SimpleExtendPar &par)
 {
     writeDiagnostic(DiagnosticLine::DigitalSection, section.fromHere);
-    if (section.type == SectionType::DigitalInputFilter)
+    if (section.type == SectionType::DigitalInputFilter) {
         readInputFilter(section.body, par);
-    else if (section.type == SectionType::DigitalOutputTable)
+    } else if (section.type == SectionType::DigitalOutputTable) {
         readOutputTable(section.body, par);
+    }
 }

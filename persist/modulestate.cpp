@@ -82,15 +82,17 @@ void readSections(ByteReader &reader, SimpleExtendPar &par, quint8 sectionCount)
     for (; sectionCount > 0; --sectionCount) {
         const ByteReader fromHere = reader;
         const qint32 length = peekSectionLength(reader);
-        if (length <= 0 || length > reader.remaining())
+        if (length <= 0 || length > reader.remaining()) {
             return;
+        }
         ByteReader body = reader.sub(length);
         quint8 type = 0;
         body.skip(5); // length and direction
         body.u8("type", type);
         body.skip(2);
-        if (!body.failed())
+        if (!body.failed()) {
             readSection({static_cast<SectionType>(type), body, fromHere}, par);
+        }
     }
 }
 
@@ -101,8 +103,9 @@ bool takeHeader(ByteReader &reader, ByteReader &header)
     ByteReader frame = reader;
     quint32 length = 0;
     frame.u32("length", length);
-    if (reader.remaining() < blocklayout::headerFrameSize || length > static_cast<quint32>(reader.remaining()))
+    if (reader.remaining() < blocklayout::headerFrameSize || length > static_cast<quint32>(reader.remaining())) {
         return false;
+    }
     reader.skip(blocklayout::headerFrameSize);
     header = reader.sub(qMax(0, static_cast<int>(length) - blocklayout::headerFrameSize));
     return true;
@@ -112,8 +115,9 @@ bool takeHeader(ByteReader &reader, ByteReader &header)
 void setUnits(SimpleExtendPar &par, BlockFormat format)
 {
     const ModuleKind &kind = moduleKind(par.objId);
-    if (kind.family == ModuleFamily::Plain)
+    if (kind.family == ModuleFamily::Plain) {
         return;
+    }
     const bool saved = format == BlockFormat::SavedState;
     par.inMap.unit = saved ? kind.input.unit : kind.recompiledUnit;
     par.outMap.unit = saved ? kind.output.unit : kind.recompiledUnit;
@@ -129,16 +133,20 @@ std::unique_ptr<SimpleExtendPar> readBlock(const QByteArray &block, const QStrin
     quint8 count = 0;
     reader.u8("count", count);
     ByteReader header(nullptr, 0);
-    if (!takeHeader(reader, header))
+    if (!takeHeader(reader, header)) {
         return nullptr;
+    }
     const HeaderResult headerResult = readHeader(header, *par, format);
-    if (result != nullptr)
+    if (result != nullptr) {
         *result = headerResult;
+    }
     // Intended: only a configuration block with an unknown type code is refused here; a saved state goes on.
-    if (format == BlockFormat::Configuration && headerResult != HeaderRead)
+    if (format == BlockFormat::Configuration && headerResult != HeaderRead) {
         return nullptr;
-    if (!QFile::exists(componentFilePath(*par)))
+    }
+    if (!QFile::exists(componentFilePath(*par))) {
         return nullptr;
+    }
     setUnits(*par, format);
     readSections(reader, *par, static_cast<quint8>(count - 1));
     return par;
@@ -156,8 +164,9 @@ QByteArray saveModule(const SimpleExtendPar &par)
 
 std::unique_ptr<SimpleExtendPar> restoreModule(const QByteArray &state, const QString &memoryOwner)
 {
-    if (state.isEmpty())
+    if (state.isEmpty()) {
         return nullptr;
+    }
     writeDiagnostic(DiagnosticLine::Restore, ByteReader(state));
     return readBlock(state, memoryOwner, BlockFormat::SavedState, nullptr);
 }
@@ -170,8 +179,9 @@ void compileModule(const SimpleExtendPar &par, QByteArray &block)
 
 std::unique_ptr<SimpleExtendPar> recompileModule(const QByteArray &block, const QString &memoryOwner, qint32 *result)
 {
-    if (block.isEmpty())
+    if (block.isEmpty()) {
         return nullptr;
+    }
     writeDiagnostic(DiagnosticLine::Recompile, ByteReader(block));
     return readBlock(block, memoryOwner, BlockFormat::Configuration, result);
 }

@@ -6,8 +6,9 @@
 
 void writeWeighSection(BlockWriter &writer, const SimpleExtendPar &par, quint8 &sectionCount)
 {
-    if (par.weighCount == 0)
+    if (par.weighCount == 0) {
         return;
+    }
     ++sectionCount;
     const int mark = beginSection(writer, SectionType::Weighing);
     writer.u8("count", par.weighCount);
@@ -25,8 +26,9 @@ void writeWeighSection(BlockWriter &writer, const SimpleExtendPar &par, quint8 &
 
 void readWeighSection(Section section, SimpleExtendPar &par)
 {
-    if (section.type != SectionType::Weighing)
+    if (section.type != SectionType::Weighing) {
         return;
+    }
     ByteReader &body = section.body;
     body.u8("count", par.weighCount);
     for (int left = par.weighCount; left > 0; --left) {
@@ -34,8 +36,9 @@ void readWeighSection(Section section, SimpleExtendPar &par)
         WeighChannelPar entry;
         body.u8("channel", channel);
         blocklayout::walkWeighing(body, entry);
-        if (body.failed())
+        if (body.failed()) {
             return;
+        }
         par.weighPar[channel] = entry;
     }
 }

@@ -25,8 +25,9 @@ struct RecordingHost {
     void note(const char *call, const QString &owner, VarArea area, const QList<qint32> &numbers)
     {
         QStringList words{QString::fromLatin1(call), owner, QString::number(static_cast<int>(area))};
-        for (const qint32 number : numbers)
+        for (const qint32 number : numbers) {
             words << QString::number(number);
+        }
         calls << words.join(QLatin1Char(' '));
     }
     QStringList takeCalls()

@@ -173,8 +173,9 @@ class TestCatalog : public CatalogFolder {
 public:
     TestCatalog()
     {
-        for (const Golden &golden : goldens())
+        for (const Golden &golden : goldens()) {
             writeModule(golden.objId, 0x01010101, "ReservBytes=0\nIntEnableTbl=9,9,9,9,9\n");
+        }
     }
 };
 
@@ -189,8 +190,9 @@ QString textOfAtMost(int bytes)
     static const QString alphabet = QStringLiteral("aZ 9~é模Ω");
     QString text;
     const int length = *rc::gen::inRange(0, bytes);
-    while (text.toLocal8Bit().size() < length)
+    while (text.toLocal8Bit().size() < length) {
         text += alphabet.at(*rc::gen::inRange(0, alphabet.size()));
+    }
     return text.toLocal8Bit().size() > bytes ? text.chopped(1) : text;
 }
 
@@ -211,8 +213,8 @@ SimpleExtendPar randomRecord(const Golden &golden)
     par.outMap.count = par.aqCount = par.dqCount = outputs;
     par.inMap.start = any<quint16>();
     par.outMap.start = any<quint16>();
-    par.rackId = any<qint8>();
-    par.slotId = any<qint8>();
+    par.rackId = *rc::gen::inRange(-128, 128);
+    par.slotId = *rc::gen::inRange(-128, 128);
     par.objName = textOfAtMost(127);
     par.comment = textOfAtMost(255);
     par.position = {static_cast<int>(any<quint32>() & 0x7F7F7F7FU), static_cast<int>(any<quint32>() & 0x7F7F7F7FU)};
@@ -250,8 +252,9 @@ QStringList captured;
 void capture(QtMsgType /*type*/, const QMessageLogContext &context, const QString &message)
 {
     captured << message;
-    if (context.file != nullptr || context.line != 0 || context.function != nullptr)
+    if (context.file != nullptr || context.line != 0 || context.function != nullptr) {
         captured << QStringLiteral("context is not empty");
+    }
 }
 
 } // namespace
@@ -329,8 +332,9 @@ private slots:
         const TestCatalog catalog;
         const QByteArray whole = goldenBlock(goldens().at(index), saved);
         const int headerEnd = 1 + header(headerFields(goldens().at(index), saved)).size();
-        for (int size = 0; size < whole.size(); ++size)
+        for (int size = 0; size < whole.size(); ++size) {
             QCOMPARE(reread(whole.left(size), saved) != nullptr, size >= headerEnd);
+        }
         for (int at = 0; at < whole.size(); ++at) {
             for (const char value : {'\x00', '\x7F', '\x80', '\xFF'}) {
                 QByteArray bytes = whole;
@@ -338,8 +342,9 @@ private slots:
                 recordingHost().calls.clear();
                 const auto read = reread(bytes, saved);
                 QVERIFY(recordingHost().calls.size() <= 2);
-                if (read)
+                if (read) {
                     QVERIFY(rewritten(*read, saved).size() > 60);
+                }
             }
         }
     }
@@ -373,8 +378,9 @@ private slots:
             const auto read = reread(block(header(headerFields(goldens().at(3), saved), length)), saved, &result);
             QCOMPARE(read != nullptr, accepted);
             QCOMPARE(result, accepted && !saved ? 0 : 55);
-            if (read)
+            if (read) {
                 QCOMPARE(read->objId, objId);
+            }
         }
     }
 
@@ -683,8 +689,9 @@ private:
                 QStringList values;
                 for (const double value : {double(w.enable), double(w.sensitivity), double(w.limitFreq),
                                            double(w.filterDepth), double(w.subMax), double(w.subMin),
-                                           double(w.filterMode), double(w.sampleFreq), double(w.bootClear)})
+                                           double(w.filterMode), double(w.sampleFreq), double(w.bootClear)}) {
                     values << QString::number(value);
+                }
                 words << QStringLiteral("%1:").arg(c) + values.join(',');
             }
         }

@@ -44,8 +44,9 @@ private slots:
     {
         QFETCH(QVector<quint32>, codes);
         QFETCH(int, family);
-        for (const quint32 code : codes)
+        for (const quint32 code : codes) {
             QCOMPARE(static_cast<int>(moduleKind(code).family), family);
+        }
     }
 
     void build_data()

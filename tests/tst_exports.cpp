@@ -23,8 +23,9 @@ QString describe(const IoMap &range)
 QStringList claimed()
 {
     QStringList ranges;
-    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(owner))
+    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(owner)) {
         ranges << QStringLiteral("%1:%2+%3").arg(static_cast<int>(range.area)).arg(range.start).arg(range.length);
+    }
     return ranges;
 }
 
@@ -37,13 +38,15 @@ class TestExports : public QObject {
     Function *resolve(Function * /*declared*/, const char *name)
     {
         const auto found = reinterpret_cast<Function *>(m_library.resolve(name));
-        if (found == nullptr)
+        if (found == nullptr) {
             qFatal("%s is not exported", name);
+        }
         return found;
     }
 
     QLibrary m_library{QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)};
 
+// NOLINTNEXTLINE(bugprone-macro-parentheses): the argument is declared and named, not computed with.
 #define EXPORTED(name) decltype(&::name) name = resolve(&::name, #name)
     EXPORTED(createObject);
     EXPORTED(releaseObject);

@@ -16,8 +16,9 @@ QString hex(const Bytes &bytes)
 QStringList fieldsOf(const ModuleMetInfo &info)
 {
     QStringList unsupported;
-    for (const quint32 code : info.notSupported)
+    for (const quint32 code : info.notSupported) {
         unsupported << QString::number(code, 16);
+    }
     const auto number = [](auto value) { return QString::number(value); };
     return {
         "metVersion=" + info.metVersion,
@@ -56,8 +57,9 @@ QString changes(const ModuleMetInfo &info)
 {
     static const QStringList fresh = fieldsOf(ModuleMetInfo());
     QStringList changed = fieldsOf(info);
-    for (const QString &field : fresh)
+    for (const QString &field : fresh) {
         changed.removeOne(field);
+    }
     return changed.join("; ");
 }
 
