@@ -35,9 +35,9 @@ class TestExports : public QObject {
     Q_OBJECT
 
     template <class Function>
-    Function *resolve(Function * /*declared*/, const char *name)
+    Function resolve(const char *name)
     {
-        const auto found = reinterpret_cast<Function *>(m_library.resolve(name));
+        const auto found = reinterpret_cast<Function>(m_library.resolve(name));
         if (found == nullptr) {
             qFatal("%s is not exported", name);
         }
@@ -47,7 +47,7 @@ class TestExports : public QObject {
     QLibrary m_library{QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)};
 
 // NOLINTNEXTLINE(bugprone-macro-parentheses): the argument is declared and named, not computed with.
-#define EXPORTED(name) decltype(&::name) name = resolve(&::name, #name)
+#define EXPORTED(name) decltype(&::name) name = resolve<decltype(&::name)>(#name)
     EXPORTED(createObject);
     EXPORTED(releaseObject);
     EXPORTED(config);
