@@ -1,0 +1,63 @@
+#include "catalog.h"
+
+#include "baseservices.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTextStream>
+
+#include <algorithm>
+
+namespace {
+
+/// The text behind the first "=" of a line that begins with @p key; null for any other line.
+QString valueOf(const QString &line, QLatin1String key)
+{
+    if (!line.startsWith(key, Qt::CaseInsensitive)) {
+        return {};
+    }
+    return line.mid(line.indexOf(QLatin1Char('=')) + 1).simplified();
+}
+
+/// Fills name and order number from the first entry of a description file.
+void readTexts(const QString &path, CatalogEntry &entry)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        return;
+    }
+    QTextStream stream(&file);
+    QString line;
+    while (stream.readLineInto(&line) && !line.startsWith(QLatin1String("[END]"), Qt::CaseInsensitive)) {
+        if (const QString name = valueOf(line, QLatin1String("ObjName")); !name.isNull()) {
+            entry.name = name;
+        } else if (const QString orderNumber = valueOf(line, QLatin1String("MLFB")); !orderNumber.isNull()) {
+            entry.orderNumber = orderNumber;
+        }
+    }
+}
+
+} // namespace
+
+std::vector<CatalogEntry> readCatalog()
+{
+    static const QRegularExpression fileName(QStringLiteral("^hw([0-9A-F]{8})\\.met$"));
+    const QDir folder(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription));
+    std::vector<CatalogEntry> entries;
+    for (const QString &file : folder.entryList({QStringLiteral("hw*.met")}, QDir::Files)) {
+        const QRegularExpressionMatch match = fileName.match(file);
+        if (!match.hasMatch()) {
+            continue;
+        }
+        CatalogEntry entry;
+        entry.typeCode = match.captured(1).toUInt(nullptr, 16);
+        readTexts(folder.filePath(file), entry);
+        if (!entry.name.isEmpty()) {
+            entries.push_back(entry);
+        }
+    }
+    std::sort(entries.begin(), entries.end(),
+              [](const CatalogEntry &a, const CatalogEntry &b) { return a.typeCode < b.typeCode; });
+    return entries;
+}

@@ -1,0 +1,39 @@
+#include "imagerangetext.h"
+
+#include "baseservices.h"
+
+int rangeBytes(const IoMap &range)
+{
+    return range.unit != 0 ? range.unit * range.count : (range.count + 7) / 8;
+}
+
+QString areaName(quint8 area)
+{
+    switch (static_cast<VarArea>(area)) {
+    case VarArea::AnalogInput:
+        return QStringLiteral("AI");
+    case VarArea::AnalogOutput:
+        return QStringLiteral("AQ");
+    case VarArea::DigitalInput:
+        return QStringLiteral("I");
+    case VarArea::DigitalOutput:
+        return QStringLiteral("Q");
+    case VarArea::Variable:
+        return QStringLiteral("V");
+    case VarArea::None:
+        break;
+    }
+    return QString::number(area);
+}
+
+QString rangeText(const IoMap &range)
+{
+    const int length = rangeBytes(range);
+    if (length == 0) {
+        return {};
+    }
+    if (length == 1) {
+        return QStringLiteral("%1 %2").arg(areaName(range.area)).arg(range.start);
+    }
+    return QStringLiteral("%1 %2..%3").arg(areaName(range.area)).arg(range.start).arg(range.start + length - 1);
+}

@@ -1,0 +1,148 @@
+// The workbench: a host for the plug-in, as a window or, without a display, as a table on standard output.
+#include "baseservices.h"
+#include "catalog.h"
+#include "mainwindow.h"
+#include "pluginlibrary.h"
+#include "stationfile.h"
+#include "stationreport.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QLoggingCategory>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int exitFailure = 1;
+
+QString sampleOwner()
+{
+    return QStringLiteral("workbench");
+}
+
+struct Options {
+    QCommandLineParser parser;
+    QCommandLineOption plugin{QStringLiteral("plugin"), QStringLiteral("Load the plug-in from <file>."),
+                              QStringLiteral("file")};
+    QCommandLineOption table{QStringLiteral("table"),
+                             QStringLiteral("Print the station as a table instead of showing a window.")};
+
+    Options()
+    {
+        parser.setApplicationDescription(
+            QStringLiteral("Shows a station of extension modules; without a file, one module of every type."));
+        parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Station file to open."),
+                                     QStringLiteral("[file]"));
+        parser.addHelpOption();
+        parser.addVersionOption();
+        parser.addOptions({plugin, table});
+    }
+};
+
+void complain(const QString &text)
+{
+    QTextStream(stderr) << text << '\n';
+}
+
+/// A platform of Qt's that needs no display counts as one when the user asked for it.
+bool hasDisplay()
+{
+    const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM").section(QLatin1Char(':'), 0, 0);
+    if (!platform.isEmpty() && platform != QLatin1String("xcb") && !platform.startsWith(QLatin1String("wayland"))) {
+        return true;
+    }
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+/// One module of every type of the catalog, or null.
+std::unique_ptr<Station> sampleStation(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog)
+{
+    auto station = std::make_unique<Station>(plugin, sampleOwner());
+    QString error;
+    for (const CatalogEntry &entry : catalog) {
+        if (!station->add(entry.typeCode, error)) {
+            complain(QStringLiteral("%1: %2").arg(entry.name, error));
+            return nullptr;
+        }
+    }
+    return station;
+}
+
+int printTable(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog, const QString &path)
+{
+    QString error;
+    const std::unique_ptr<Station> station =
+        path.isEmpty() ? sampleStation(plugin, catalog) : openStation(plugin, sampleOwner(), path, error);
+    if (!station) {
+        if (!error.isEmpty()) {
+            complain(QStringLiteral("%1: %2").arg(path, error));
+        }
+        return exitFailure;
+    }
+    QTextStream out(stdout);
+    return printStation(out, *station) ? 0 : exitFailure;
+}
+
+int showWindow(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog, const QString &path)
+{
+    auto station = path.isEmpty() ? sampleStation(plugin, catalog) : std::make_unique<Station>(plugin, sampleOwner());
+    if (!station) {
+        return exitFailure;
+    }
+    MainWindow window(plugin, catalog, std::move(station));
+    window.show();
+    if (!path.isEmpty()) {
+        window.openFile(path);
+    }
+    return QApplication::exec();
+}
+
+int run(const Options &options, bool asTable)
+{
+    PluginLibrary plugin;
+    if (!plugin.load(options.parser.value(options.plugin))) {
+        complain(QStringLiteral("The plug-in cannot be loaded: %1").arg(plugin.errorString()));
+        return exitFailure;
+    }
+    const std::vector<CatalogEntry> catalog = readCatalog();
+    if (catalog.empty()) {
+        complain(QStringLiteral("The catalog %1 describes no module.")
+                     .arg(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription)));
+        return exitFailure;
+    }
+    const QString path = options.parser.positionalArguments().value(0);
+    return asTable ? printTable(plugin, catalog, path) : showWindow(plugin, catalog, path);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication::setApplicationName(QStringLiteral("workbench"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(WORKBENCH_VERSION));
+    // The plug-in renders every block that it writes or reads as a debug line; QT_LOGGING_RULES can ask for them.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+
+    Options options;
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments += QString::fromLocal8Bit(argv[i]);
+    }
+    options.parser.parse(arguments);
+    if (options.parser.isSet(options.table) || !hasDisplay()) {
+        const QCoreApplication application(argc, argv);
+        options.parser.process(application);
+        return run(options, true);
+    }
+
+    // A display that does not answer must end in the table, not in an abort.
+    const bool fallsBack = qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    if (fallsBack) {
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland;offscreen");
+    }
+    const QApplication application(argc, argv);
+    options.parser.process(application);
+    return run(options, fallsBack && QGuiApplication::platformName() == QLatin1String("offscreen"));
+}

@@ -1,0 +1,55 @@
+#include "placedialog.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+
+PlaceDialog::PlaceDialog(const Station &station, int index, QWidget *parent)
+    : QDialog(parent),
+      m_station(station),
+      m_index(index),
+      m_rack(new QSpinBox(this)),
+      m_slot(new QSpinBox(this)),
+      m_occupant(new QLabel(this))
+{
+    const ModuleView module = station.module(index);
+    setWindowTitle(tr("Place %1").arg(module.name));
+    m_rack->setRange(0, Place::rackCount - 1);
+    m_rack->setValue(module.place.rack);
+    m_slot->setRange(0, Place::slotCount - 1);
+    m_slot->setValue(module.place.slot);
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    m_ok = buttons->button(QDialogButtonBox::Ok);
+    auto *form = new QFormLayout(this);
+    form->addRow(tr("&Rack:"), m_rack);
+    form->addRow(tr("&Slot:"), m_slot);
+    form->addRow(m_occupant);
+    form->addRow(buttons);
+    m_occupant->setMinimumWidth(m_occupant->fontMetrics().averageCharWidth() * 44);
+
+    connect(m_rack, QOverload<int>::of(&QSpinBox::valueChanged), this, &PlaceDialog::showOccupant);
+    connect(m_slot, QOverload<int>::of(&QSpinBox::valueChanged), this, &PlaceDialog::showOccupant);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    showOccupant();
+}
+
+Place PlaceDialog::place() const
+{
+    return {m_rack->value(), m_slot->value()};
+}
+
+void PlaceDialog::showOccupant()
+{
+    const std::optional<int> occupant = m_station.moduleAt(place());
+    const bool taken = occupant && *occupant != m_index;
+    m_ok->setEnabled(!taken);
+    if (taken) {
+        m_occupant->setText(tr("Taken by %1.").arg(m_station.module(*occupant).name));
+    } else {
+        m_occupant->setText(occupant ? tr("The module's present slot.") : tr("This slot is free."));
+    }
+}
