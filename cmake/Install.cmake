@@ -4,6 +4,8 @@ include(CMakePackageConfigHelpers)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/simpleextend)
 
+# Host libraries that are not installed here are found where they were linked from.
+set_target_properties(simpleextend PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
 install(TARGETS simpleextend EXPORT simpleextendTargets)
 install(FILES core/iomap.h core/simpleextendexportfunc.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/simpleextend)
 if(TARGET workbench)
