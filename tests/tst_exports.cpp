@@ -1,8 +1,7 @@
-// The finished library as a host sees it: loaded by name, driven through its exports alone.
-#include "simpleextendexportfunc.h"
+// The finished library as a host sees it: loaded at run time, driven through its exports alone.
+#include "pluginlibrary.h"
 #include "simulatedhost.h"
 
-#include <QLibrary>
 #include <QWidget>
 #include <QtTest>
 
@@ -34,113 +33,82 @@ QStringList claimed()
 class TestExports : public QObject {
     Q_OBJECT
 
-    template <class Function>
-    Function resolve(const char *name)
-    {
-        const auto found = reinterpret_cast<Function>(m_library.resolve(name));
-        if (found == nullptr) {
-            qFatal("%s is not exported", name);
-        }
-        return found;
-    }
+    PluginLibrary m_plugin;
 
-    QLibrary m_library{QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)};
-
-// NOLINTNEXTLINE(bugprone-macro-parentheses): the argument is declared and named, not computed with.
-#define EXPORTED(name) decltype(&::name) name = resolve<decltype(&::name)>(#name)
-    EXPORTED(createObject);
-    EXPORTED(releaseObject);
-    EXPORTED(config);
-    EXPORTED(autoMallocInMap);
-    EXPORTED(autoMallocOutMap);
-    EXPORTED(getName);
-    EXPORTED(getComment);
-    EXPORTED(getNodeId);
-    EXPORTED(getInMap);
-    EXPORTED(getOutMap);
-    EXPORTED(getPosition);
-    EXPORTED(getRackId);
-    EXPORTED(getSlotId);
-    EXPORTED(setPosition);
-    EXPORTED(setRackId);
-    EXPORTED(setSlotId);
-    EXPORTED(compile);
-    EXPORTED(recompile);
-    EXPORTED(save);
-    EXPORTED(restore);
-#undef EXPORTED
+    const PluginExports &host() const { return m_plugin.exports(); }
 
 private slots:
-    void init()
+    void initTestCase()
     {
-        simulatedhost::reset();
+        QVERIFY2(m_plugin.load(QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)), qPrintable(m_plugin.errorString()));
     }
+    void init() { simulatedhost::reset(); }
 
     void lifeOfAModule()
     {
-        SimpleExtendPar *module = createObject(13650, owner);
+        SimpleExtendPar *module = host().createObject(13650, owner);
         QVERIFY(module != nullptr);
-        QCOMPARE(getNodeId(module), 13650);
-        QVERIFY(!getName(module).isEmpty());
-        QCOMPARE((QList<int>{getRackId(module), getSlotId(module)}), (QList<int>{-1, -1}));
-        setRackId(module, 2);
-        setSlotId(module, 3);
-        setPosition(module, {30, 20});
-        QCOMPARE(getPosition(module), QPoint(30, 20));
-        QCOMPARE(describe(getInMap(module)), QStringLiteral("129:0 x8 u0 f1"));
-        QCOMPARE(describe(getOutMap(module)), QStringLiteral("130:0 x0 u0 f1"));
+        QCOMPARE(host().getNodeId(module), 13650);
+        QVERIFY(!host().getName(module).isEmpty());
+        QCOMPARE((QList<int>{host().getRackId(module), host().getSlotId(module)}), (QList<int>{-1, -1}));
+        host().setRackId(module, 2);
+        host().setSlotId(module, 3);
+        host().setPosition(module, {30, 20});
+        QCOMPARE(host().getPosition(module), QPoint(30, 20));
+        QCOMPARE(describe(host().getInMap(module)), QStringLiteral("129:0 x8 u0 f1"));
+        QCOMPARE(describe(host().getOutMap(module)), QStringLiteral("130:0 x0 u0 f1"));
         QCOMPARE(claimed(), QStringList("129:0+1"));
 
-        const QByteArray state = save(module);
+        const QByteArray state = host().save(module);
         QByteArray block("before");
         QStringList list("dropped");
-        QCOMPARE(compile(module, block, list), 0);
+        QCOMPARE(host().compile(module, block, list), 0);
         QVERIFY(list.isEmpty() && block.startsWith("before\x02"));
-        releaseObject(module);
-        releaseObject(nullptr);
+        host().releaseObject(module);
+        host().releaseObject(nullptr);
         QVERIFY(claimed().isEmpty());
 
-        SimpleExtendPar *restored = restore(state, owner);
-        QCOMPARE((QList<int>{getRackId(restored), getSlotId(restored)}), (QList<int>{2, 3}));
-        QCOMPARE(getPosition(restored), QPoint(30, 20));
-        QCOMPARE(save(restored), state);
+        SimpleExtendPar *restored = host().restore(state, owner);
+        QCOMPARE((QList<int>{host().getRackId(restored), host().getSlotId(restored)}), (QList<int>{2, 3}));
+        QCOMPARE(host().getPosition(restored), QPoint(30, 20));
+        QCOMPARE(host().save(restored), state);
         QCOMPARE(claimed(), QStringList("129:0+1"));
 
         // The range is still held, so confirming it finds another place.
-        QVERIFY(autoMallocInMap(restored) && autoMallocOutMap(restored));
-        QCOMPARE(describe(getInMap(restored)), QStringLiteral("129:1 x8 u0 f1"));
+        QVERIFY(host().autoMallocInMap(restored) && host().autoMallocOutMap(restored));
+        QCOMPARE(describe(host().getInMap(restored)), QStringLiteral("129:1 x8 u0 f1"));
 
         qint32 result = 5;
-        SimpleExtendPar *rebuilt = recompile(block.mid(6), QStringLiteral("other"), &result);
+        SimpleExtendPar *rebuilt = host().recompile(block.mid(6), QStringLiteral("other"), &result);
         QCOMPARE(result, 0);
-        QVERIFY(getComment(rebuilt).isEmpty());
-        QCOMPARE(getPosition(rebuilt), QPoint());
+        QVERIFY(host().getComment(rebuilt).isEmpty());
+        QCOMPARE(host().getPosition(rebuilt), QPoint());
         QByteArray again("before");
-        compile(rebuilt, again, list);
+        host().compile(rebuilt, again, list);
         QCOMPARE(again, block);
-        releaseObject(restored);
-        releaseObject(rebuilt);
+        host().releaseObject(restored);
+        host().releaseObject(rebuilt);
     }
 
     void refusals()
     {
-        QVERIFY(createObject(1, owner) == nullptr);
-        QVERIFY(restore({}, owner) == nullptr);
+        QVERIFY(host().createObject(1, owner) == nullptr);
+        QVERIFY(host().restore({}, owner) == nullptr);
         qint32 result = 5;
-        QVERIFY(recompile({}, owner, &result) == nullptr);
-        QVERIFY(recompile("\1\2", owner, nullptr) == nullptr);
+        QVERIFY(host().recompile({}, owner, &result) == nullptr);
+        QVERIFY(host().recompile("\1\2", owner, nullptr) == nullptr);
         QCOMPARE(result, 5);
         QVERIFY(claimed().isEmpty());
     }
 
     void configWithoutModuleOrParent()
     {
-        SimpleExtendPar *module = createObject(13395, owner);
+        SimpleExtendPar *module = host().createObject(13395, owner);
         QWidget parent;
-        QCOMPARE(config(module, owner, nullptr, false), 0);
-        QCOMPARE(config(nullptr, owner, &parent, false), 0);
+        QCOMPARE(host().config(module, owner, nullptr, false), 0);
+        QCOMPARE(host().config(nullptr, owner, &parent, false), 0);
         QCOMPARE(simulatedhost::openSnapshots(owner), 0);
-        releaseObject(module);
+        host().releaseObject(module);
     }
 };
 
