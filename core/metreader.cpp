@@ -109,7 +109,8 @@ const MetKey metKeys[] = {
 
 bool isComment(const QString &line)
 {
-    const auto *const first = std::find_if(line.begin(), line.end(), [](QChar character) { return !character.isSpace(); });
+    const auto *const first =
+        std::find_if(line.begin(), line.end(), [](QChar character) { return !character.isSpace(); });
     return first != line.end() && *first == QLatin1Char(';');
 }
 
