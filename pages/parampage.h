@@ -1,0 +1,81 @@
+// What all pages of the properties dialog share.
+#pragma once
+
+#include <QMessageBox>
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QScrollArea;
+struct SimpleExtendPar;
+
+/// One group of parameters of a module.
+///
+/// A page shows the record from its construction on and writes it only in saveData(). The record is not owned
+/// and must outlive the page. The last statement of a page's constructor is setUp().
+class ParamPage : public QWidget {
+    Q_OBJECT
+public:
+    /// Shows @p par, the module's record or a default record, in the controls.
+    virtual void initData(SimpleExtendPar *par) = 0;
+    /// Writes the controls into the record. False after a refusal that the user has been told about; what was
+    /// written before the refusal stays written.
+    virtual bool saveData() = 0;
+
+signals:
+    /// The value in @p field is about to be refused with a message.
+    void signal_refused(QWidget *field);
+
+protected:
+    /// The page takes over the window title of @p parent for its messages.
+    ParamPage(SimpleExtendPar *par, QWidget *parent);
+
+    /// Builds, wires and shows the page, in this order.
+    void setUp();
+
+    virtual void initUI() = 0;
+    virtual void initConnect() {}
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+    /// Tells that the value in @p field is refused: signal_refused first, then @p text in a box with one OK button.
+    /// Returns false, for saveData to return.
+    bool refuse(QWidget *field, QMessageBox::Icon icon, const QString &text);
+
+    /// The word-wrapped text that says what the page is for.
+    static QLabel *newDescription(const QString &text);
+    /// The "Defaults" button, which the page places.
+    QPushButton *newDefaultsButton();
+    /// A label that leads to @p editor.
+    static QLabel *newLabel(const QString &text, QWidget *editor);
+    /// Names @p editor of @p channel for programs ("inputRange_3", from the stem) and for people ("Channel 3,
+    /// Input Range", from the translated @p column), since assistive technology sees no headers over cell widgets.
+    static void nameEditor(QWidget *editor, const QString &stem, int channel, const QString &column);
+    /// A frameless area that scrolls @p content, of which it becomes the parent.
+    static QScrollArea *newScrollArea(QWidget *content);
+
+    SimpleExtendPar *m_par;
+    QPushButton *m_btnDefault = nullptr; ///< null until newDefaultsButton() was called
+};
+
+/// A page that takes its default values from the dialog's default record.
+class DefaultsPage : public ParamPage {
+    Q_OBJECT
+signals:
+    /// Asks for the default record, which stays with the receiver. Null when it cannot be built or when nobody
+    /// listens.
+    SimpleExtendPar *signal_requestDefaultPar();
+
+public slots:
+    /// Shows the default values. The record is asked for once and kept; as long as there is none, the controls stay
+    /// as they are.
+    void slot_btnDefault_clicked();
+
+protected:
+    /// @p defaultPar may be null, it is then asked for when needed.
+    DefaultsPage(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+
+    /// Wires the "Defaults" button; a page with more to wire calls this as well.
+    void initConnect() override;
+
+    SimpleExtendPar *m_defaultPar;
+};
