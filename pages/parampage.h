@@ -21,6 +21,9 @@ public:
     /// Writes the controls into the record. False after a refusal that the user has been told about; what was
     /// written before the refusal stays written.
     virtual bool saveData() = 0;
+    /// The dialog was left without being accepted. Takes back what the record must not keep in that case; nothing of
+    /// the kind on most pages, since what a refused OK has written stays written.
+    virtual void discard() {}
 
 signals:
     /// The value in @p field is about to be refused with a message.

@@ -1,0 +1,229 @@
+#include "saddrmapwgt.h"
+
+#include "baseservices.h"
+#include "basewidgets.h"
+#include "choices.h"
+#include "simpleextendpar.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+
+#include <limits>
+
+namespace {
+
+constexpr qint32 memoryHeld = 1; ///< getMemory's only good answer
+constexpr int maximumStart = std::numeric_limits<quint16>::max();
+
+/// The host's name for the size of an area; empty for areas that have none.
+QString addressRangeName(quint8 area)
+{
+    switch (static_cast<VarArea>(area)) {
+    case VarArea::AnalogInput:
+        return QStringLiteral("AIEx");
+    case VarArea::AnalogOutput:
+        return QStringLiteral("AQEx");
+    case VarArea::DigitalInput:
+        return QStringLiteral("IEx");
+    case VarArea::DigitalOutput:
+        return QStringLiteral("QEx");
+    case VarArea::Variable:
+        return QStringLiteral("V");
+    case VarArea::None:
+        break;
+    }
+    return {};
+}
+
+/// Highest start that the station offers for @p range. The arithmetic is unsigned and may wrap; that the count of
+/// word channels is subtracted twice and the rest multiplied by the unit is intended, stations rely on it.
+quint32 highestStart(const QString &owner, const IoMap &range)
+{
+    const QString name = addressRangeName(range.area);
+    if (name.isEmpty()) {
+        return 0;
+    }
+    const PlcTypeVersion plc = getPrjPlcTypeVersion(owner);
+    const quint32 size = getPlcAddrRange(plc.type, plc.version, name);
+    const quint32 count = range.count;
+    const quint32 unit = range.unit;
+    if (!name.endsWith(QLatin1String("Ex"))) {
+        return size - unit * count;
+    }
+    return unit == 0 ? size - (count + 7) / 8 : (size - unit * count - count) * unit;
+}
+
+} // namespace
+
+SAddrMapWgt::SAddrMapWgt(SimpleExtendPar *par, SimpleExtendPar * /*defaultPar*/, QWidget *parent)
+    : ParamPage(par, parent), m_snapshots{{par->inMap.start, par->outMap.start}}
+{
+    setUp();
+}
+
+void SAddrMapWgt::initUI()
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(newGroup(m_input, tr("Input"), QStringLiteral("input")));
+    layout->addWidget(newGroup(m_output, tr("Output"), QStringLiteral("output")));
+    layout->addStretch();
+}
+
+QGroupBox *SAddrMapWgt::newGroup(Direction &direction, const QString &title, const QString &stem)
+{
+    direction.group = new QGroupBox(title);
+    direction.start = new MSpinBoxEx;
+    direction.end = new QLineEdit;
+    direction.end->setReadOnly(true);
+    direction.length = new QSpinBox;
+    direction.length->setRange(0, std::numeric_limits<quint8>::max());
+    direction.length->setEnabled(false);
+    direction.unit = new QComboBox;
+    for (int i = 0; i < choices::addressUnits.size(); ++i) {
+        const Choice &unit = choices::addressUnits.at(i);
+        direction.unit->addItem(choices::addressUnits.text(unit.code), unit.code);
+    }
+    direction.unit->setEnabled(false);
+    direction.memory = new QLabel;
+    direction.memory->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    auto *grid = new QGridLayout(direction.group);
+    const auto add = [&](int row, int column, const QString &text, QWidget *editor, const char *name) {
+        editor->setObjectName(stem + QLatin1String(name));
+        QString plainText = text;
+        while (!plainText.isEmpty() && plainText.back().isPunct()) {
+            plainText.chop(1); // the colon, whatever it is in this language
+        }
+        editor->setAccessibleName(QStringLiteral("%1, %2").arg(title, plainText));
+        grid->addWidget(newLabel(text, editor), row, column);
+        grid->addWidget(editor, row, column + 1);
+    };
+    grid->addWidget(new QLabel(tr("Address")), 0, 0);
+    add(0, 1, tr("Start:"), direction.start, "Start");
+    add(0, 3, tr("End:"), direction.end, "End");
+    add(1, 1, tr("Length"), direction.length, "Length");
+    add(1, 3, tr("Unit"), direction.unit, "Unit");
+    add(2, 1, tr("Memory:"), direction.memory, "Memory");
+    grid->setColumnStretch(2, 1);
+    grid->setColumnStretch(4, 1);
+    return direction.group;
+}
+
+void SAddrMapWgt::initConnect()
+{
+    connect(m_input.start, &MSpinBoxEx::editingFinished, this, &SAddrMapWgt::slot_editingInputFinished);
+    connect(m_output.start, &MSpinBoxEx::editingFinished, this, &SAddrMapWgt::slot_editingOutputFinished);
+}
+
+void SAddrMapWgt::initData(SimpleExtendPar *par)
+{
+    showRange(m_input, par->inMap);
+    showRange(m_output, par->outMap);
+}
+
+void SAddrMapWgt::showRange(Direction &direction, const IoMap &range)
+{
+    constexpr quint32 largestValue = std::numeric_limits<int>::max();
+    const int highest = static_cast<int>(qMin(highestStart(m_par->memoryOwner, range), largestValue));
+    // An allocator may have placed the range above the highest start; it stays there until somebody moves it.
+    direction.start->setRange(0, qMax<int>(highest, range.start));
+    direction.start->setToolTip(QStringLiteral("0~%1").arg(highest));
+    direction.start->setValue(range.start);
+    direction.acceptedStart = range.start;
+
+    const bool isBits = range.unit == 0;
+    direction.length->setValue(isBits ? (range.count + 7) / 8 : range.count);
+    direction.unit->setCurrentIndex(choices::addressUnits.indexOf(isBits ? 1 : range.unit));
+    direction.memory->setText(addressRangeName(range.area).remove(QStringLiteral("Ex")));
+    direction.group->setEnabled(range.count != 0);
+    checkStart(direction);
+}
+
+void SAddrMapWgt::slot_editingInputFinished()
+{
+    checkStart(m_input);
+}
+
+void SAddrMapWgt::slot_editingOutputFinished()
+{
+    checkStart(m_output);
+}
+
+void SAddrMapWgt::checkStart(Direction &direction)
+{
+    direction.start->interpretText();
+    const int start = direction.start->value();
+    const bool isAligned = direction.unit->currentData().toInt() % 2 != 0 || start % 2 == 0;
+    if (isAligned && start <= maximumStart) {
+        direction.acceptedStart = start;
+    } else {
+        direction.start->setValue(direction.acceptedStart);
+    }
+    const bool hasChannels = direction.length->value() != 0;
+    direction.end->setText(hasChannels ? QString::number(direction.acceptedStart + rangeLength(direction) - 1)
+                                       : QString());
+}
+
+/// Bytes of the range, kept to eight bits on purpose: longer ranges have always been moved so.
+int SAddrMapWgt::rangeLength(const Direction &direction)
+{
+    return static_cast<quint8>(direction.unit->currentData().toInt() * direction.length->value());
+}
+
+bool SAddrMapWgt::saveData()
+{
+    // OK may come while a start is still being typed.
+    checkStart(m_input);
+    checkStart(m_output);
+
+    backupUsedMemory(m_par->memoryOwner);
+    m_snapshots.append({m_par->inMap.start, m_par->outMap.start});
+    if (const qint32 answer = move(m_input, m_par->inMap); answer != memoryHeld) {
+        return takeBack(m_input, answer);
+    }
+    if (!isMoved(m_output, m_par->outMap)) {
+        return true; // the snapshot stays open on purpose; what ends the one before the dialog ends it
+    }
+    if (const qint32 answer = move(m_output, m_par->outMap); answer != memoryHeld) {
+        return takeBack(m_output, answer);
+    }
+    popBackupMemory(m_par->memoryOwner);
+    m_snapshots.removeLast();
+    return true;
+}
+
+bool SAddrMapWgt::isMoved(const Direction &direction, const IoMap &range)
+{
+    return range.count != 0 && direction.start->value() != range.start;
+}
+
+/// Returns getMemory's answer, also when there is nothing to move.
+qint32 SAddrMapWgt::move(const Direction &direction, IoMap &range)
+{
+    if (!isMoved(direction, range)) {
+        return memoryHeld;
+    }
+    const auto area = static_cast<VarArea>(range.area);
+    const int start = direction.start->value();
+    freeMemory(m_par->memoryOwner, area, range.start, rangeLength(direction));
+    const qint32 answer = getMemory(m_par->memoryOwner, area, start, rangeLength(direction));
+    if (answer == memoryHeld) {
+        range.start = static_cast<quint16>(start);
+    }
+    return answer;
+}
+
+bool SAddrMapWgt::takeBack(const Direction &refused, qint32 errorCode)
+{
+    restoreUsedMemory(m_par->memoryOwner);
+    discard();
+    m_snapshots.removeLast();
+    return refuse(refused.start, QMessageBox::Warning, getMemoryErrStrByErrCode(errorCode));
+}
+
+void SAddrMapWgt::discard()
+{
+    m_par->inMap.start = m_snapshots.last().input;
+    m_par->outMap.start = m_snapshots.last().output;
+}

@@ -1,0 +1,65 @@
+// Where the module's ranges lie in the station's memory.
+#pragma once
+
+#include "iomap.h"
+#include "parampage.h"
+
+#include <QVector>
+
+class MSpinBoxEx;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QSpinBox;
+
+class SAddrMapWgt : public ParamPage {
+    Q_OBJECT
+public:
+    SAddrMapWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+
+    void initData(SimpleExtendPar *par) override;
+    /// Moves the ranges in the host's memory map and writes their starts. When the host refuses, both the map and the
+    /// starts are again what they were before.
+    bool saveData() override;
+    /// Puts the starts back to those of the latest snapshot that is still open.
+    void discard() override;
+
+public slots:
+    void slot_editingInputFinished();
+    void slot_editingOutputFinished();
+
+protected:
+    void initUI() override;
+    void initConnect() override;
+
+private:
+    /// The controls of one range.
+    struct Direction {
+        QGroupBox *group = nullptr;
+        MSpinBoxEx *start = nullptr;
+        QSpinBox *length = nullptr;
+        QComboBox *unit = nullptr;
+        QLineEdit *end = nullptr;
+        QLabel *memory = nullptr;
+        int acceptedStart = 0;
+    };
+    struct Starts {
+        quint16 input;
+        quint16 output;
+    };
+
+    static QGroupBox *newGroup(Direction &direction, const QString &title, const QString &stem);
+    void showRange(Direction &direction, const IoMap &range);
+    static void checkStart(Direction &direction);
+    static int rangeLength(const Direction &direction);
+    static bool isMoved(const Direction &direction, const IoMap &range);
+    qint32 move(const Direction &direction, IoMap &range);
+    bool takeBack(const Direction &refused, qint32 errorCode);
+
+    Direction m_input;
+    Direction m_output;
+    /// The starts that belong to the host's open snapshots, the latest last. The first is not this page's: it was
+    /// taken before the dialog opened.
+    QVector<Starts> m_snapshots;
+};
