@@ -12,21 +12,23 @@
 #include "sdqouttblwgt.h"
 #include "sgeneralwgt.h"
 #include "sweightparcfgwgt.h"
+#include "wrappedlabel.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QAction>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QHBoxLayout>
-#include <QLabel>
+#include <QIcon>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QTreeWidget>
 
 #include <algorithm>
+#include <type_traits>
 
 namespace {
 
@@ -69,18 +71,6 @@ const Heading *headingOf(quint32 objId)
     return found == headings.end() ? nullptr : found;
 }
 
-/// Scrolls whatever @p field lies in until it can be seen.
-void scrollTo(QWidget *field)
-{
-    for (QWidget *around = field->parentWidget(); around != nullptr; around = around->parentWidget()) {
-        if (auto *area = qobject_cast<QScrollArea *>(around)) {
-            area->ensureWidgetVisible(field);
-        } else if (auto *view = qobject_cast<QAbstractItemView *>(around)) {
-            view->scrollTo(view->indexAt(field->geometry().center()));
-        }
-    }
-}
-
 } // namespace
 
 SimpleExtendcfgdlg::SimpleExtendcfgdlg(SimpleExtendPar *par, const QString &memoryOwner, QWidget *parent, bool locked)
@@ -118,6 +108,23 @@ void SimpleExtendcfgdlg::initUI()
     m_helpAction->setObjectName(QStringLiteral("helpAction"));
     m_helpAction->setShortcut(QKeySequence(QStringLiteral("F1")));
     addAction(m_helpAction);
+    fitToFont();
+}
+
+/// Keeps the tree as wide as its items and the note at two lines.
+void SimpleExtendcfgdlg::fitToFont()
+{
+    const QAbstractItemView *const items = m_tree;
+    m_tree->setMinimumWidth(items->sizeHintForColumn(0) + 2 * m_tree->frameWidth());
+    m_note->setMinimumWidth(fontMetrics().horizontalAdvance(noteText()) * 3 / 5); // half, and a word that overhangs
+}
+
+void SimpleExtendcfgdlg::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_helpAction != nullptr) {
+        fitToFont();
+    }
 }
 
 void SimpleExtendcfgdlg::buildTree()
@@ -203,15 +210,19 @@ void SimpleExtendcfgdlg::addItem(const QString &text, QWidget *page)
     m_stack->insertWidget(0, page);
 }
 
+QString SimpleExtendcfgdlg::noteText()
+{
+    return tr("Configuration must be downloaded before taking effect.");
+}
+
 QHBoxLayout *SimpleExtendcfgdlg::newButtonRow()
 {
-    const QString note = tr("Configuration must be downloaded before taking effect.");
-    auto *label = new QLabel(QStringLiteral("<font color=\"#0000FF\">%1</font>").arg(note));
-    label->setObjectName(QStringLiteral("noteLabel"));
-    label->setTextFormat(Qt::RichText);
+    m_note = new WrappedLabel(QStringLiteral("<font color=\"#0000FF\">%1</font>").arg(noteText()));
+    m_note->setObjectName(QStringLiteral("noteLabel"));
+    m_note->setTextFormat(Qt::RichText);
 
     auto *row = new QHBoxLayout;
-    row->addWidget(label);
+    row->addWidget(m_note, 1);
     row->addSpacerItem(new QSpacerItem(1, 1, QSizePolicy::Expanding, QSizePolicy::Minimum));
     const auto addButton = [row](const QString &text, const QString &name) {
         auto *button = new QPushButton(text);
@@ -275,8 +286,7 @@ void SimpleExtendcfgdlg::revealField(QWidget *field)
             m_tree->setCurrentItem(it.key());
         }
     }
-    scrollTo(field);
-    field->setFocus(Qt::OtherFocusReason);
+    field->setFocus(Qt::OtherFocusReason); // its page scrolls to it
     if (auto *spinBox = qobject_cast<QAbstractSpinBox *>(field)) {
         spinBox->selectAll();
     } else if (auto *lineEdit = qobject_cast<QLineEdit *>(field)) {

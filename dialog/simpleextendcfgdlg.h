@@ -12,6 +12,7 @@
 class ParamPage;
 class QAction;
 class QHBoxLayout;
+class QLabel;
 class QPushButton;
 class QStackedWidget;
 class QTreeWidget;
@@ -43,6 +44,9 @@ public slots:
     SimpleExtendPar *slot_returnDefaultParam();
     void raisePage(QTreeWidgetItem *curItem, QTreeWidgetItem *preItem);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     /// Every page that a module may have, in the order in which OK saves them.
     enum PageIndex {
@@ -67,6 +71,8 @@ private:
     void addItem(const QString &text, QWidget *page);
     QHBoxLayout *newButtonRow();
     void showRefusal(QWidget *field);
+    static QString noteText();
+    void fitToFont();
     void revealField(QWidget *field);
 
     QString m_memoryOwner;
@@ -76,6 +82,7 @@ private:
     QTreeWidget *m_tree = nullptr;
     QStackedWidget *m_stack = nullptr;
     QMap<QTreeWidgetItem *, QWidget *> m_pageOfItem;
+    QLabel *m_note = nullptr;
     QPushButton *m_okButton = nullptr;
     QPushButton *m_cancelButton = nullptr;
     QPushButton *m_defaultAllButton = nullptr;

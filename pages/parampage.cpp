@@ -1,5 +1,7 @@
 #include "parampage.h"
 
+#include "wrappedlabel.h"
+
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QEvent>
@@ -53,9 +55,8 @@ bool ParamPage::refuse(QWidget *field, QMessageBox::Icon icon, const QString &te
 
 QLabel *ParamPage::newDescription(const QString &text)
 {
-    auto *label = new QLabel(text);
+    auto *label = new WrappedLabel(text);
     label->setObjectName(QStringLiteral("descriptionLabel"));
-    label->setWordWrap(true);
     return label;
 }
 
