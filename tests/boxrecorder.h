@@ -1,0 +1,31 @@
+// Answers the message boxes that the code under test opens, and keeps what they said.
+#pragma once
+
+#include <QApplication>
+#include <QEvent>
+#include <QMessageBox>
+#include <QStringList>
+
+#include <functional>
+
+/// While it lives, every message box is accepted as soon as it waits for an answer.
+class BoxRecorder : public QObject {
+public:
+    BoxRecorder() { qApp->installEventFilter(this); }
+
+    QStringList texts;
+    QStringList titles;
+    std::function<void(const QMessageBox &box)> onBox = [](const QMessageBox &) {}; ///< before the answer
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *box = qobject_cast<QMessageBox *>(watched);
+        if (box != nullptr && event->type() == QEvent::Show) {
+            texts << box->text();
+            titles << box->windowTitle();
+            onBox(*box);
+            QMetaObject::invokeMethod(box, &QDialog::accept, Qt::QueuedConnection);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
