@@ -1,0 +1,340 @@
+// The properties dialog: its groups, the ways out of it and what they leave behind.
+#include "boxrecorder.h"
+#include "defaultbuilder.h"
+#include "modulestate.h"
+#include "simpleextendcfgdlg.h"
+#include "simulatedbase.h"
+#include "simulatedhelp.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QLoggingCategory>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QTextEdit>
+#include <QTreeWidget>
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+const QString owner = QStringLiteral("plc");
+constexpr quint32 mixedAnalog = 0x3459; // four inputs, two outputs
+
+/// A dialog between the memory calls that its caller makes before and after it.
+class Session {
+public:
+    explicit Session(SimpleExtendPar *par, bool locked = false)
+    {
+        backupUsedMemory(owner);
+        m_dialog.reset(new SimpleExtendcfgdlg(par, owner, nullptr, locked));
+    }
+    ~Session()
+    {
+        if (m_dialog->result() == QDialog::Accepted)
+            popBackupMemory(owner);
+        else
+            restoreUsedMemory(owner);
+    }
+    Q_DISABLE_COPY_MOVE(Session)
+
+    SimpleExtendcfgdlg *operator->() { return m_dialog.data(); }
+    template <class Widget>
+    Widget *find(const char *name)
+    {
+        auto *found = m_dialog->findChild<Widget *>(name);
+        if (found == nullptr)
+            qFatal("The dialog has no %s", name);
+        return found;
+    }
+    void press(const char *button) { find<QPushButton>(button)->click(); }
+    void show()
+    {
+        m_dialog->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_dialog.data()));
+    }
+    QString shownPage()
+    {
+        const auto *tab = qobject_cast<QTabWidget *>(find<QStackedWidget>("pageStack")->currentWidget());
+        return tab->currentWidget()->objectName() + ' ' + find<QTreeWidget>("tree")->currentItem()->text(0);
+    }
+
+private:
+    QScopedPointer<SimpleExtendcfgdlg> m_dialog;
+};
+
+QString describe(VarArea area, int start, int length)
+{
+    return QStringLiteral("%1:%2+%3").arg(int(area)).arg(start).arg(length);
+}
+
+/// What the host's map holds, in the words of recordedRanges.
+QStringList heldRanges()
+{
+    QStringList ranges;
+    for (const auto &range : simulatedhost::claimedRanges(owner))
+        ranges << describe(range.area, range.start, range.length);
+    return ranges;
+}
+
+QStringList recordedRanges(const SimpleExtendPar &par)
+{
+    return {describe(VarArea::AnalogInput, par.inMap.start, 8), describe(VarArea::AnalogOutput, par.outMap.start, 4)};
+}
+
+} // namespace
+
+class TestDialog : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QLoggingCategory::setFilterRules("default.debug=false"); }
+    void cleanup()
+    {
+        simulatedhost::resetBase();
+        simulatedhost::resetHelp();
+    }
+
+    void groups_data()
+    {
+        QTest::addColumn<quint32>("code");
+        QTest::addColumn<QPoint>("areas"); // of input and output
+        QTest::addColumn<bool>("channels");
+        QTest::addColumn<QString>("heading"); // root item, help keyword
+        QTest::addColumn<QString>("tabs");
+        const auto row = [](const char *name, quint32 code, QPoint areas, bool channels, const char *heading,
+                            const char *tabs) { QTest::newRow(name) << code << areas << channels << heading << tabs; };
+        const char *const common = "General,Address";
+        const char *const analog = "General,Address,Input Filter,Range,Output Tables,Output Type";
+        const char *const digital = "General,Address,Input Filter,Output Tables";
+        const char *const analogHeading = "Analog Module: Analog Modules Properties";
+        const char *const digitalHeading = "Digital Module: Digital Modules Properties";
+        const char *const weighHeading = "Weight Module: Weight Modules Properties";
+        row("first analog", 13395, {6, 7}, true, analogHeading, analog);
+        row("last analog", 13570, {6, 0}, true, analogHeading, "General,Address,Input Filter,Range");
+        row("thermocouples", 13396, {6, 0}, true, "TC: TC/RTD Modules Properties",
+            "General,Address,Input Filter,Range");
+        row("thermometers", 13397, {0, 7}, true, "RTD: TC/RTD Modules Properties",
+            "General,Address,Output Tables,Output Type");
+        row("first digital", 13650, {129, 130}, true, digitalHeading, digital);
+        row("last digital", 13907, {0, 130}, true, digitalHeading, "General,Address,Output Tables");
+        row("no channels", 13395, {6, 7}, false, analogHeading, common);
+        row("areas of another direction", 13395, {7, 6}, true, analogHeading, common);
+        row("weighing, double words", 14418, {132, 132}, true, weighHeading, "General,Address,Weight Param");
+        row("weighing, double words, later", 14420, {6, 7}, true, weighHeading, "General,Address,Weight Param");
+        row("weighing, words", 14419, {6, 7}, true, weighHeading, common);
+        row("weighing, words, later", 14421, {6, 7}, true, weighHeading, common);
+        for (const quint32 code : {13394U, 13571U, 13649U, 13908U, 14417U, 14422U})
+            row(qPrintable(QStringLiteral("plain %1").arg(code)), code, {6, 130}, true, ": ",
+                "General,Address,Input Filter,Range,Output Tables");
+    }
+    void groups()
+    {
+        QFETCH(quint32, code);
+        QFETCH(QPoint, areas);
+        QFETCH(bool, channels);
+        SimpleExtendPar par;
+        par.objId = code;
+        par.objName = "Rack %1";
+        par.inMap = {quint8(areas.x()), 0, quint8(channels ? 1 : 0), 1, 2};
+        par.outMap = {quint8(areas.y()), 0, quint8(channels ? 1 : 0), 1, 2};
+        Session session(&par);
+        QCOMPARE(session->windowTitle(), QStringLiteral("Properties - Rack %1"));
+        const auto *tree = session.find<QTreeWidget>("tree");
+        QCOMPARE(tree->topLevelItemCount(), 1);
+        const auto *root = tree->topLevelItem(0);
+        QVERIFY(root->isExpanded());
+        QCOMPARE(root->data(0, Qt::UserRole).toInt(), -1);
+        QCOMPARE(tree->currentItem(), root->child(0));
+
+        QStringList tabs;
+        for (int i = 0; i < root->childCount(); ++i) {
+            session.find<QTreeWidget>("tree")->setCurrentItem(root->child(i));
+            const auto *tab = qobject_cast<QTabWidget *>(session.find<QStackedWidget>("pageStack")->currentWidget());
+            tabs << tab->tabText(0);
+            QCOMPARE(root->child(i)->text(0), tabs.last() == "Range" ? QStringLiteral("Range Config") : tabs.last());
+        }
+        QTEST(tabs.join(','), "tabs");
+        session.press("helpButton");
+        QTEST(QString(root->text(0) + ": " + simulatedhost::lastHelpKeyword()), "heading");
+    }
+
+    void f1OpensHelp()
+    {
+        const auto par = buildDefault(mixedAnalog, owner);
+        simulatedhost::setLanguage(simulatedhost::Language::Local);
+        Session session(par.get());
+        session.show();
+        for (const char *editor : {"commentEdit", "inputStart", "deadband_1"}) {
+            startHelpSys({});
+            QTest::keyClick(session.find<QWidget>(editor), Qt::Key_F1);
+            QCOMPARE(simulatedhost::lastHelpKeyword(), QStringLiteral("模拟量模块属性"));
+        }
+    }
+
+    void lockedDialogOnlyCancels()
+    {
+        const auto par = buildDefault(mixedAnalog, owner);
+        Session session(par.get(), true);
+        QVERIFY(!session.find<QPushButton>("okButton")->isEnabled());
+        for (const char *button : {"cancelButton", "defaultAllButton", "helpButton"})
+            QVERIFY(session.find<QPushButton>(button)->isEnabled());
+    }
+
+    void imagesComeAlong()
+    {
+        for (const char *name : {"hwcnfg", "folder", "itemconfig"}) {
+            const QString path = QStringLiteral(":/images/%1%2.png").arg(name);
+            QCOMPARE(QImage(path.arg("")).size(), QSize(24, 24));
+            QCOMPARE(QImage(path.arg("@2x")).size(), QSize(48, 48));
+        }
+    }
+
+    void defaultAllSparesAddresses()
+    {
+        const auto par = buildDefault(mixedAnalog, owner);
+        const QString factoryName = par->objName.left(24);
+        par->objName = "mine";
+        par->aiFilter[1].samples = 0;
+        const QByteArray before = saveModule(*par);
+        const QStringList held = heldRanges();
+        Session session(par.get());
+        session.find<QSpinBox>("inputStart")->setValue(40);
+        session.press("defaultAllButton");
+        QCOMPARE(session.find<QLineEdit>("nameEdit")->text(), factoryName);
+        QCOMPARE(session.find<QComboBox>("samples_1")->currentIndex(), 5);
+        QCOMPARE(session.find<QSpinBox>("inputStart")->value(), 40);
+        QCOMPARE(saveModule(*par), before);
+        QCOMPARE(heldRanges(), held);
+        QVERIFY(session->slot_returnDefaultParam() == session->slot_returnDefaultParam());
+    }
+
+    void everyRefusalIsShownAndTheFirstStays()
+    {
+        const auto par = buildDefault(mixedAnalog, owner);
+        const auto neighbour = buildDefault(mixedAnalog, owner); // what the start is moved onto
+        Session session(par.get());
+        session.show();
+        session.find<QSpinBox>("inputStart")->setValue(neighbour->inMap.start);
+        session.find<QSpinBox>("deadband_1")->setValue(20);
+        session.find<QLineEdit>("nameEdit")->setText("written all the same");
+        BoxRecorder boxes;
+        QStringList shown;
+        boxes.onBox = [&](const QMessageBox &) {
+            shown << session.shownPage() + ' ' + session->focusWidget()->objectName();
+        };
+        session.press("okButton");
+        const QString address = QStringLiteral("SAddrMapWgt Address inputStart");
+        QCOMPARE(shown, QStringList({address, "SAIFilterWgt Input Filter deadband_1"}));
+        QCOMPARE(boxes.titles, QStringList({session->windowTitle(), session->windowTitle()}));
+        QVERIFY(session->isVisible());
+        QCOMPARE(session.shownPage() + ' ' + session->focusWidget()->objectName(), address);
+        QCOMPARE(session.find<QSpinBox>("inputStart")->findChild<QLineEdit *>()->selectedText(),
+                 QString::number(neighbour->inMap.start));
+        QCOMPARE(par->objName, QStringLiteral("written all the same"));
+    }
+
+    // Of the factory's modules only one with an odd number of filter rows changes: its filter page empties the half
+    // of the last byte that has no row.
+    void nothingChangesUnedited_data()
+    {
+        QTest::addColumn<quint32>("code");
+        for (const quint32 code : {0x3453U, 0x3454U, 0x3455U, 0x3456U, 0x3457U, 0x3458U, 0x3459U, 0x3552U, 0x3553U,
+                                   0x3554U, 0x3555U, 0x3556U, 0x3557U, 0x3852U, 0x3853U, 0x3854U, 0x3855U})
+            QTest::newRow(qPrintable(QString::number(code, 16))) << code;
+    }
+    void nothingChangesUnedited()
+    {
+        QFETCH(quint32, code);
+        const auto par = buildDefault(code, owner);
+        QVERIFY(par != nullptr);
+        const QByteArray before = saveModule(*par);
+        const QStringList held = heldRanges();
+        for (const char *way : {"okButton", "cancelButton"}) {
+            Session session(par.get());
+            if (qstrcmp(way, "cancelButton") == 0) {
+                session.find<QLineEdit>("nameEdit")->setText("other");
+                session.find<QSpinBox>("inputStart")->stepUp();
+                session.press("defaultAllButton");
+            }
+            session.press(way);
+            QCOMPARE(saveModule(*par), before);
+            QCOMPARE(heldRanges(), held);
+        }
+    }
+
+    // Moves that succeed, that the host refuses and that another page's refusal leaves half done, in every order,
+    // before every way out.
+    void startsAgreeWithTheMap_data()
+    {
+        QTest::addColumn<QString>("wayOut");
+        QTest::addColumn<int>("steps");
+        QTest::newRow("accepted in the end") << "ok" << 3;
+        QTest::newRow("cancelled") << "cancel" << 3;
+        QTest::newRow("closed") << "close" << 1;
+        QTest::newRow("escaped") << "escape" << 1;
+    }
+    void startsAgreeWithTheMap()
+    {
+        QFETCH(QString, wayOut);
+        QFETCH(int, steps);
+        constexpr int taken = 100;
+        const QVector<QPoint> moves = {{20, 0}, {40, 0}, {0, 30}, {taken, 30}, {60, taken}};
+        const int walks = int(std::pow(moves.size(), steps));
+        BoxRecorder boxes;
+        for (int walk = 0; walk < walks; ++walk) {
+            simulatedhost::resetBase();
+            const auto par = buildDefault(mixedAnalog, owner);
+            getMemory(owner, VarArea::AnalogInput, taken, 8);
+            getMemory(owner, VarArea::AnalogOutput, taken, 4);
+            {
+                Session session(par.get());
+                const auto pressOk = [&session](const QPoint &starts, int deadband) {
+                    session.find<QSpinBox>("inputStart")->setValue(starts.x());
+                    session.find<QSpinBox>("outputStart")->setValue(starts.y());
+                    session.find<QSpinBox>("deadband_0")->setValue(deadband);
+                    session.press("okButton");
+                };
+                for (int step = 0, rest = walk; step < steps; ++step, rest /= moves.size())
+                    pressOk(moves[rest % moves.size()], 20);
+                if (wayOut == "ok") {
+                    pressOk({80, 0}, 0);
+                } else if (wayOut == "cancel") {
+                    session.press("cancelButton");
+                } else {
+                    session.show();
+                    wayOut == "close" ? void(session->close())
+                                      : QTest::keyClick(session->focusWidget(), Qt::Key_Escape);
+                }
+                QCOMPARE(session->result() == QDialog::Accepted, wayOut == "ok");
+            }
+            QStringList expected = recordedRanges(*par);
+            expected.insert(1, describe(VarArea::AnalogInput, taken, 8));
+            expected << describe(VarArea::AnalogOutput, taken, 4);
+            QVERIFY2(heldRanges() == expected,
+                     qPrintable(QStringLiteral("Walk %1: the host holds %2, the record says %3")
+                                    .arg(walk)
+                                    .arg(heldRanges().join(' '), expected.join(' '))));
+        }
+    }
+
+    // The caller rolls back the map of the station that it names, which need not be the module's.
+    void anotherStationsMapIsLeftAlone()
+    {
+        const auto par = buildDefault(mixedAnalog, QStringLiteral("other"));
+        SimpleExtendcfgdlg dialog(par.get(), owner, nullptr, false);
+        dialog.findChild<QSpinBox *>("inputStart")->setValue(40);
+        dialog.findChild<QSpinBox *>("deadband_0")->setValue(20);
+        BoxRecorder boxes;
+        dialog.slot_bttnOK();
+        dialog.reject();
+        QCOMPARE(simulatedhost::claimedRanges("other").first().start, int(par->inMap.start));
+    }
+};
+
+QTEST_MAIN(TestDialog)
+#include "tst_dialog.moc"
