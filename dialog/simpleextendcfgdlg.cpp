@@ -29,6 +29,7 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -73,8 +74,8 @@ const Heading *headingOf(quint32 objId)
 
 } // namespace
 
-SimpleExtendcfgdlg::SimpleExtendcfgdlg(SimpleExtendPar *par, const QString &memoryOwner, QWidget *parent, bool locked)
-    : QDialog(parent), m_memoryOwner(memoryOwner), m_par(par)
+SimpleExtendcfgdlg::SimpleExtendcfgdlg(SimpleExtendPar *par, QString memoryOwner, QWidget *parent, bool locked)
+    : QDialog(parent), m_memoryOwner(std::move(memoryOwner)), m_par(par)
 {
     initUI();
     initConnect();

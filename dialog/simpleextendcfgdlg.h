@@ -26,7 +26,7 @@ class SimpleExtendcfgdlg : public QDialog {
 public:
     /// @p par is not owned and must outlive the dialog. @p memoryOwner names the memory map that the caller keeps or
     /// rolls back afterwards. @p locked disables OK.
-    SimpleExtendcfgdlg(SimpleExtendPar *par, const QString &memoryOwner, QWidget *parent, bool locked);
+    SimpleExtendcfgdlg(SimpleExtendPar *par, QString memoryOwner, QWidget *parent, bool locked);
     ~SimpleExtendcfgdlg() override;
 
     void done(int result) override;
