@@ -62,6 +62,13 @@ SAddrMapWgt::SAddrMapWgt(SimpleExtendPar *par, SimpleExtendPar * /*defaultPar*/,
     setUp();
 }
 
+SAddrMapWgt::~SAddrMapWgt()
+{
+    // A start that has the focus reports the end of editing when QWidget deletes it; this is no page any more by then.
+    m_input.start->disconnect(this);
+    m_output.start->disconnect(this);
+}
+
 void SAddrMapWgt::initUI()
 {
     auto *layout = new QVBoxLayout(this);

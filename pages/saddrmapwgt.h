@@ -15,8 +15,10 @@ class QSpinBox;
 
 class SAddrMapWgt : public ParamPage {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(SAddrMapWgt)
 public:
     SAddrMapWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+    ~SAddrMapWgt() override;
 
     void initData(SimpleExtendPar *par) override;
     /// Moves the ranges in the host's memory map and writes their starts. When the host refuses, both the map and the
