@@ -24,6 +24,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTreeWidget>
 
@@ -199,6 +200,7 @@ void SimpleExtendcfgdlg::addPage(PageIndex index, const QString &treeText, const
 
     auto *tab = new QTabWidget(this);
     tab->addTab(page, tabText);
+    tab->tabBar()->setFocusPolicy(Qt::NoFocus); // with one tab there is nothing to choose
     addItem(treeText, tab);
 }
 
