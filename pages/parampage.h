@@ -4,9 +4,10 @@
 #include <QMessageBox>
 #include <QWidget>
 
+class QComboBox;
 class QLabel;
 class QPushButton;
-class QScrollArea;
+class QVBoxLayout;
 struct SimpleExtendPar;
 
 /// One group of parameters of a module.
@@ -38,7 +39,10 @@ protected:
 
     virtual void initUI() = 0;
     virtual void initConnect() {}
+    /// Sets the sizes that depend on the font; called once the page is built and whenever its font changes.
+    virtual void fitToFont() {}
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
     /// Tells that the value in @p field is refused: signal_refused first, then @p text in a box with one OK button.
     /// Returns false, for saveData to return.
@@ -48,13 +52,19 @@ protected:
     static QLabel *newDescription(const QString &text);
     /// The "Defaults" button, which the page places.
     QPushButton *newDefaultsButton();
+    static QPushButton *newButton(const QString &text, const QString &objectName);
     /// A label that leads to @p editor.
     static QLabel *newLabel(const QString &text, QWidget *editor);
     /// Names @p editor of @p channel for programs ("inputRange_3", from the stem) and for people ("Channel 3,
     /// Input Range", from the translated @p column), since assistive technology sees no headers over cell widgets.
     static void nameEditor(QWidget *editor, const QString &stem, int channel, const QString &column);
-    /// A frameless area that scrolls @p content, of which it becomes the parent.
-    static QScrollArea *newScrollArea(QWidget *content);
+    /// Writes the position of the choice; without a selection the value that has no choice stays as it is stored.
+    static void storeSelection(const QComboBox *editor, quint8 &stored);
+    /// The layout for all that the page consists of; a page that is larger than its place scrolls.
+    QVBoxLayout *newPageLayout();
+    /// The rows of a page, as many as there are channels: they scroll by themselves, so that the buttons below them
+    /// can be seen. The area becomes the parent of @p rows, which has its layout.
+    static QWidget *newRowArea(QWidget *rows);
 
     SimpleExtendPar *m_par;
     QPushButton *m_btnDefault = nullptr; ///< null until newDefaultsButton() was called
