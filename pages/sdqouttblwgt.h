@@ -1,0 +1,40 @@
+// Digital output table page.
+#pragma once
+
+#include "parampage.h"
+
+#include <QVector>
+
+class QCheckBox;
+
+/// What the digital outputs do on the transition from RUN to STOP: keep their state or take the one chosen here.
+class SDQOutTblWgt : public DefaultsPage {
+    Q_OBJECT
+public:
+    SDQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+
+    void initData(SimpleExtendPar *par) override;
+    bool saveData() override;
+
+public slots:
+    /// Takes the controls to the state of the freeze box; freezing unchecks all outputs.
+    void slot_chkFrzClicked();
+    void slot_btnSelectAll();
+    void slot_btnClearAll();
+
+protected:
+    void initUI() override;
+    void initConnect() override;
+    void fitToFont() override;
+
+private:
+    QWidget *newOutputGrid();
+    void setOutputsEnabled(bool enabled);
+    void setOutputsChecked(bool checked);
+
+    QCheckBox *m_freeze = nullptr;
+    QPushButton *m_btnSelectAll = nullptr;
+    QPushButton *m_btnClearAll = nullptr;
+    QVector<QCheckBox *> m_outputs; ///< by output
+    QVector<QLabel *> m_gridLabels; ///< bit numbers and byte names
+};
