@@ -4,9 +4,10 @@
 #include "defaultbuilder.h"
 #include "imagerange.h"
 #include "modulestate.h"
+#include "simpleextendcfgdlg.h"
 #include "simpleextendpar.h"
 
-#include <QWidget>
+#include <QPointer>
 
 #include <memory>
 #include <type_traits>
@@ -44,14 +45,27 @@ void releaseObject(SimpleExtendPar *handle)
     });
 }
 
-qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *parent, bool /*locked*/)
+qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *parent, bool locked)
 {
     if (handle == nullptr || parent == nullptr) {
         return 0;
     }
-    return guarded([&memoryOwner] {
+    return guarded([&] {
         backupUsedMemory(memoryOwner);
-        restoreUsedMemory(memoryOwner);
+        // The host may destroy the parent, and the dialog with it, while the dialog is open.
+        QPointer<SimpleExtendcfgdlg> dialog;
+        const int result = guarded(
+            [&] {
+                dialog = new SimpleExtendcfgdlg(handle, memoryOwner, parent, locked);
+                return dialog->exec();
+            },
+            static_cast<int>(QDialog::Rejected));
+        if (result == QDialog::Accepted) {
+            popBackupMemory(memoryOwner);
+        } else {
+            restoreUsedMemory(memoryOwner);
+        }
+        delete dialog;
         return 0;
     });
 }
