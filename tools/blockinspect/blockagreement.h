@@ -1,0 +1,130 @@
+// Whether the decoder and the plug-in read the same from a block; for the programs that test both.
+#pragma once
+
+#include "blockdecoder.h"
+#include "blocklayout.h"
+
+#include <QMap>
+
+#include <cmath>
+
+namespace blockdecoder {
+
+/// Collects what a record holds under the names that the decoder gives to the fields; goes over the walks of
+/// blocklayout.h like a writer.
+class RecordFields {
+public:
+    RecordFields(const SimpleExtendPar &par, BlockFormat format)
+    {
+        put("header.objId", par.objId);
+        blocklayout::walkHeader(enter("header."), par, format);
+        quint8 noLength = 0; // no record holds the length of a range
+        blocklayout::walkRange(enter("header.inMap."), par.inMap, noLength);
+        blocklayout::walkRange(enter("header.outMap."), par.outMap, noLength);
+        enter("header.").raw("intEnableTbl", par.intEnableTbl);
+        enter("");
+        put("digitalInput.count", par.diCount);
+        put("digitalOutput.count", par.dqCount);
+        put("digitalOutput.dqMode", par.dqMode);
+        put("analogInput.count", par.aiCount);
+        put("analogOutput.count", par.aqCount);
+        put("weighing.count", par.weighCount);
+        putTables(par);
+        putChannels(par);
+    }
+
+    const QMap<QString, QVariant> &values() const { return m_values; }
+
+    void u8(const char *name, quint8 value) { put(name, value); }
+    void u16(const char *name, quint16 value) { put(name, value); }
+    void i16(const char *name, qint16 value) { put(name, value); }
+    void u32(const char *name, quint32 value) { put(name, value); }
+    void u32FromSignedBytes(const char *name, quint32 value) { put(name, value); }
+    void f32(const char *name, float value) { m_values[m_prefix + QLatin1String(name)] = static_cast<double>(value); }
+    void lowByte(const char *name, qlonglong value) { put(name, value); }
+    void lowByteSigned(const char *name, qlonglong value) { put(name, value); }
+    void text(const char *name, const QString &value) { m_values[m_prefix + QLatin1String(name)] = value; }
+    void textSigned(const char *name, const QString &value) { text(name, value); }
+    template <std::size_t Size>
+    void raw(const char *name, const std::array<quint8, Size> &value)
+    {
+        m_values[m_prefix + QLatin1String(name)] =
+            QByteArray(reinterpret_cast<const char *>(value.data()), static_cast<int>(Size));
+    }
+
+private:
+    RecordFields &enter(const QString &prefix)
+    {
+        m_prefix = prefix;
+        return *this;
+    }
+    RecordFields &enterChannel(const char *list, quint8 channel)
+    {
+        enter(QStringLiteral("%1[%2].").arg(QLatin1String(list)).arg(channel));
+        put("channel", channel);
+        return *this;
+    }
+    void put(const char *name, qlonglong value) { m_values[m_prefix + QLatin1String(name)] = value; }
+    void putElement(const char *table, int index, int value)
+    {
+        m_values[QStringLiteral("%1[%2]").arg(QLatin1String(table)).arg(index)] = static_cast<qlonglong>(value);
+    }
+
+    void putTables(const SimpleExtendPar &par)
+    {
+        for (int i = 0; i < par.diFilter.size(); ++i) {
+            const auto codes = static_cast<quint8>(par.diFilter.at(i));
+            putElement("digitalInput.diFilter", 2 * i, codes & 0x0F);
+            putElement("digitalInput.diFilter", 2 * i + 1, codes >> 4);
+        }
+        for (int i = 0; i < par.dqOutTbl.size(); ++i)
+            putElement("digitalOutput.dqOutTbl", i, static_cast<quint8>(par.dqOutTbl.at(i)));
+    }
+
+    void putChannels(const SimpleExtendPar &par)
+    {
+        for (auto kind = par.aiKind.cbegin(); kind != par.aiKind.cend(); ++kind) {
+            enterChannel("analogInput", kind.key()).put("family", kind.value());
+            const AiFilter filter = par.aiFilter.value(kind.key());
+            const AiRange range = par.aiRange.value(kind.key());
+            blocklayout::walkAnalogInput(*this, kind.value(), filter, range);
+        }
+        for (auto kind = par.aqKind.cbegin(); kind != par.aqKind.cend(); ++kind) {
+            enterChannel("analogOutput", kind.key()).put("family", kind.value());
+            const AqOutTbl stop = par.aqOutTbl.value(kind.key());
+            const AqOutType type = par.aqOutType.value(kind.key());
+            blocklayout::walkAnalogOutput(*this, stop, type);
+        }
+        for (auto entry = par.weighPar.cbegin(); entry != par.weighPar.cend(); ++entry)
+            blocklayout::walkWeighing(enterChannel("weighing", entry.key()), entry.value());
+    }
+
+    QString m_prefix;
+    QMap<QString, QVariant> m_values;
+};
+
+/// The name of the first field that the decoder says is stored but @p par, rebuilt from the same block, holds
+/// otherwise, or the first channel that only the record has; empty when they agree.
+inline QString disagreement(const DecodedBlock &block, const SimpleExtendPar &par, Format format)
+{
+    const auto isSame = [](const QVariant &left, const QVariant &right) {
+        const bool areDoubles = left.type() == QVariant::Double && right.type() == QVariant::Double;
+        return left == right || (areDoubles && std::isnan(left.toDouble()) && std::isnan(right.toDouble()));
+    };
+    QMap<QString, QVariant> held =
+        RecordFields(par, format == Format::SavedState ? BlockFormat::SavedState : BlockFormat::Configuration).values();
+    for (const Part &part : block.parts) {
+        for (const Field &field : part.fields) {
+            if (field.stored && !isSame(held.take(field.name), field.value))
+                return field.name;
+        }
+    }
+    // What is left the catalog has filled, or nothing has; channels and table entries can only come from the block.
+    for (auto left = held.cbegin(); left != held.cend(); ++left) {
+        if (left.key().contains(QLatin1Char('[')))
+            return left.key();
+    }
+    return QString();
+}
+
+} // namespace blockdecoder
