@@ -77,8 +77,9 @@ private:
             putElement("digitalInput.diFilter", 2 * i, codes & 0x0F);
             putElement("digitalInput.diFilter", 2 * i + 1, codes >> 4);
         }
-        for (int i = 0; i < par.dqOutTbl.size(); ++i)
+        for (int i = 0; i < par.dqOutTbl.size(); ++i) {
             putElement("digitalOutput.dqOutTbl", i, static_cast<quint8>(par.dqOutTbl.at(i)));
+        }
     }
 
     void putChannels(const SimpleExtendPar &par)
@@ -95,8 +96,9 @@ private:
             const AqOutType type = par.aqOutType.value(kind.key());
             blocklayout::walkAnalogOutput(*this, stop, type);
         }
-        for (auto entry = par.weighPar.cbegin(); entry != par.weighPar.cend(); ++entry)
+        for (auto entry = par.weighPar.cbegin(); entry != par.weighPar.cend(); ++entry) {
             blocklayout::walkWeighing(enterChannel("weighing", entry.key()), entry.value());
+        }
     }
 
     QString m_prefix;
@@ -115,16 +117,18 @@ inline QString disagreement(const DecodedBlock &block, const SimpleExtendPar &pa
         RecordFields(par, format == Format::SavedState ? BlockFormat::SavedState : BlockFormat::Configuration).values();
     for (const Part &part : block.parts) {
         for (const Field &field : part.fields) {
-            if (field.stored && !isSame(held.take(field.name), field.value))
+            if (field.stored && !isSame(held.take(field.name), field.value)) {
                 return field.name;
+            }
         }
     }
     // What is left the catalog has filled, or nothing has; channels and table entries can only come from the block.
     for (auto left = held.cbegin(); left != held.cend(); ++left) {
-        if (left.key().contains(QLatin1Char('[')))
+        if (left.key().contains(QLatin1Char('['))) {
             return left.key();
+        }
     }
-    return QString();
+    return {};
 }
 
 } // namespace blockdecoder

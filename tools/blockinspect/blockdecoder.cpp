@@ -44,8 +44,9 @@ QString sectionTypeText(quint8 type)
 
 QString sectionsText(int count)
 {
-    if (count == 0)
+    if (count == 0) {
         return QStringLiteral("header only");
+    }
     return count == 1 ? QStringLiteral("header and 1 section") : QStringLiteral("header and %1 sections").arg(count);
 }
 
@@ -83,8 +84,9 @@ private:
     bool readHeader()
     {
         m_cursor.u8("sectionCount", m_count);
-        if (!m_cursor.failed())
+        if (!m_cursor.failed()) {
             m_cursor.explain(sectionsText(sectionCount()));
+        }
         addPart(QStringLiteral("Header"));
         m_cursor.enter(Place::Frame, QStringLiteral("header."));
         const int at = m_cursor.offset();
@@ -122,16 +124,18 @@ private:
     {
         header.enter(Place::Header, QStringLiteral("header."));
         header.u32FromSignedBytes("objId", m_par.objId);
-        if (!header.failed())
+        if (!header.failed()) {
             m_block.kind = moduleKindText(m_par.objId);
+        }
         blocklayout::walkHeader(header, m_par, m_format);
         readRange(header, "inMap", m_par.inMap);
         readRange(header, "outMap", m_par.outMap);
         header.enter(Place::Header, QStringLiteral("header."));
         readInterruptTable(header);
         header.raw("reservBytes", m_par.reservBytes);
-        if (!header.failed())
+        if (!header.failed()) {
             header.explain(QStringLiteral("not read back: the catalog's stay"));
+        }
         if (header.remaining() != 0) {
             header.report(header.offset(), "rest", QStringLiteral("the end of the header"),
                           QStringLiteral("%1 more bytes").arg(header.remaining()),
@@ -143,15 +147,17 @@ private:
     /// Without a module info both ranges are skipped as one.
     void readRange(FieldCursor &header, const char *name, IoMap &range)
     {
-        if (header.failed())
+        if (header.failed()) {
             return;
+        }
         QVector<Field> &fields = m_block.parts.last().fields;
         const int firstField = fields.size();
         header.enter(Place::Range, QStringLiteral("header.%1.").arg(QLatin1String(name)));
         quint8 length = 0;
         blocklayout::walkRange(header, range, length);
-        if (m_par.moduleInfo != 0)
+        if (m_par.moduleInfo != 0) {
             return;
+        }
         std::for_each(fields.begin() + firstField, fields.end(), [](Field &field) {
             field.stored = false;
             field.meaning = notRead;
@@ -162,13 +168,15 @@ private:
     {
         quint8 marker = 0;
         header.u8("marker", marker);
-        if (header.failed())
+        if (header.failed()) {
             return;
-        if (marker != 0)
+        }
+        if (marker != 0) {
             header.raw("intEnableTbl", m_par.intEnableTbl);
-        else
+        } else {
             header.imply("intEnableTbl", QByteArray(static_cast<int>(m_par.intEnableTbl.size()), 0),
                          QStringLiteral("cleared"));
+        }
     }
 
     int sectionCount() const { return static_cast<quint8>(m_count - 1); }
@@ -177,8 +185,9 @@ private:
     bool readSections()
     {
         for (int number = 1; number <= sectionCount(); ++number) {
-            if (!readSection(number))
+            if (!readSection(number)) {
                 return false;
+            }
         }
         return true;
     }
@@ -255,23 +264,26 @@ private:
     void readDigital(FieldCursor &section, quint8 type)
     {
         section.setCutEffect(keepsOlderValues);
-        if (type == static_cast<quint8>(SectionType::DigitalInputFilter))
+        if (type == static_cast<quint8>(SectionType::DigitalInputFilter)) {
             readInputFilter(section);
-        else if (type == static_cast<quint8>(SectionType::DigitalOutputTable))
+        } else if (type == static_cast<quint8>(SectionType::DigitalOutputTable)) {
             readOutputTable(section);
-        else
+        } else {
             reportType(section, type, QStringLiteral("18 or 5 in a digital module"));
+        }
     }
 
     void readInputFilter(FieldCursor &section)
     {
         section.enter(Place::DigitalInput, QStringLiteral("digitalInput."));
         section.u8("count", m_par.diCount);
-        if (section.failed())
+        if (section.failed()) {
             return;
+        }
         readTable(section, "diFilter", m_par.diCount, m_inputFilter, &Decoder::addFilterByte);
-        if (m_par.dqCount == 0)
+        if (m_par.dqCount == 0) {
             return;
+        }
         m_par.dqCount = 0;
         section.enter(Place::DigitalOutput, QStringLiteral("digitalOutput."));
         section.imply("count", 0LL, QStringLiteral("cleared by an input filter behind the output table"));
@@ -294,12 +306,14 @@ private:
         const int known = fieldCount();
         QByteArray bytes;
         section.raw(name, bytes, blocklayout::bitTableSize(channels));
-        if (section.failed())
+        if (section.failed()) {
             return;
+        }
         table.until = known;
         m_block.parts.last().fields.removeLast();
-        for (int i = 0; i < bytes.size(); ++i)
+        for (int i = 0; i < bytes.size(); ++i) {
             (this->*addByte)(at + i, i, bytes.at(i));
+        }
     }
 
     void addFilterByte(int offset, int index, char byte)
@@ -359,8 +373,9 @@ private:
             enterChannel(section, place, channels.prefix, 3);
             quint16 recordLength = 0;
             section.u16("recordLength", recordLength);
-            if (section.failed())
+            if (section.failed()) {
                 return;
+            }
             if (recordLength > section.remaining()) {
                 section.report(at, "recordLength", QStringLiteral("at most %1").arg(section.remaining()),
                                QString::number(recordLength), dropsChannels);
@@ -406,8 +421,9 @@ private:
     static void checkRecordLength(FieldCursor &section, int recordAt, int recordLength, int fieldsSize)
     {
         const int expected = blocklayout::analogRecordHeadSize + fieldsSize;
-        if (recordLength == expected)
+        if (recordLength == expected) {
             return;
+        }
         section.report(
             recordAt, "recordLength", QString::number(expected), QString::number(recordLength),
             QStringLiteral("%1 bytes are read all the same, and the next record is sought behind them").arg(expected));
@@ -436,16 +452,18 @@ private:
     /// A record that ends early stores nothing of what it holds.
     void dropIfCut(const FieldCursor &section, int firstField)
     {
-        if (!section.failed())
+        if (!section.failed()) {
             return;
+        }
         QVector<Field> &fields = m_block.parts.last().fields;
         std::for_each(fields.begin() + firstField, fields.end(), [](Field &field) { leaveOut(field, "left out"); });
     }
 
     static void leaveOut(Field &field, const char *why)
     {
-        if (!field.stored)
+        if (!field.stored) {
             return;
+        }
         field.stored = false;
         field.meaning += (field.meaning.isEmpty() ? "" : "; ") + QLatin1String(why);
     }
@@ -461,7 +479,8 @@ private:
         leaveOutReplaced();
     }
 
-    /// Of several fields with one name the last one stays; a table or a channel list goes with all its entries.
+    /// Of several fields with one name the last one stays; a table or a channel list goes with all its entries, and
+    /// an analog channel with all its fields, as another family has others.
     void leaveOutReplaced()
     {
         QSet<QString> later;
@@ -469,11 +488,17 @@ private:
         for (auto part = m_block.parts.rbegin(); part != m_block.parts.rend(); ++part) {
             for (auto field = part->fields.rbegin(); field != part->fields.rend(); ++field) {
                 --index;
-                if (!field->stored)
+                if (!field->stored) {
                     continue;
-                if (later.contains(field->name) || isReplaced(*field, index))
+                }
+                const QString channel = field->name.left(field->name.indexOf(QLatin1Char('.')));
+                if (later.contains(field->name) || later.contains(channel) || isReplaced(*field, index)) {
                     leaveOut(*field, "replaced further down");
+                }
                 later.insert(field->name);
+                if (field->name.endsWith(QLatin1String("].family"))) { // the first field of a channel's record
+                    later.insert(channel);
+                }
             }
         }
     }
@@ -505,10 +530,11 @@ namespace blockdecoder {
 const Field *DecodedBlock::find(const QString &name) const
 {
     for (const Part &part : parts) {
-        const auto found = std::find_if(part.fields.cbegin(), part.fields.cend(),
+        const auto *const found = std::find_if(part.fields.cbegin(), part.fields.cend(),
                                         [&name](const Field &field) { return field.stored && field.name == name; });
-        if (found != part.fields.cend())
+        if (found != part.fields.cend()) {
             return found;
+        }
     }
     return nullptr;
 }

@@ -35,10 +35,11 @@ QString printable(const QString &text)
 {
     QString shown;
     for (const QChar character : text) {
-        if (character.isPrint() || character.isSurrogate())
+        if (character.isPrint() || character.isSurrogate()) {
             shown += character;
-        else
+        } else {
             shown += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
+        }
     }
     return QLatin1Char('"') + shown + QLatin1Char('"');
 }
@@ -52,7 +53,7 @@ QString valueText(const Field &field)
     case QVariant::Double:
         return QString::number(field.value.toDouble(), 'g', 7);
     case QVariant::ByteArray:
-        return QString();
+        return {};
     default:
         return field.value.toString();
     }
@@ -66,8 +67,9 @@ QString meaningText(const Field &field)
 
 void appendLine(QString &text, QString line)
 {
-    while (line.endsWith(QLatin1Char(' '))) // an empty last column
+    while (line.endsWith(QLatin1Char(' '))) { // an empty last column
         line.chop(1);
+    }
     text += line + QLatin1Char('\n');
 }
 
@@ -78,10 +80,12 @@ QString fieldText(const Field &field, const QString &label)
     const QString bytes = bytesLine(field.offset, field.raw.left(bytesPerLine));
     appendLine(text, bytes.leftJustified(bytesWidth) + label + meaningText(field));
     const int shown = qMin(shownBytes, field.raw.size());
-    for (int at = bytesPerLine; at < shown; at += bytesPerLine)
+    for (int at = bytesPerLine; at < shown; at += bytesPerLine) {
         appendLine(text, bytesLine(field.offset + at, field.raw.mid(at, bytesPerLine)));
-    if (shown < field.raw.size())
+    }
+    if (shown < field.raw.size()) {
         appendLine(text, QStringLiteral("        and %1 more bytes").arg(field.raw.size() - shown));
+    }
     return text;
 }
 
@@ -89,8 +93,9 @@ int longestName(const DecodedBlock &block)
 {
     int longest = 0;
     for (const Part &part : block.parts) {
-        for (const Field &field : part.fields)
+        for (const Field &field : part.fields) {
             longest = qMax(longest, field.name.size());
+        }
     }
     return longest;
 }
@@ -107,18 +112,21 @@ QString blockText(const DecodedBlock &block, int number)
     const int nameWidth = longestName(block);
     for (const Part &part : block.parts) {
         appendLine(text, QLatin1Char('\n') + part.title);
-        for (const Field &field : part.fields)
+        for (const Field &field : part.fields) {
             text += fieldText(field, field.name.leftJustified(nameWidth + 2));
+        }
     }
     return text;
 }
 
 QJsonValue jsonValue(const QVariant &value)
 {
-    if (value.type() == QVariant::ByteArray)
+    if (value.type() == QVariant::ByteArray) {
         return QString::fromLatin1(value.toByteArray().toHex());
-    if (value.type() == QVariant::Double && !std::isfinite(value.toDouble())) // JSON has no such numbers
+    }
+    if (value.type() == QVariant::Double && !std::isfinite(value.toDouble())) { // JSON has no such numbers
         return value.toString();
+    }
     return QJsonValue::fromVariant(value);
 }
 
@@ -132,8 +140,9 @@ QJsonObject toJson(const Field &field)
 QJsonObject toJson(const Part &part)
 {
     QJsonArray fields;
-    for (const Field &field : part.fields)
+    for (const Field &field : part.fields) {
         fields += toJson(field);
+    }
     return {{QStringLiteral("title"), part.title}, {QStringLiteral("fields"), fields}};
 }
 
@@ -149,11 +158,13 @@ QJsonObject toJson(const Damage &damage)
 QJsonObject toJson(const DecodedBlock &block)
 {
     QJsonArray parts;
-    for (const Part &part : block.parts)
+    for (const Part &part : block.parts) {
         parts += toJson(part);
+    }
     QJsonArray damages;
-    for (const Damage &damage : block.damages)
+    for (const Damage &damage : block.damages) {
         damages += toJson(damage);
+    }
     return {{QStringLiteral("offset"), block.offset},     {QStringLiteral("size"), block.size},
             {QStringLiteral("kind"), block.kind},         {QStringLiteral("refused"), block.refused},
             {QStringLiteral("complete"), block.complete}, {QStringLiteral("parts"), parts},
@@ -168,8 +179,9 @@ QVector<Field> numberedFields(const DecodedBlock &block)
     for (const Part &part : block.parts) {
         for (Field field : part.fields) {
             const int before = seen[field.name]++;
-            if (before > 0)
+            if (before > 0) {
                 field.name += QStringLiteral(" (%1)").arg(before + 1);
+            }
             fields += field;
         }
     }
@@ -179,8 +191,9 @@ QVector<Field> numberedFields(const DecodedBlock &block)
 QHash<QString, int> indexByName(const QVector<Field> &fields)
 {
     QHash<QString, int> index;
-    for (int i = 0; i < fields.size(); ++i)
+    for (int i = 0; i < fields.size(); ++i) {
         index.insert(fields.at(i).name, i);
+    }
     return index;
 }
 
@@ -198,14 +211,16 @@ void compare(int number, const DecodedBlock &left, const DecodedBlock &right, QV
     const QHash<QString, int> rightIndex = indexByName(rightFields);
     for (const Field &field : leftFields) {
         const int at = rightIndex.value(field.name, -1);
-        if (at < 0)
+        if (at < 0) {
             differences += {number, field.name, {field}, {}};
-        else if (!isSame(field, rightFields.at(at)))
+        } else if (!isSame(field, rightFields.at(at))) {
             differences += {number, field.name, {field}, {rightFields.at(at)}};
+        }
     }
     for (const Field &field : rightFields) {
-        if (!leftIndex.contains(field.name))
+        if (!leftIndex.contains(field.name)) {
             differences += {number, field.name, {}, {field}};
+        }
     }
 }
 
@@ -225,16 +240,18 @@ QJsonValue sideJson(const QVector<Field> &side)
 QVector<Difference> difference(const QVector<DecodedBlock> &left, const QVector<DecodedBlock> &right)
 {
     QVector<Difference> differences;
-    for (int i = 0; i < qMax(left.size(), right.size()); ++i)
+    for (int i = 0; i < qMax(left.size(), right.size()); ++i) {
         compare(i, left.value(i), right.value(i), differences);
+    }
     return differences;
 }
 
 QString toText(const QVector<DecodedBlock> &blocks)
 {
     QString text;
-    for (int i = 0; i < blocks.size(); ++i)
+    for (int i = 0; i < blocks.size(); ++i) {
         text += (i == 0 ? "" : "\n") + blockText(blocks.at(i), i + 1);
+    }
     const QString damages = damageText(blocks);
     return damages.isEmpty() ? text : text + QLatin1Char('\n') + damages;
 }
@@ -265,8 +282,9 @@ QString toText(const QVector<Difference> &differences)
 QJsonObject toJson(const QVector<DecodedBlock> &blocks)
 {
     QJsonArray array;
-    for (const DecodedBlock &block : blocks)
+    for (const DecodedBlock &block : blocks) {
         array += toJson(block);
+    }
     return {{QStringLiteral("blocks"), array}};
 }
 

@@ -41,8 +41,9 @@ FieldCursor FieldCursor::sub(int count)
 
 void FieldCursor::takeRest(const QString &name, const QString &meaning)
 {
-    if (remaining() == 0)
+    if (remaining() == 0) {
         return;
+    }
     const QByteArray bytes = ahead(remaining());
     fields() += Field{offset(), bytes, name, bytes, meaning, false};
     m_reader = ByteReader(nullptr, 0);
@@ -62,8 +63,9 @@ void FieldCursor::explain(const QString &meaning)
 void FieldCursor::report(int offset, const char *name, const QString &expected, const QString &found,
                          const QString &effect)
 {
-    if (m_damaged)
+    if (m_damaged) {
         return;
+    }
     m_damaged = true;
     m_block->damages += {offset, m_prefix + QLatin1String(name), expected, found, effect};
 }
@@ -73,8 +75,9 @@ void FieldCursor::u32FromSignedBytes(const char *name, quint32 &value)
     quint32 plain = 0;
     ByteReader(m_reader).u32(name, plain);
     take(name, 4, value, [&] { m_reader.u32FromSignedBytes(name, value); });
-    if (!failed() && value != plain)
+    if (!failed() && value != plain) {
         explain(QStringLiteral("reads back changed: the bytes count with their signs"));
+    }
 }
 
 void FieldCursor::textSigned(const char *name, QString &value)
@@ -98,8 +101,9 @@ void FieldCursor::textBehind(const char *name, int length, QString &value,
     const int left = remaining() - 1;
     const QByteArray bytes = ahead(1 + qMax(0, length));
     (m_reader.*read)(name, value);
-    if (failed())
+    if (failed()) {
         return reportCut(name, 1);
+    }
     fields() += Field{at,
                       bytes.left(1),
                       m_prefix + QLatin1String(name) + QStringLiteral(".length"),

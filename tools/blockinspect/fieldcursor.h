@@ -98,10 +98,11 @@ private:
         const int at = offset();
         const QByteArray bytes = ahead(size);
         read();
-        if (failed())
+        if (failed()) {
             reportCut(name, size);
-        else
+        } else {
             add(at, bytes, name, toVariant(value));
+        }
     }
     /// A copy of the next bytes; of fewer where fewer remain.
     QByteArray ahead(int count) const;

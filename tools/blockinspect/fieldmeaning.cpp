@@ -100,8 +100,9 @@ QString moduleInfoText(double info)
 
 QString deadbandText(double deadband)
 {
-    if (deadband == 0)
+    if (deadband == 0) {
         return QStringLiteral("no deadband");
+    }
     const bool offered = deadband <= 4080 && std::fmod(deadband, 16) == 0;
     return offered ? QString() : QStringLiteral("not a multiple of 16 up to 4080");
 }
@@ -178,10 +179,12 @@ QString outputName(int output)
 
 QString fieldMeaning(Place place, quint8 family, const char *name, double value)
 {
-    if (place == Place::Frame)
-        return QString();
-    if (const ChoiceRow *row = findRow(choiceRows, place, name))
+    if (place == Place::Frame) {
+        return {};
+    }
+    if (const ChoiceRow *row = findRow(choiceRows, place, name)) {
         return choiceText(*row, family, static_cast<int>(value));
+    }
     const NumberRow *row = findRow(numberRows, place, name);
     return row == nullptr ? QString() : row->text(value);
 }
@@ -205,8 +208,9 @@ QString moduleKindText(quint32 objId)
 
 QString filterGroupText(int group, int inputCount, int code)
 {
-    if (group * 4 >= inputCount)
+    if (group * 4 >= inputCount) {
         return QStringLiteral("beyond the last input");
+    }
     const int byte = group / 2;
     const int bit = group % 2 * 4;
     const QString delay = choices::digitalFilterDelays.text(code);
@@ -223,11 +227,13 @@ QString outputStatesText(int index, int outputCount, quint8 states)
     const int last = qMin(first + 8, outputCount) - 1;
     QStringList on;
     for (int output = first; output <= last; ++output) {
-        if ((states & (0x80U >> static_cast<unsigned>(output - first))) != 0)
+        if ((states & (0x80U >> static_cast<unsigned>(output - first))) != 0) {
             on += outputName(output);
+        }
     }
     const QString outputs = outputName(first) + QStringLiteral(" - ") + outputName(last) + QStringLiteral(": ");
-    if (on.size() == last - first + 1)
+    if (on.size() == last - first + 1) {
         return outputs + QStringLiteral("all ON");
+    }
     return outputs + (on.isEmpty() ? QStringLiteral("all OFF") : on.join(QLatin1Char(' ')) + QStringLiteral(" ON"));
 }

@@ -16,7 +16,7 @@ using namespace blockdecoder;
 enum ExitStatus { Success = 0, Different = 1, Failure = 2 };
 
 /// Hundreds of times what a full station takes.
-constexpr qint64 maximumSize = 1024 * 1024;
+constexpr qint64 maximumSize = 1024 * Q_INT64_C(1024);
 
 struct Options {
     QCommandLineOption config{QStringLiteral("config"),
@@ -91,8 +91,9 @@ bool readBlocks(const QString &path, const QCommandLineParser &parser, const Opt
                 QVector<DecodedBlock> &blocks)
 {
     QByteArray bytes;
-    if (!readFile(path, bytes) || (parser.isSet(options.hex) && !takeHex(path, bytes)))
+    if (!readFile(path, bytes) || (parser.isSet(options.hex) && !takeHex(path, bytes))) {
         return false;
+    }
     blocks = decode(bytes, parser.isSet(options.config) ? Format::Configuration : Format::SavedState);
     return true;
 }
@@ -118,24 +119,28 @@ int compareFiles(const QString &path, const QCommandLineParser &parser, const Op
     }
     QVector<DecodedBlock> left;
     QVector<DecodedBlock> right;
-    if (!readBlocks(path, parser, options, left) || !readBlocks(other, parser, options, right))
+    if (!readBlocks(path, parser, options, left) || !readBlocks(other, parser, options, right)) {
         return Failure;
+    }
     const QVector<Difference> differences = difference(left, right);
     printReport(differences, parser.isSet(options.json));
     for (const auto &[name, blocks] : {std::pair(path, left), std::pair(other, right)}) {
-        if (isDamaged(blocks))
+        if (isDamaged(blocks)) {
             complain(QStringLiteral("%1 is damaged\n%2").arg(name, damageText(blocks).trimmed()));
+        }
     }
-    if (isDamaged(left) || isDamaged(right))
+    if (isDamaged(left) || isDamaged(right)) {
         return Failure;
+    }
     return differences.isEmpty() ? Success : Different;
 }
 
 int inspectFile(const QString &path, const QCommandLineParser &parser, const Options &options)
 {
     QVector<DecodedBlock> blocks;
-    if (!readBlocks(path, parser, options, blocks))
+    if (!readBlocks(path, parser, options, blocks)) {
         return Failure;
+    }
     printReport(blocks, parser.isSet(options.json));
     return isDamaged(blocks) ? Failure : Success;
 }
@@ -165,8 +170,9 @@ int main(int argc, char *argv[])
         complain(parser.errorText());
         return Failure;
     }
-    if (parser.isSet(help))
+    if (parser.isSet(help)) {
         parser.showHelp(Success);
+    }
     if (parser.positionalArguments().size() != 1) {
         complain(QStringLiteral("one FILE is wanted; --help tells more"));
         return Failure;
