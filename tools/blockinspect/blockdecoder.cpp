@@ -530,8 +530,9 @@ namespace blockdecoder {
 const Field *DecodedBlock::find(const QString &name) const
 {
     for (const Part &part : parts) {
-        const auto *const found = std::find_if(part.fields.cbegin(), part.fields.cend(),
-                                        [&name](const Field &field) { return field.stored && field.name == name; });
+        const auto *const found = std::find_if(part.fields.cbegin(), part.fields.cend(), [&name](const Field &field) {
+            return field.stored && field.name == name;
+        });
         if (found != part.fields.cend()) {
             return found;
         }
