@@ -4,7 +4,7 @@
 // A file is read anew at each look-up; nothing is cached.
 #pragma once
 
-#include "simpleextendpar.h"
+#include "metformat.h"
 
 #include <QVector>
 
@@ -12,13 +12,19 @@
 class MetParser {
 public:
     /// The finished entry when @p line ends one, else null. The entry is valid until the next line.
-    const ModuleMetInfo *feed(const QString &line);
+    const ModuleMetInfo *feed(const MetLine &line);
 
 private:
     void startEntry();
 
     ModuleMetInfo m_entry;
 };
+
+/// The type code that a look-up of @p typeCode searches for: 3 for 4, else the same.
+quint32 searchedTypeCode(quint32 typeCode);
+
+/// Name of the description file of a type code, without folder.
+QString metFileName(quint32 typeCode);
 
 /// Path of the description file of a type code.
 QString metFilePath(quint32 typeCode);

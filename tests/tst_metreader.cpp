@@ -1,56 +1,13 @@
 // Description files: what each line does to an entry, and which entry a look-up chooses.
 #include "catalogfolder.h"
+#include "metfields.h"
 #include "metreader.h"
 #include "recordinghost.h"
 
 #include <QTextCodec>
+#include <QTextStream>
 
 namespace {
-
-template <class Bytes>
-QString hex(const Bytes &bytes)
-{
-    return QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(bytes.data()), int(bytes.size())).toHex());
-}
-
-QStringList fieldsOf(const ModuleMetInfo &info)
-{
-    QStringList unsupported;
-    for (const quint32 code : info.notSupported) {
-        unsupported << QString::number(code, 16);
-    }
-    const auto number = [](auto value) { return QString::number(value); };
-    return {
-        "metVersion=" + info.metVersion,
-        "needHwCnfgVersion=" + number(info.needHwCnfgVersion),
-        "objName=" + info.objName,
-        "mlfb=" + info.mlfb,
-        "objId=" + number(info.objId),
-        "parentObjId=" + number(info.parentObjId),
-        "baseType=" + number(info.baseType),
-        "numIOModules=" + number(info.numIOModules),
-        "notSupported=" + unsupported.join('|'),
-        "serverFile=" + info.serverFile,
-        "isCatEntry=" + number(int(info.isCatEntry)),
-        "moduleInfo=" + number(info.moduleInfo),
-        "intSupported=" + hex(info.intSupported),
-        "fwVersion=" + number(info.fwVersion),
-        "buffCnfg=" + hex(info.buffCnfg),
-        "syncCnfg=" + hex(info.syncCnfg),
-        "softCtrlRemote=" + number(int(info.softCtrlRemote)),
-        "rackId=" + number(info.rackId),
-        "slotId=" + number(info.slotId),
-        "intEnableTbl=" + hex(info.intEnableTbl),
-        "supportGrpCnfg=" + number(int(info.supportGrpCnfg)),
-        "sampPeriodGrpCnfg=" + number(int(info.sampPeriodGrpCnfg)),
-        "sampPeriodList=" + info.sampPeriodList.join('|'),
-        "reservBytes=" + hex(info.reservBytes),
-        "supportEtherCAT=" + number(info.supportEtherCAT),
-        "supportRack=" + number(info.supportRack),
-        "supportCANopen=" + number(int(info.supportCANopen)),
-        "supportHSC=" + number(info.supportHSC),
-    };
-}
 
 /// The fields in which @p info differs from a fresh record.
 QString changes(const ModuleMetInfo &info)
@@ -180,6 +137,32 @@ private slots:
         catalog.writeDescription(13395, "ObjID=3453\nObjName=new\n[END]\n");
         QCOMPARE(lookUpMetInfo(13395, info), 0);
         QCOMPARE(info.objName, QStringLiteral("new"));
+    }
+
+    void textIsThatOfATextStream()
+    {
+        const QByteArray lines = "a\r\n\rb\r\r\n\n\xC3\xA9\xFF" + QByteArray(16379, 'x') + "\xE6\xA8\xA1\nc\r";
+        QByteArrayList contents{lines, "\r", "\n", "a\n", "\xE6\xA8", "\xEF\xBB\xBF" + lines, QByteArray("a\0b", 3)};
+        for (const char *encoding : {"UTF-16LE", "UTF-16BE", "UTF-32LE", "UTF-32BE"}) {
+            const auto encoded =
+                QTextCodec::codecForName(encoding)->fromUnicode(QChar(0xFEFF) + QString::fromUtf8(lines));
+            contents << encoded << encoded.chopped(1);
+        }
+        for (const QByteArray &content : qAsConst(contents)) {
+            QStringList expected;
+            QTextStream stream(content);
+            for (QString line; stream.readLineInto(&line);) {
+                expected << line;
+            }
+            QStringList found;
+            QTextCodec::ConverterState state;
+            const QString text = decodeMetFile(content, QTextCodec::codecForLocale(), state);
+            visitMetLines(text, [&found](QStringView line) {
+                found << line.toString();
+                return true;
+            });
+            QCOMPARE(found, expected);
+        }
     }
 
     void utf16FileWithByteOrderMark()
