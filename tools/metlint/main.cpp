@@ -1,0 +1,241 @@
+// metlint: checks module description files from the command line.
+#include "linter.h"
+
+#include "baseservices.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTextCodec>
+
+#include <cstdio>
+
+namespace {
+
+enum ExitCode { Clean = 0, Findings = 1, Failure = 2 };
+
+const QLatin1String descriptionFolder("6"); // as the host names its component folders
+const QLatin1String componentFolder("9");
+
+void printLine(std::FILE *stream, const QByteArray &line)
+{
+    std::fputs(line.constData(), stream);
+    std::fputc('\n', stream);
+}
+
+void complain(const QString &text)
+{
+    printLine(stderr, (QStringLiteral("metlint: ") % text).toLocal8Bit());
+}
+
+void printJson(const QJsonArray &array)
+{
+    std::fputs(QJsonDocument(array).toJson().constData(), stdout);
+}
+
+void listRules(bool asJson)
+{
+    QJsonArray array;
+    for (const LintRule &rule : lintRules()) {
+        if (asJson) {
+            array.append(QJsonObject{{QStringLiteral("rule"), QString::fromLatin1(rule.id)},
+                                     {QStringLiteral("severity"), severityName(rule.severity)},
+                                     {QStringLiteral("text"), QString::fromLatin1(rule.description)}});
+        } else {
+            printLine(stdout, QByteArray(rule.id).leftJustified(20) +
+                                  severityName(rule.severity).toLatin1().leftJustified(9) + rule.description);
+        }
+    }
+    if (asJson) {
+        printJson(array);
+    }
+}
+
+QJsonObject toJson(const QString &file, const Finding &finding)
+{
+    const LintRule &rule = lintRule(finding.rule);
+    return {{QStringLiteral("file"), file},
+            {QStringLiteral("line"), finding.line},
+            {QStringLiteral("column"), finding.column},
+            {QStringLiteral("severity"), severityName(rule.severity)},
+            {QStringLiteral("rule"), QString::fromLatin1(rule.id)},
+            {QStringLiteral("text"), finding.text}};
+}
+
+/// Lints the files and folders of the command line and remembers how it went.
+class Run {
+public:
+    Run(LintContext context, bool asJson) : m_context(std::move(context)), m_asJson(asJson) {}
+
+    void lintArgument(const QString &path)
+    {
+        if (QFileInfo(path).isDir()) {
+            lintFolder(path);
+        } else {
+            lintFile(path);
+        }
+    }
+
+    ExitCode finish() const
+    {
+        if (m_asJson) {
+            printJson(m_array);
+        }
+        if (m_failed) {
+            return Failure;
+        }
+        return m_found ? Findings : Clean;
+    }
+
+private:
+    void fail(const QString &text)
+    {
+        m_failed = true;
+        complain(text);
+    }
+
+    void lintFolder(const QString &path)
+    {
+        QDir folder(path);
+        if (folder.exists(descriptionFolder)) {
+            folder.cd(descriptionFolder);
+        }
+        // Name filters ignore case, so that a name in the wrong case has its finding, too.
+        const QStringList files = folder.entryList({QStringLiteral("hw*.met")}, QDir::Files, QDir::Name);
+        if (files.isEmpty()) {
+            fail(path % QStringLiteral(": no description files (hw*.met) here"));
+        }
+        for (const QString &file : files) {
+            lintFile(QDir::cleanPath(folder.filePath(file)));
+        }
+    }
+
+    void lintFile(const QString &path)
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly)) {
+            fail(path % QStringLiteral(": ") % file.errorString());
+            return;
+        }
+        const QByteArray content = file.readAll();
+        if (file.error() != QFileDevice::NoError) {
+            fail(path % QStringLiteral(": ") % file.errorString());
+            return;
+        }
+        const QFileInfo info(path);
+        LintContext context = m_context;
+        context.fileName = info.fileName();
+        context.componentFolder = componentsFor(info.absoluteDir());
+        report(path, lint(content, context));
+    }
+
+    QString componentsFor(const QDir &descriptions)
+    {
+        if (!m_context.componentFolder.isEmpty()) {
+            return m_context.componentFolder;
+        }
+        QString beside = QDir::cleanPath(descriptions.absoluteFilePath(QStringLiteral("../") % componentFolder));
+        if (QFileInfo(beside).isDir()) {
+            return beside;
+        }
+        if (beside != m_unchecked) {
+            complain(QStringLiteral("component files are not checked: no folder %1 (see --components)").arg(beside));
+        }
+        m_unchecked = beside;
+        return {};
+    }
+
+    void report(const QString &path, const QVector<Finding> &findings)
+    {
+        for (const Finding &finding : findings) {
+            if (m_asJson) {
+                m_array.append(toJson(path, finding));
+            } else {
+                printLine(stdout, formatFinding(path, finding).toLocal8Bit());
+            }
+        }
+        m_found = m_found || !findings.isEmpty();
+    }
+
+    LintContext m_context; // what the command line says for all files
+    bool m_asJson;
+    QString m_unchecked; // folder that the user was told about
+    QJsonArray m_array;
+    bool m_found = false;
+    bool m_failed = false;
+};
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("metlint"));
+
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this and stop."));
+    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print JSON instead of lines."));
+    const QCommandLineOption list(QStringLiteral("list-rules"), QStringLiteral("List the rules and stop."));
+    const QCommandLineOption host(
+        QStringLiteral("host-version"),
+        QStringLiteral("Version number of the host that reads the files (default: %1).").arg(getAppVerNum()),
+        QStringLiteral("N"), QString::number(getAppVerNum()));
+    const QCommandLineOption components(
+        QStringLiteral("components"),
+        QStringLiteral("Folder of the component files (default: the folder 9 beside that of the description files)."),
+        QStringLiteral("DIR"));
+    const QCommandLineOption encoding(
+        QStringLiteral("encoding"),
+        QStringLiteral("Encoding of files without a byte-order mark on the host's machine (default: this machine's)."),
+        QStringLiteral("NAME"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Explains where a module description file says something else than the host reads from it.\n"
+        "Prints file:line:column: severity: text [rule]. Exit status: 0 clean, 1 findings, 2 wrong usage or a file\n"
+        "that cannot be read."));
+    parser.addOptions({help, json, list, host, components, encoding});
+    parser.addPositionalArgument(
+        QStringLiteral("FILE|FOLDER..."),
+        QStringLiteral("Description files, folders of them, or the folder that holds the folders 6 and 9."));
+
+    // Not process(): its exit status for wrong usage is 1.
+    if (!parser.parse(QCoreApplication::arguments())) {
+        complain(parser.errorText());
+        return Failure;
+    }
+    if (parser.isSet(help)) {
+        parser.showHelp(Clean);
+    }
+    if (parser.isSet(list)) {
+        listRules(parser.isSet(json));
+        return Clean;
+    }
+
+    bool isNumber = false;
+    LintContext context;
+    context.hostVersion = parser.value(host).toUInt(&isNumber);
+    context.componentFolder = parser.value(components);
+    if (parser.isSet(encoding)) {
+        context.encoding = QTextCodec::codecForName(parser.value(encoding).toUtf8());
+    }
+    if (!isNumber) {
+        complain(QStringLiteral("--host-version needs a number"));
+    } else if (context.encoding == nullptr) {
+        complain(QStringLiteral("unknown encoding ") % parser.value(encoding));
+    } else if (parser.isSet(components) && !QFileInfo(context.componentFolder).isDir()) {
+        complain(QStringLiteral("no folder ") % context.componentFolder);
+    } else if (parser.positionalArguments().isEmpty()) {
+        complain(QStringLiteral("name at least one file or folder (see --help)"));
+    } else {
+        const QStringList paths = parser.positionalArguments();
+        Run run(context, parser.isSet(json));
+        for (const QString &path : paths) {
+            run.lintArgument(path);
+        }
+        return run.finish();
+    }
+    return Failure;
+}
