@@ -136,6 +136,7 @@ void SimpleExtendcfgdlg::buildTree()
     m_tree->setAccessibleName(tr("Parameter groups"));
     m_tree->setLineWidth(2);
     m_tree->setHeaderHidden(true);
+    m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // never narrower than its items, see fitToFont
     m_tree->setExpandsOnDoubleClick(false);
     m_tree->setRootIsDecorated(false);
     m_tree->setIconSize(QSize(treeIconSize, treeIconSize));

@@ -68,7 +68,7 @@ void SAQOutTypeWgt::initUI()
 void SAQOutTypeWgt::fitToFont()
 {
     for (QLabel *header : qAsConst(m_headers)) {
-        header->setFixedHeight(qMax(headerHeight, header->fontMetrics().height()));
+        header->setFixedHeight(qMax(headerHeight, header->sizeHint().height()));
     }
 }
 
