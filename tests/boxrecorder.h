@@ -13,7 +13,7 @@ class BoxRecorder : public QObject {
 public:
     BoxRecorder() { qApp->installEventFilter(this); }
 
-    QStringList texts;
+    QStringList told; ///< icon, title and text
     QStringList titles;
     std::function<void(const QMessageBox &box)> onBox = [](const QMessageBox &) {}; ///< before the answer
 
@@ -21,7 +21,8 @@ public:
     {
         auto *box = qobject_cast<QMessageBox *>(watched);
         if (box != nullptr && event->type() == QEvent::Show) {
-            texts << box->text();
+            const QString icon = box->icon() == QMessageBox::Warning ? "warning" : "information";
+            told << QStringLiteral("%1, %2: %3").arg(icon, box->windowTitle(), box->text());
             titles << box->windowTitle();
             onBox(*box);
             QMetaObject::invokeMethod(box, &QDialog::accept, Qt::QueuedConnection);

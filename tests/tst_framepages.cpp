@@ -1,5 +1,6 @@
 // The pages of every module: name and comment, addresses.
 #include "boxrecorder.h"
+#include "pagefixture.h"
 #include "recordinghost.h"
 #include "saddrmapwgt.h"
 #include "sgeneralwgt.h"
@@ -7,15 +8,11 @@
 #include "simulatedbase.h"
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QSpinBox>
 #include <QTextCodec>
 #include <QTextEdit>
-#include <QtTest>
 
 Q_DECLARE_METATYPE(IoMap)
 
@@ -51,67 +48,46 @@ private slots:
         simulatedhost::resetBase();
     }
 
-    void commentLimit_data()
+    void general_data()
     {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<int>("cursor");
+        QTest::addColumn<QString>("before"); // the comment; the bar is the cursor
         QTest::addColumn<QString>("pasted");
-        QTest::addColumn<QString>("after");
-        QTest::addColumn<int>("cursorAfter");
-        const QString full = letters(250);
-        QTest::newRow("too much into an empty comment") << QString() << 0 << letters(300) << full << 250;
-        QTest::newRow("into the middle of a full comment") << full << 100 << "b" << full << 100;
-        QTest::newRow("before a full comment") << full << 0 << "bcd" << full << 0;
-        QTest::newRow("up to the limit in bytes") << letters(248) << 248 << "é" << letters(248) + "é" << 249;
-        QTest::newRow("beyond the limit in bytes") << letters(249) << 249 << "é" << letters(249) << 249;
-        QTest::newRow("no half of a pair stays") << letters(247) << 247 << smiley << letters(247) << 247;
-        QTest::newRow("a book") << "end" << 0 << letters(3'000'000) << letters(247) + "end" << 247;
+        QTest::addColumn<QString>("saved");
+        const auto row = [](const char *name, const QString &before, const QString &pasted, const QString &saved) {
+            QTest::newRow(name) << before << pasted << saved;
+        };
+        const QString inside = letters(100) + '|' + letters(150);
+        row("too much into an empty comment", "|", letters(300), letters(250) + '|');
+        row("into the middle of a full comment", inside, "b", inside);
+        row("before a full comment", '|' + letters(250), "bcd", '|' + letters(250));
+        row("up to the limit in bytes", letters(248) + '|', "é", letters(248) + "é|");
+        row("beyond the limit in bytes", letters(249) + '|', "é", letters(249) + '|');
+        row("no half of a pair stays", letters(247) + '|', smiley, letters(247) + '|');
+        row("a book", "|end", letters(3'000'000), letters(247) + "|end");
+        row("unedited line ends stay", "|one\r\ntwo", "", "|one\r\ntwo");
+        row("a longer comment is cut at its end", '|' + letters(260) + "b", "", '|' + letters(250));
+        row("a pair at the cut goes", '|' + letters(248) + smiley, "", '|' + letters(248));
     }
-    void commentLimit()
+    void general()
     {
         QFETCH(QString, before);
-        QFETCH(int, cursor);
         QFETCH(QString, pasted);
         SimpleExtendPar par;
-        par.comment = before;
+        par.objName = letters(30); // longer than the page lets anybody type
+        par.comment = QString(before).remove('|');
         SGeneralWgt page(&par, nullptr, nullptr);
-        auto *edit = page.findChild<QTextEdit *>("commentEdit");
-        QTextCursor place = edit->textCursor();
-        place.setPosition(cursor);
-        edit->setTextCursor(place);
+        auto *comment = child<QTextEdit>(page, "commentEdit");
+        QTextCursor place = comment->textCursor();
+        place.setPosition(before.indexOf('|'));
+        comment->setTextCursor(place);
         QGuiApplication::clipboard()->setText(pasted);
-        edit->paste();
-        QTEST(edit->toPlainText(), "after");
-        QTEST(edit->textCursor().position(), "cursorAfter");
-    }
-
-    void generalSave_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("comment");
-        QTest::addColumn<QString>("savedComment");
-        QTest::newRow("line ends stay") << "Module"
-                                        << "one\r\ntwo"
-                                        << "one\r\ntwo";
-        QTest::newRow("a longer name stays") << letters(30) << ""
-                                             << "";
-        QTest::newRow("a longer comment is cut at its end") << "" << letters(260) + "b" << letters(250);
-        QTest::newRow("a pair at the cut goes") << "" << letters(248) + smiley << letters(248);
-    }
-    void generalSave()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, comment);
-        SimpleExtendPar par;
-        par.objName = name;
-        par.comment = comment;
-        SGeneralWgt page(&par, nullptr, nullptr);
+        comment->paste();
         QVERIFY(page.saveData());
-        QCOMPARE(par.objName, name);
-        QTEST(par.comment, "savedComment");
+        QCOMPARE(par.objName, letters(30));
+        QTEST(par.comment.insert(comment->textCursor().position(), '|'), "saved");
 
-        page.findChild<QLineEdit *>("nameEdit")->setText(letters(23) + smiley);
-        page.findChild<QTextEdit *>("commentEdit")->setPlainText("new");
+        child<QLineEdit>(page, "nameEdit")->setText(letters(23) + smiley);
+        comment->setPlainText("new");
         QVERIFY(page.saveData());
         QCOMPARE(par.objName + par.comment, letters(23) + "new");
     }
@@ -123,87 +99,62 @@ private slots:
         par.objName = "mine";
         factory.objName = "factory";
         SGeneralWgt page(&par, nullptr, nullptr);
-        auto *name = page.findChild<QLineEdit *>("nameEdit");
         SimpleExtendPar *answer = nullptr;
         int asked = 0;
-        QVERIFY(QMetaObject::invokeMethod(&page, "slot_btnDefault_clicked")); // nobody listens
+        edit(page, "defaultsButton"); // nobody listens
         connect(&page, &SGeneralWgt::signal_requestDefaultPar, this, [&] {
             ++asked;
             return answer;
         });
         QVERIFY(QMetaObject::invokeMethod(&page, "slot_btnDefault_clicked")); // nothing to be had
-        QCOMPARE(name->text(), par.objName);
+        QCOMPARE(child<QLineEdit>(page, "nameEdit")->text(), par.objName);
         answer = &factory;
-        page.findChild<QPushButton *>("defaultsButton")->click();
-        page.findChild<QPushButton *>("defaultsButton")->click();
-        QCOMPARE(name->text(), factory.objName);
+        edit(page, "defaultsButton defaultsButton");
+        QCOMPARE(child<QLineEdit>(page, "nameEdit")->text(), factory.objName);
         QCOMPARE(asked, 2);
         QCOMPARE(par.objName, QStringLiteral("mine"));
     }
 
-    void addressShown_data()
+    void address_data()
     {
         QTest::addColumn<IoMap>("range");
-        QTest::addColumn<int>("maximum");
-        QTest::addColumn<QString>("shown"); // tool tip, length, unit, end, memory
-        const auto row = [](const char *name, const IoMap &range, int maximum, const char *shown) {
-            QTest::newRow(name) << range << maximum << shown;
-        };
-        row("words", {6, 10, 4, 1, 2}, 1000, "0~1000 4 Words 17 AI");
-        row("bits", {129, 3, 12, 1, 0}, 126, "0~126 2 Bytes 4 I");
-        row("double words", {132, 0, 2, 1, 4}, 8184, "0~8184 2 DWord 7 V");
-        row("above the highest start", {129, 127, 16, 1, 0}, 127, "0~126 2 Bytes 128 I");
-        row("a wrapped highest start", {6, 0, 200, 1, 2}, 2147483647, "0~2147483647 200 Words 143 AI");
-        row("no area", {0, 0, 1, 1, 1}, 0, "0~0 1 Bytes 0 ");
-        row("no channels", {6, 0, 0, 1, 2}, 1024, "0~1024 0 Words  AI");
-    }
-    void addressShown()
-    {
-        QFETCH(IoMap, range);
-        simulatedhost::setPlcType(owner, 1); // 512 bytes AIEx, 128 bytes IEx, 8192 bytes V
-        SimpleExtendPar par = moduleWith(range);
-        SAddrMapWgt page(&par, nullptr, nullptr);
-        const auto *start = page.findChild<QSpinBox *>("inputStart");
-        QCOMPARE(start->value(), int(range.start));
-        QTEST(start->maximum(), "maximum");
-        const QStringList shown{start->toolTip(), page.findChild<QSpinBox *>("inputLength")->text(),
-                                page.findChild<QComboBox *>("inputUnit")->currentText(),
-                                page.findChild<QLineEdit *>("inputEnd")->text(),
-                                page.findChild<QLabel *>("inputMemory")->text()};
-        QTEST(shown.join(' '), "shown");
-        QCOMPARE(start->isEnabled(), range.count != 0);
-        QVERIFY(page.saveData());
-        QCOMPARE(par.inMap.start, range.start);
-    }
-
-    void typedStart_data()
-    {
-        QTest::addColumn<IoMap>("range");
-        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("edits");
         QTest::addColumn<int>("start");
-        QTest::newRow("even") << IoMap{6, 10, 4, 1, 2} << "24" << 24;
-        QTest::newRow("odd words snap back") << IoMap{6, 10, 4, 1, 2} << "25" << 10;
-        QTest::newRow("an odd place may stay") << IoMap{6, 11, 4, 1, 2} << "13" << 11;
-        QTest::newRow("odd bytes") << IoMap{129, 10, 8, 1, 0} << "25" << 25;
-        QTest::newRow("more than a start can hold") << IoMap{6, 10, 255, 1, 2} << "65538" << 10;
+        QTest::addColumn<QString>("shown"); // maximum, tool tip, length, unit, end, memory
+        const auto row = [](const char *name, const IoMap &range, int start, const char *shown, const char *edits) {
+            QTest::newRow(name) << range << QString(edits) << start << QString(shown);
+        };
+        row("words", {6, 10, 4, 1, 2}, 24, "1000 0~1000 4 Words 31 AI", "inputStart=24");
+        row("odd words snap back", {6, 10, 4, 1, 2}, 10, "1000 0~1000 4 Words 17 AI", "inputStart=25");
+        row("an odd place may stay", {6, 11, 4, 1, 2}, 11, "1000 0~1000 4 Words 18 AI", "inputStart=13");
+        row("more than a start", {6, 9, 200, 1, 2}, 9, "2147483647 0~2147483647 200 Words 152 AI", "inputStart=65538");
+        row("bits", {129, 3, 12, 1, 0}, 25, "126 0~126 2 Bytes 26 I", "inputStart=25");
+        row("above the highest start", {129, 127, 16, 1, 0}, 127, "127 0~126 2 Bytes 128 I", "");
+        row("double words", {132, 0, 2, 1, 4}, 0, "8184 0~8184 2 DWord 7 V", "");
+        row("no area", {0, 0, 1, 1, 1}, 0, "0 0~0 1 Bytes 0 ", "");
+        row("no channels", {6, 0, 0, 1, 2}, 0, "1024 0~1024 0 Words  AI", "");
     }
-    void typedStart()
+    void address()
     {
         QFETCH(IoMap, range);
-        QFETCH(QString, typed);
+        QFETCH(QString, edits);
         QFETCH(int, start);
-        simulatedhost::setPlcType(owner, 1);
+        simulatedhost::setPlcType(owner, 1); // 512 bytes AIEx, 128 bytes IEx, 8192 bytes V
         for (const bool confirmed : {true, false}) {
             SimpleExtendPar par = moduleWith(range);
             SAddrMapWgt page(&par, nullptr, nullptr);
-            auto *spinBox = page.findChild<QSpinBox *>("inputStart");
-            spinBox->selectAll();
-            QTest::keyClicks(spinBox, typed);
+            auto *spinBox = child<QSpinBox>(page, "inputStart");
+            QCOMPARE(spinBox->value(), int(range.start));
+            QCOMPARE(spinBox->isEnabled(), range.count != 0);
+            edit(page, edits);
             if (confirmed) {
-                QTest::keyClick(spinBox, Qt::Key_Enter);
+                QTest::keyClicks(spinBox, edits.isEmpty() ? "" : "\r");
+                QStringList shown{QString::number(spinBox->maximum()), spinBox->toolTip()};
+                shown << child<QSpinBox>(page, "inputLength")->text()
+                      << child<QComboBox>(page, "inputUnit")->currentText()
+                      << child<QLineEdit>(page, "inputEnd")->text() << child<QLabel>(page, "inputMemory")->text();
                 QCOMPARE(spinBox->value(), start);
-                QCOMPARE(page.findChild<QLineEdit *>("inputEnd")->text().toInt() - start,
-                         (range.unit == 0 ? range.count / 8 : quint8(range.count * range.unit)) - 1);
+                QTEST(shown.join(' '), "shown");
             }
             QVERIFY(page.saveData());
             QCOMPARE(int(par.inMap.start), start);
@@ -212,40 +163,37 @@ private slots:
 
     void saveCalls_data()
     {
-        QTest::addColumn<int>("input");
-        QTest::addColumn<int>("output");
+        QTest::addColumn<QString>("edits");
         QTest::addColumn<int>("answer");
-        QTest::addColumn<QStringList>("calls");
-        const QStringList in{"free plc 6 0 8", "get plc 6 20 8"};
-        const QStringList out{"free plc 7 0 4", "get plc 7 30 4"};
-        const QStringList open{"backup plc"};
-        QTest::newRow("nothing moves, the snapshot stays open") << 0 << 0 << 1 << open;
-        QTest::newRow("input only, the snapshot stays open") << 20 << 0 << 1 << open + in;
-        QTest::newRow("output only") << 0 << 30 << 1 << open + out + QStringList{"pop plc"};
-        QTest::newRow("both") << 20 << 30 << 1 << open + in + out + QStringList{"pop plc"};
-        QTest::newRow("input refused") << 20 << 30 << 6 << open + in + QStringList{"restore plc"};
-        QTest::newRow("output refused") << 0 << 30 << 6 << open + out + QStringList{"restore plc"};
+        QTest::addColumn<QString>("done"); // calls and starts
+        const auto row = [](const char *name, const char *edits, int answer, const QString &done) {
+            QTest::newRow(name) << QString(edits) << answer << "backup plc, " + done;
+        };
+        const QString in = "free plc 6 2 8, get plc 6 20 8, ";
+        const QString out = "free plc 7 4 4, get plc 7 30 4, ";
+        row("nothing moves, the snapshot stays open", "", 1, "2 4");
+        row("input only, the snapshot stays open", "inputStart=20", 1, in + "20 4");
+        row("output only", "outputStart=30", 1, out + "pop plc, 2 30");
+        row("both", "inputStart=20 outputStart=30", 1, in + out + "pop plc, 20 30");
+        row("input refused", "inputStart=20 outputStart=30", 6, in + "restore plc, 2 4");
+        row("output refused", "outputStart=30", 6, out + "restore plc, 2 4");
     }
     void saveCalls()
     {
-        QFETCH(int, input);
-        QFETCH(int, output);
+        QFETCH(QString, edits);
         QFETCH(int, answer);
-        SimpleExtendPar par = moduleWith({6, 0, 4, 1, 2}, {7, 0, 2, 1, 2});
+        SimpleExtendPar par = moduleWith({6, 2, 4, 1, 2}, {7, 4, 2, 1, 2});
         QWidget parent;
-        parent.setWindowTitle("Properties");
+        parent.setWindowTitle("X");
         SAddrMapWgt page(&par, nullptr, &parent);
-        page.findChild<QSpinBox *>("inputStart")->setValue(input);
-        page.findChild<QSpinBox *>("outputStart")->setValue(output);
+        edit(page, edits);
         recordingHost().takeResult = answer;
         const bool held = answer == simulatedhost::Held;
         BoxRecorder boxes;
         QCOMPARE(page.saveData(), held);
-        QTEST(recordingHost().takeCalls(), "calls");
-        QCOMPARE(boxes.texts, held ? QStringList() : QStringList{getMemoryErrStrByErrCode(answer)});
-        QCOMPARE(boxes.titles, held ? QStringList() : QStringList{"Properties"});
-        QCOMPARE(int(par.inMap.start), held ? input : 0);
-        QCOMPARE(int(par.outMap.start), held ? output : 0);
+        const QString starts = QStringLiteral("%1 %2").arg(par.inMap.start).arg(par.outMap.start);
+        QTEST((recordingHost().takeCalls() << starts).join(", "), "done");
+        QCOMPARE(boxes.told, held ? QStringList() : QStringList{"warning, X: " + getMemoryErrStrByErrCode(answer)});
     }
 
     void wheelNeedsFocus()
@@ -254,20 +202,16 @@ private slots:
         SAddrMapWgt page(&par, nullptr, nullptr);
         page.show();
         QVERIFY(QTest::qWaitForWindowActive(&page));
-        auto *start = page.findChild<QSpinBox *>("inputStart");
-        const auto turnWheel = [start] {
+        auto *start = child<QSpinBox>(page, "inputStart");
+        for (const bool focused : {false, true}) {
+            focused ? start->setFocus() : start->clearFocus();
             const QPoint place = start->rect().center();
             QWheelEvent event(place, start->mapToGlobal(place), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
                               Qt::NoScrollPhase, false);
             QApplication::sendEvent(start, &event);
-            return event.isAccepted();
-        };
-        start->clearFocus();
-        QVERIFY(!turnWheel());
-        QCOMPARE(start->value(), 10);
-        start->setFocus();
-        QVERIFY(turnWheel());
-        QCOMPARE(start->value(), 11);
+            QCOMPARE(event.isAccepted(), focused);
+            QCOMPARE(start->value(), focused ? 11 : 10);
+        }
     }
 };
 
