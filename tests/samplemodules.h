@@ -68,6 +68,7 @@ inline std::vector<Sample> factoryModules(bool onlyKinds = false)
 inline std::vector<Sample> wideModules(quint8 channels)
 {
     std::vector<Sample> samples;
+    samples.reserve(kinds.size());
     for (const quint32 typeCode : kinds) {
         samples.push_back({QStringLiteral("%1-%2-channels").arg(typeCode, 0, 16).arg(channels),
                            withChannels(typeCode, channels), true});
