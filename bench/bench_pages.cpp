@@ -1,0 +1,380 @@
+// How long it takes to construct, show and destroy a page, against the floor: the same editors in the same layout with
+// nothing else to them. Prints the fastest repetition of each and their ratio, in CPU time.
+#include "baseservices.h"
+#include "saifilterwgt.h"
+#include "sairangewgt.h"
+#include "saqouttblwgt.h"
+#include "saqouttypewgt.h"
+#include "sdifilterwgt.h"
+#include "sdqouttblwgt.h"
+#include "simpleextendcfgdlg.h"
+#include "simpleextendpar.h"
+#include "sweightparcfgwgt.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMap>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTableWidget>
+#include <QTextStream>
+#include <QVBoxLayout>
+
+#include <benchmark/benchmark.h>
+
+#include <functional>
+#include <limits>
+#include <memory>
+
+namespace {
+
+constexpr int repetitions = 15;
+constexpr std::array<quint8, 3> channelCounts = {8, 64, 255};
+constexpr quint8 dialogChannels = 16;
+constexpr QSize pageSize(490, 340); ///< about what the dialog gives to a page
+
+SimpleExtendPar recordOf(quint32 typeCode, quint8 channels, SignalFamily family = VoltageCurrent)
+{
+    SimpleExtendPar par;
+    par.objId = typeCode;
+    par.inMap.count = par.outMap.count = channels;
+    par.aiCount = par.aqCount = par.diCount = par.dqCount = par.weighCount = channels;
+    for (quint8 channel = 0; channel < channels; ++channel) {
+        par.aiKind.insert(channel, family);
+    }
+    return par;
+}
+
+using PageMaker = std::unique_ptr<QWidget> (*)(SimpleExtendPar &par);
+
+template <class Page>
+std::unique_ptr<QWidget> make(SimpleExtendPar &par)
+{
+    return std::make_unique<Page>(&par, nullptr, nullptr);
+}
+
+struct Kind {
+    const char *name;
+    PageMaker make;
+    quint32 typeCode;
+    SignalFamily family;
+};
+
+constexpr std::array kinds = {
+    Kind{"analog filter", make<SAIFilterWgt>, 13395, VoltageCurrent},
+    Kind{"analog range U/I", make<SAIRangeWgt>, 13395, VoltageCurrent},
+    Kind{"analog range TC", make<SAIRangeWgt>, 13396, Thermocouple},
+    Kind{"analog range RTD", make<SAIRangeWgt>, 13397, ResistanceThermometer},
+    Kind{"analog output table", make<SAQOutTblWgt>, 13395, VoltageCurrent},
+    Kind{"analog output type", make<SAQOutTypeWgt>, 13395, VoltageCurrent},
+    Kind{"digital filter", make<SDIFilterWgt>, 13650, VoltageCurrent},
+    Kind{"digital output table", make<SDQOutTblWgt>, 13650, VoltageCurrent},
+    Kind{"weighing", make<SWeightParCfgWgt>, 14418, VoltageCurrent},
+};
+
+/// What stands in one place of a page's grid or table.
+struct Cell {
+    int row = 0;
+    int column = 0;
+    int rowSpan = 1;
+    int columnSpan = 1;
+    std::function<QWidget *(QWidget *parent)> newEditor; ///< none in the cells of a table that hold text
+};
+
+template <class Widget>
+QWidget *newWidget(QWidget *parent)
+{
+    return new Widget(parent);
+}
+
+/// Makes bare editors like @p widget; none for what is no editor.
+std::function<QWidget *(QWidget *parent)> makerOf(const QWidget *widget)
+{
+    if (const auto *label = qobject_cast<const QLabel *>(widget)) {
+        return [text = label->text()](QWidget *parent) { return new QLabel(text, parent); };
+    }
+    if (const auto *box = qobject_cast<const QCheckBox *>(widget)) {
+        return [text = box->text()](QWidget *parent) { return new QCheckBox(text, parent); };
+    }
+    if (const auto *box = qobject_cast<const QComboBox *>(widget)) {
+        QStringList texts;
+        for (int i = 0; i < box->count(); ++i) {
+            texts.append(box->itemText(i));
+        }
+        return [texts](QWidget *parent) {
+            auto *editor = new QComboBox(parent);
+            editor->addItems(texts);
+            return editor;
+        };
+    }
+    if (qobject_cast<const QLineEdit *>(widget) != nullptr) {
+        return newWidget<QLineEdit>;
+    }
+    if (qobject_cast<const QDoubleSpinBox *>(widget) != nullptr) {
+        return newWidget<QDoubleSpinBox>;
+    }
+    return qobject_cast<const QSpinBox *>(widget) != nullptr ? newWidget<QSpinBox>
+                                                             : std::function<QWidget *(QWidget *)>();
+}
+
+/// The editors of a page. Read from the page itself, so that the floor keeps up with it.
+struct Plan {
+    QStringList titles; ///< of a table's columns; empty for a grid
+    int rows = 0;
+    std::vector<Cell> cells;
+};
+
+Plan planOfTable(const QTableWidget &table)
+{
+    Plan plan;
+    plan.rows = table.rowCount();
+    for (int column = 0; column < table.columnCount(); ++column) {
+        plan.titles.append(table.horizontalHeaderItem(column)->text());
+        for (int row = 0; row < plan.rows; ++row) {
+            plan.cells.push_back({row, column, 1, 1, makerOf(table.cellWidget(row, column))});
+        }
+    }
+    return plan;
+}
+
+Plan planOfGrid(const QGridLayout &grid)
+{
+    Plan plan;
+    for (int i = 0; i < grid.count(); ++i) {
+        Cell cell;
+        grid.getItemPosition(i, &cell.row, &cell.column, &cell.rowSpan, &cell.columnSpan);
+        cell.newEditor = makerOf(grid.itemAt(i)->widget());
+        if (cell.newEditor) {
+            plan.cells.push_back(cell);
+        }
+    }
+    return plan;
+}
+
+Plan planOf(const QWidget &page)
+{
+    if (const auto *table = page.findChild<QTableWidget *>()) {
+        return planOfTable(*table);
+    }
+    Plan largest;
+    const auto grids = page.findChildren<QGridLayout *>();
+    for (const QGridLayout *grid : grids) {
+        Plan plan = planOfGrid(*grid);
+        if (plan.cells.size() > largest.cells.size()) {
+            largest = std::move(plan);
+        }
+    }
+    return largest;
+}
+
+QWidget *newFloorTable(const Plan &plan, QHeaderView::ResizeMode resizeMode)
+{
+    auto *table = new QTableWidget(plan.rows, plan.titles.size());
+    table->setHorizontalHeaderLabels(plan.titles);
+    table->horizontalHeader()->setSectionResizeMode(resizeMode);
+    for (const Cell &cell : plan.cells) {
+        if (cell.newEditor) {
+            table->setCellWidget(cell.row, cell.column, cell.newEditor(table));
+        } else {
+            table->setItem(cell.row, cell.column, new QTableWidgetItem(QString::number(cell.row)));
+        }
+    }
+    return table;
+}
+
+QWidget *newFloorGrid(const Plan &plan)
+{
+    auto *area = new QScrollArea;
+    auto *rows = new QWidget;
+    auto *grid = new QGridLayout(rows);
+    for (const Cell &cell : plan.cells) {
+        grid->addWidget(cell.newEditor(rows), cell.row, cell.column, cell.rowSpan, cell.columnSpan);
+    }
+    area->setWidgetResizable(true);
+    area->setWidget(rows);
+    return area;
+}
+
+std::unique_ptr<QWidget> newFloor(const Plan &plan, QHeaderView::ResizeMode resizeMode)
+{
+    auto page = std::make_unique<QWidget>();
+    auto *layout = new QVBoxLayout(page.get());
+    layout->addWidget(new QPushButton(QStringLiteral("Defaults")), 0, Qt::AlignRight);
+    layout->addWidget(plan.titles.isEmpty() ? newFloorGrid(plan) : newFloorTable(plan, resizeMode));
+    return page;
+}
+
+void constructShowDestroy(benchmark::State &state, const std::function<std::unique_ptr<QWidget>()> &construct,
+                          const QSize &size = {})
+{
+    for ([[maybe_unused]] const auto _ : state) {
+        const std::unique_ptr<QWidget> widget = construct();
+        if (size.isValid()) {
+            widget->resize(size);
+        }
+        widget->show();
+        QCoreApplication::processEvents();
+    }
+}
+
+/// The fastest repetitions, in milliseconds of CPU time.
+class FastestReporter : public benchmark::BenchmarkReporter {
+public:
+    bool ReportContext(const Context & /*context*/) override { return true; }
+    void ReportRuns(const std::vector<Run> &runs) override
+    {
+        for (const Run &run : runs) {
+            if (run.run_type == Run::RT_Iteration) {
+                double &fastest = m_fastest[QString::fromStdString(run.run_name.function_name)];
+                const double time = run.GetAdjustedCPUTime();
+                fastest = fastest == 0 ? time : qMin(fastest, time);
+            }
+        }
+    }
+    double fastest(const QString &name) const { return m_fastest.value(name); }
+
+private:
+    QMap<QString, double> m_fastest;
+};
+
+enum Variant { Page, Floor, FloorToContents };
+constexpr std::array variantNames = {"page", "floor", "floor, columns resized to contents"};
+
+QString nameOf(const char *kind, int channels, Variant variant)
+{
+    return QStringLiteral("%1/%2/%3").arg(kind).arg(channels).arg(variantNames.at(variant));
+}
+
+bool isTable(const Kind &kind)
+{
+    return kind.make == make<SAIRangeWgt> || kind.make == make<SWeightParCfgWgt>;
+}
+
+template <class Function>
+void add(const QString &name, int iterations, const Function &function)
+{
+    benchmark::RegisterBenchmark(qPrintable(name), function)
+        ->Iterations(iterations)
+        ->Repetitions(repetitions)
+        ->Unit(benchmark::kMillisecond);
+}
+
+void addPages(const Kind &kind, quint8 channels)
+{
+    const int iterations = std::numeric_limits<quint8>::max() / channels; // a few milliseconds at least
+    auto par = std::make_shared<SimpleExtendPar>(recordOf(kind.typeCode, channels, kind.family));
+    add(nameOf(kind.name, channels, Page), iterations, [par, kind](benchmark::State &state) {
+        constructShowDestroy(
+            state, [&] { return kind.make(*par); }, pageSize);
+    });
+    const Plan plan = planOf(*kind.make(*par));
+    const auto addFloor = [&](Variant variant, QHeaderView::ResizeMode resizeMode) {
+        add(nameOf(kind.name, channels, variant), iterations, [plan, resizeMode](benchmark::State &state) {
+            constructShowDestroy(
+                state, [&] { return newFloor(plan, resizeMode); }, pageSize);
+        });
+    };
+    addFloor(Floor, QHeaderView::Interactive);
+    if (isTable(kind)) {
+        addFloor(FloorToContents, QHeaderView::ResizeToContents);
+    }
+}
+
+struct Module {
+    const char *name;
+    quint32 typeCode;
+    SignalFamily family;
+    VarArea input;
+    VarArea output;
+};
+
+constexpr std::array modules = {
+    Module{"analog module", 13395, VoltageCurrent, VarArea::AnalogInput, VarArea::AnalogOutput},
+    Module{"RTD module", 13397, ResistanceThermometer, VarArea::AnalogInput, VarArea::None},
+    Module{"digital module", 13650, VoltageCurrent, VarArea::DigitalInput, VarArea::DigitalOutput},
+    Module{"weighing module", 14418, VoltageCurrent, VarArea::Variable, VarArea::None},
+};
+
+void addDialog(const Module &module)
+{
+    auto par = std::make_shared<SimpleExtendPar>(recordOf(module.typeCode, dialogChannels, module.family));
+    par->inMap.area = static_cast<quint8>(module.input);
+    par->outMap.area = static_cast<quint8>(module.output);
+    add(nameOf(module.name, dialogChannels, Page), 1, [par](benchmark::State &state) {
+        constructShowDestroy(
+            state, [&] { return std::make_unique<SimpleExtendcfgdlg>(par.get(), QString(), nullptr, false); });
+    });
+}
+
+void printRow(QTextStream &out, const QStringList &cells)
+{
+    out << cells.at(0).leftJustified(22);
+    for (int i = 1; i < cells.size(); ++i) {
+        out << cells.at(i).rightJustified(12);
+    }
+    out << '\n';
+}
+
+QString number(double value)
+{
+    return QString::number(value, 'f', 2);
+}
+
+void printPages(QTextStream &out, const FastestReporter &reporter)
+{
+    printRow(out, {"", "channels", "page, ms", "us/channel", "floor, ms", "ratio", "to contents", "ratio"});
+    for (const Kind &kind : kinds) {
+        for (const quint8 channels : channelCounts) {
+            const double page = reporter.fastest(nameOf(kind.name, channels, Page));
+            QStringList cells{kind.name, QString::number(channels), number(page), number(page * 1000 / channels)};
+            for (const Variant variant : {Floor, FloorToContents}) {
+                const double floor = reporter.fastest(nameOf(kind.name, channels, variant));
+                if (floor > 0) {
+                    cells << number(floor) << number(page / floor);
+                }
+            }
+            printRow(out, cells);
+        }
+    }
+}
+
+void printDialogs(QTextStream &out, const FastestReporter &reporter)
+{
+    out << '\n';
+    printRow(out, {"whole dialog", "channels", "ms"});
+    for (const Module &module : modules) {
+        printRow(out, {module.name, QString::number(dialogChannels),
+                       number(reporter.fastest(nameOf(module.name, dialogChannels, Page)))});
+    }
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 1;
+    }
+    for (const Kind &kind : kinds) {
+        for (const quint8 channels : channelCounts) {
+            addPages(kind, channels);
+        }
+    }
+    for (const Module &module : modules) {
+        addDialog(module);
+    }
+    FastestReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    QTextStream out(stdout);
+    printPages(out, reporter);
+    printDialogs(out, reporter);
+    return 0;
+}
