@@ -332,6 +332,9 @@ void printPages(QTextStream &out, const FastestReporter &reporter)
     for (const Kind &kind : kinds) {
         for (const quint8 channels : channelCounts) {
             const double page = reporter.fastest(nameOf(kind.name, channels, Page));
+            if (page == 0) {
+                continue; // filtered out
+            }
             QStringList cells{kind.name, QString::number(channels), number(page), number(page * 1000 / channels)};
             for (const Variant variant : {Floor, FloorToContents}) {
                 const double floor = reporter.fastest(nameOf(kind.name, channels, variant));
