@@ -2,6 +2,7 @@
 
 #include "baseservices.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
@@ -34,9 +35,15 @@ void readTexts(const QString &path, CatalogEntry &entry)
             entry.name = name;
         } else if (const QString orderNumber = valueOf(line, QLatin1String("MLFB")); !orderNumber.isNull()) {
             entry.orderNumber = orderNumber;
+        } else if (const QString component = valueOf(line, QLatin1String("ServerFile")); !component.isNull()) {
+            entry.componentFile = component;
         }
     }
 }
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(Catalog)
+};
 
 } // namespace
 
@@ -60,4 +67,21 @@ std::vector<CatalogEntry> readCatalog()
     std::sort(entries.begin(), entries.end(),
               [](const CatalogEntry &a, const CatalogEntry &b) { return a.typeCode < b.typeCode; });
     return entries;
+}
+
+QString catalogProblem(quint32 typeCode)
+{
+    const QString name = QStringLiteral("hw%1.met").arg(QString::number(typeCode, 16).toUpper(), 8, QLatin1Char('0'));
+    const QString path = getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription) + name;
+    if (!QFile::exists(path)) {
+        return Texts::tr("The catalog has no description file %1 for the type %2.").arg(name).arg(typeCode);
+    }
+    CatalogEntry entry;
+    readTexts(path, entry);
+    if (!QFile::exists(getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent) + entry.componentFile)) {
+        return Texts::tr("The component file %1 of \"%2\" (type %3) is missing.")
+            .arg(entry.componentFile, entry.name)
+            .arg(typeCode);
+    }
+    return {};
 }

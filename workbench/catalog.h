@@ -9,8 +9,13 @@ struct CatalogEntry {
     quint32 typeCode = 0;
     QString name;
     QString orderNumber;
+    QString componentFile; ///< name in the host's folder of component files
 };
 
 /// One entry per description file in the host's folder, by rising type code. A file whose name is not "hw", eight
 /// hexadecimal digits, ".met", or that has no name in it, is left out.
 std::vector<CatalogEntry> readCatalog();
+
+/// What the host lacks for modules of a type, in the user's language, with the file's name; empty when its description
+/// and component file are there.
+QString catalogProblem(quint32 typeCode);

@@ -3,7 +3,7 @@
 #include "catalog.h"
 #include "mainwindow.h"
 #include "pluginlibrary.h"
-#include "stationfile.h"
+#include "projectfile.h"
 #include "stationreport.h"
 
 #include <QApplication>
@@ -62,7 +62,7 @@ std::unique_ptr<Station> sampleStation(const PluginLibrary &plugin, const std::v
     auto station = std::make_unique<Station>(plugin, sampleOwner());
     QString error;
     for (const CatalogEntry &entry : catalog) {
-        if (!station->add(entry.typeCode, error)) {
+        if (!station->add(entry.typeCode, Place::at(station->count()), error)) {
             complain(QStringLiteral("%1: %2").arg(entry.name, error));
             return nullptr;
         }
@@ -70,11 +70,22 @@ std::unique_ptr<Station> sampleStation(const PluginLibrary &plugin, const std::v
     return station;
 }
 
+std::unique_ptr<Station> openedStation(const PluginLibrary &plugin, const QString &path, QString &error)
+{
+    ProjectFile file(path);
+    const std::optional<Project> project = file.read();
+    if (!project) {
+        error = file.errorString();
+        return nullptr;
+    }
+    return Station::opened(plugin, sampleOwner(), *project, error);
+}
+
 int printTable(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog, const QString &path)
 {
     QString error;
     const std::unique_ptr<Station> station =
-        path.isEmpty() ? sampleStation(plugin, catalog) : openStation(plugin, sampleOwner(), path, error);
+        path.isEmpty() ? sampleStation(plugin, catalog) : openedStation(plugin, path, error);
     if (!station) {
         if (!error.isEmpty()) {
             complain(QStringLiteral("%1: %2").arg(path, error));

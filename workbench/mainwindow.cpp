@@ -2,8 +2,8 @@
 
 #include "memorymodel.h"
 #include "placedialog.h"
+#include "projectfile.h"
 #include "simulatedhelp.h"
-#include "stationfile.h"
 #include "stationmodel.h"
 
 #include <QAction>
@@ -272,7 +272,14 @@ void MainWindow::open()
 bool MainWindow::openFile(const QString &path)
 {
     QString error;
-    std::unique_ptr<Station> station = openStation(m_plugin, nextMemoryOwner(), path, error);
+    ProjectFile file(path);
+    const std::optional<Project> project = file.read();
+    std::unique_ptr<Station> station;
+    if (project) {
+        station = Station::opened(m_plugin, nextMemoryOwner(), *project, error);
+    } else {
+        error = file.errorString();
+    }
     if (!station) {
         showError(tr("%1 cannot be opened.").arg(QDir::toNativeSeparators(path)), error);
         return false;
@@ -305,13 +312,12 @@ QString MainWindow::askForFile(const QString &title, const QString &present, con
 
 bool MainWindow::saveTo(const QString &path)
 {
-    QString error;
-    const QByteArrayList states = m_station->states();
-    if (!writeStationFile(path, states, error)) {
-        showError(tr("%1 cannot be saved.").arg(QDir::toNativeSeparators(path)), error);
+    ProjectFile file(path);
+    if (!file.write(m_station->project())) {
+        showError(tr("%1 cannot be saved.").arg(QDir::toNativeSeparators(path)), file.errorString());
         return false;
     }
-    m_savedStates = states;
+    m_undoStack.setClean();
     m_fileName = path;
     updateCommands();
     statusBar()->showMessage(tr("Saved %1").arg(QFileInfo(path).fileName()), messageTime);
@@ -326,7 +332,7 @@ void MainWindow::compile()
         return;
     }
     QString error;
-    const QByteArray block = m_station->compiled();
+    const QByteArray block = *m_station->compiled();
     if (!writeFile(path, block, error)) {
         showError(tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path)), error);
         return;
@@ -343,14 +349,13 @@ void MainWindow::addModule()
     if (item == nullptr || item->isHidden()) {
         return;
     }
-    QString error;
-    const std::optional<int> added = m_station->add(item->data(0, typeCodeRole).toUInt(), error);
-    if (!added) {
+    QString error = tr("Every slot of the station is taken.");
+    const Place place = m_station->firstFreePlace().value_or(Place());
+    if (!StationEdits(*m_station, m_undoStack).add(item->data(0, typeCodeRole).toUInt(), place, error)) {
         showError(tr("%1 cannot be added.").arg(item->text(0)), error);
         return;
     }
-    refresh(*added);
-    const Place place = m_station->module(*added).place;
+    refresh(*m_station->moduleAt(place));
     statusBar()->showMessage(tr("Added %1 in rack %2, slot %3").arg(item->text(0)).arg(place.rack).arg(place.slot),
                              messageTime);
 }
@@ -361,10 +366,10 @@ void MainWindow::removeModule()
     if (index < 0) {
         return;
     }
-    const QString name = m_station->module(index).name;
-    m_station->remove(index);
+    const ModuleView module = m_station->module(index);
+    StationEdits(*m_station, m_undoStack).remove({module.place});
     refresh(std::min(index, m_station->count() - 1));
-    statusBar()->showMessage(tr("Removed %1").arg(name), messageTime);
+    statusBar()->showMessage(tr("Removed %1").arg(module.name), messageTime);
 }
 
 void MainWindow::placeModule()
@@ -377,8 +382,11 @@ void MainWindow::placeModule()
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
-    if (const std::optional<int> placed = m_station->place(index, dialog.place())) {
-        refresh(*placed);
+    QString error;
+    if (StationEdits(*m_station, m_undoStack).move(m_station->module(index).place, dialog.place(), error)) {
+        refresh(*m_station->moduleAt(dialog.place()));
+    } else {
+        showError(tr("The module cannot be moved."), error);
     }
 }
 
@@ -388,7 +396,7 @@ void MainWindow::configureModule()
     if (index < 0) {
         return;
     }
-    m_station->configure(index, this);
+    StationEdits(*m_station, m_undoStack).configure(m_station->module(index).place, this);
     refresh(index);
 }
 
@@ -396,9 +404,9 @@ void MainWindow::showStation(std::unique_ptr<Station> station, const QString &fi
 {
     m_stationModel->show(station.get());
     m_memoryModel->show(station.get());
+    m_undoStack.clear();
     m_station = std::move(station);
     m_fileName = fileName;
-    m_savedStates = m_station->states();
     refresh(0);
 }
 
@@ -421,7 +429,7 @@ void MainWindow::updateCommands()
     const QTreeWidgetItem *item = m_catalogTree->currentItem();
     m_addAction->setEnabled(item != nullptr && !item->isHidden());
     m_compileAction->setEnabled(m_station && m_station->count() != 0);
-    setWindowModified(m_station && m_station->states() != m_savedStates);
+    setWindowModified(!m_undoStack.isClean());
     const QString name = m_fileName.isEmpty() ? tr("New station") : QFileInfo(m_fileName).fileName();
     setWindowTitle(tr("%1[*] - Module Workbench").arg(name));
 }

@@ -2,10 +2,11 @@
 #pragma once
 
 #include "catalog.h"
-#include "station.h"
+#include "stationcommands.h"
 
 #include <QKeySequence>
 #include <QMainWindow>
+#include <QUndoStack>
 
 #include <memory>
 
@@ -66,8 +67,8 @@ private:
     const PluginLibrary &m_plugin;
     std::vector<CatalogEntry> m_catalog;
     std::unique_ptr<Station> m_station;
-    QByteArrayList m_savedStates; ///< as last saved or opened
-    QString m_fileName;           ///< empty for a station that was never saved
+    QUndoStack m_undoStack;
+    QString m_fileName; ///< empty for a station that was never saved
     int m_stationNumber = 0;
 
     StationModel *m_stationModel;

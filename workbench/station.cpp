@@ -1,15 +1,22 @@
 #include "station.h"
 
-#include "baseservices.h"
+#include "blockdecoder.h"
+#include "catalog.h"
 #include "imagerangetext.h"
+#include "simulatedbase.h"
 
 #include <QPoint>
 
 #include <algorithm>
 #include <array>
+#include <set>
+#include <tuple>
 #include <utility>
 
 namespace {
+
+constexpr qint32 memoryHeld = 1;
+constexpr qint32 noRoom = -1;
 
 QByteArray compiledBlock(const PluginExports &exports, SimpleExtendPar *handle)
 {
@@ -37,6 +44,72 @@ bool isHalved(const IoMap &original, const IoMap &rebuilt)
     return original.unit == 4 && rebuilt.unit == 2 && original.count != 0;
 }
 
+VarArea areaOf(const IoMap &range)
+{
+    return static_cast<VarArea>(range.area);
+}
+
+/// Those of a module's two ranges that take memory.
+std::vector<IoMap> rangesOf(const PluginExports &exports, SimpleExtendPar *handle)
+{
+    std::vector<IoMap> ranges;
+    for (const IoMap &range : {exports.getInMap(handle), exports.getOutMap(handle)}) {
+        if (rangeBytes(range) != 0) {
+            ranges.push_back(range);
+        }
+    }
+    return ranges;
+}
+
+bool giveBack(const QString &owner, const IoMap &range)
+{
+    return freeMemory(owner, areaOf(range), range.start, rangeBytes(range));
+}
+
+/// Whether all ranges could be taken at this moment; else the host's words for the first that could not.
+bool areFree(const QString &owner, const std::vector<IoMap> &ranges, QString &reason)
+{
+    std::vector<IoMap> taken;
+    for (const IoMap &range : ranges) {
+        const qint32 code = getMemory(owner, areaOf(range), range.start, rangeBytes(range));
+        if (code != memoryHeld) {
+            reason = getMemoryErrStrByErrCode(code);
+            break;
+        }
+        taken.push_back(range);
+    }
+    std::for_each(taken.begin(), taken.end(), [&](const IoMap &range) { giveBack(owner, range); });
+    return taken.size() == ranges.size();
+}
+
+/// A restored module does not tell whether the host gave it its addresses. Giving a range back and taking it again
+/// does: one that was refused, or taken with another length, is not there to be given back.
+bool areHeld(const QString &owner, const std::vector<IoMap> &ranges)
+{
+    return std::all_of(ranges.begin(), ranges.end(), [&](const IoMap &range) {
+        return giveBack(owner, range) && getMemory(owner, areaOf(range), range.start, rangeBytes(range)) == memoryHeld;
+    });
+}
+
+/// Writes a range into a saved state; does nothing where the state's ranges are not read.
+void writeRange(QByteArray &state, const blockdecoder::DecodedBlock &decoded, const QString &name, const IoMap &range)
+{
+    if (const blockdecoder::Field *area = decoded.find(name + QStringLiteral(".area"))) {
+        const QByteArray bytes = QByteArray(1, static_cast<char>(range.area)) + ushortToByteArray(range.start) +
+                                 static_cast<char>(rangeBytes(range));
+        state.replace(area->offset, bytes.size(), bytes);
+    }
+}
+
+QByteArray withRanges(QByteArray state, const IoMap &in, const IoMap &out)
+{
+    const blockdecoder::DecodedBlock decoded =
+        blockdecoder::decode(state, blockdecoder::Format::SavedState).constFirst();
+    writeRange(state, decoded, QStringLiteral("header.inMap"), in);
+    writeRange(state, decoded, QStringLiteral("header.outMap"), out);
+    return state;
+}
+
 } // namespace
 
 Station::Station(const PluginLibrary &plugin, QString memoryOwner)
@@ -44,73 +117,48 @@ Station::Station(const PluginLibrary &plugin, QString memoryOwner)
 {
 }
 
-std::unique_ptr<Station> Station::restored(const PluginLibrary &plugin, const QString &memoryOwner,
-                                           const QByteArrayList &states, QString &error)
+Station::~Station() = default;
+
+std::unique_ptr<Station> Station::opened(const PluginLibrary &plugin, const QString &memoryOwner,
+                                         const Project &project, QString &error, const Progress &progress)
 {
+    error.clear();
     auto station = std::make_unique<Station>(plugin, memoryOwner);
-    backupUsedMemory(memoryOwner);
-    bool good = std::all_of(states.begin(), states.end(),
-                            [&](const QByteArray &state) { return station->addSaved(state, error); });
-    if (good) {
-        if (const std::optional<int> unheld = station->firstUnheldModule()) {
-            const ModuleView view = station->module(*unheld);
-            error = tr("The addresses of \"%1\" in rack %2, slot %3 are taken or do not exist.")
-                        .arg(view.name)
-                        .arg(view.place.rack)
-                        .arg(view.place.slot);
-            good = false;
+    if (!station->setPlcType(project.plcType, error)) {
+        return nullptr;
+    }
+    for (const StoredModule &module : project.modules) {
+        station->put(module);
+        if (progress && !progress(station->count(), static_cast<int>(project.modules.size()))) {
+            return nullptr;
         }
     }
-    if (good) {
-        popBackupMemory(memoryOwner);
-        return station;
-    }
-    // A module that could not be restored keeps what it had claimed, so its memory goes with the snapshot.
-    station.reset();
-    restoreUsedMemory(memoryOwner);
-    return nullptr;
+    station->freeStrays();
+    return station;
 }
 
-bool Station::addSaved(const QByteArray &state, QString &error)
+/// Gives back what no module of the station holds: what a module claimed before it turned out not to be one.
+void Station::freeStrays() const
 {
-    const int number = count() + 1;
-    ModuleHandle module = m_plugin.own(m_exports.restore(state, m_memoryOwner));
-    // A type that the catalog lacks may come back as a blank record, which was placed nowhere.
-    if (!module || !placeOf(module.get()).isValid()) {
-        error = tr("Module %1 is damaged or of a type that is not in the catalog.").arg(number);
-        return false;
-    }
-    const Place place = placeOf(module.get());
-    if (moduleAt(place)) {
-        error = tr("Module %1 is in rack %2, slot %3 like another module.").arg(number).arg(place.rack).arg(place.slot);
-        return false;
-    }
-    insert(std::move(module));
-    return true;
-}
-
-/// A restored module does not tell whether the host gave it its addresses. Giving all ranges back and taking them
-/// again does: a range that was refused, or taken twice, is not there to be given back.
-std::optional<int> Station::firstUnheldModule() const
-{
-    const auto ranges = [this](int index) { return std::array<IoMap, 2>{module(index).in, module(index).out}; };
-    for (int i = 0; i < count(); ++i) {
-        for (const IoMap &range : ranges(i)) {
-            const int length = rangeBytes(range);
-            if (length != 0 && !freeMemory(m_memoryOwner, static_cast<VarArea>(range.area), range.start, length)) {
-                return i;
+    std::set<std::tuple<VarArea, qint32, qint32>> held;
+    for (const Module &module : m_modules) {
+        if (module.handle) {
+            for (const IoMap &range : rangesOf(m_exports, module.handle.get())) {
+                held.emplace(areaOf(range), range.start, rangeBytes(range));
             }
         }
     }
-    for (int i = 0; i < count(); ++i) {
-        for (const IoMap &range : ranges(i)) {
-            const int length = rangeBytes(range);
-            if (length != 0 && getMemory(m_memoryOwner, static_cast<VarArea>(range.area), range.start, length) != 1) {
-                return i;
-            }
+    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(m_memoryOwner)) {
+        if (held.count({range.area, range.start, range.length}) == 0) {
+            freeMemory(m_memoryOwner, range.area, range.start, range.length);
         }
     }
-    return std::nullopt;
+}
+
+int Station::unavailableCount() const
+{
+    return static_cast<int>(
+        std::count_if(m_modules.begin(), m_modules.end(), [](const Module &module) { return !module.handle; }));
 }
 
 Place Station::placeOf(SimpleExtendPar *handle) const
@@ -118,113 +166,375 @@ Place Station::placeOf(SimpleExtendPar *handle) const
     return {m_exports.getRackId(handle), m_exports.getSlotId(handle)};
 }
 
+void Station::setPlace(SimpleExtendPar *handle, Place place) const
+{
+    m_exports.setRackId(handle, place.rack);
+    m_exports.setSlotId(handle, place.slot);
+    m_exports.setPosition(handle, QPoint(place.slot, place.rack));
+}
+
 ModuleView Station::module(int index) const
 {
-    SimpleExtendPar *module = handle(index);
-    return {placeOf(module),
-            static_cast<quint32>(m_exports.getNodeId(module)),
-            m_exports.getName(module),
-            m_exports.getComment(module),
-            m_exports.getInMap(module),
-            m_exports.getOutMap(module)};
+    const Module &module = at(index);
+    if (!module.handle) {
+        return {module.place, module.kept.typeCode, module.kept.name, {}, {}, {}, module.kept.unavailable};
+    }
+    SimpleExtendPar *handle = module.handle.get();
+    return {module.place,
+            static_cast<quint32>(m_exports.getNodeId(handle)),
+            m_exports.getName(handle),
+            m_exports.getComment(handle),
+            m_exports.getInMap(handle),
+            m_exports.getOutMap(handle),
+            {}};
 }
 
 std::optional<int> Station::moduleAt(Place place) const
 {
-    const auto found = std::find_if(m_modules.begin(), m_modules.end(),
-                                    [&](const ModuleHandle &module) { return placeOf(module.get()) == place; });
-    if (found == m_modules.end()) {
+    const auto found =
+        std::lower_bound(m_modules.begin(), m_modules.end(), place.index(),
+                         [](const Module &module, int placeIndex) { return module.place.index() < placeIndex; });
+    if (found == m_modules.end() || found->place != place) {
         return std::nullopt;
     }
     return static_cast<int>(found - m_modules.begin());
 }
 
-int Station::insert(ModuleHandle module)
+std::optional<Place> Station::firstFreePlace() const
 {
-    const int index = placeOf(module.get()).index();
-    const auto next = std::find_if(m_modules.begin(), m_modules.end(),
-                                   [&](const ModuleHandle &other) { return placeOf(other.get()).index() > index; });
-    const auto inserted = m_modules.insert(next, std::move(module));
-    return static_cast<int>(inserted - m_modules.begin());
+    int first = 0; // of the places at which the modules so far leave a gap, or the end
+    for (int count = Station::count(); count > 0;) {
+        const int half = count / 2;
+        const bool full = at(first + half).place.index() == first + half;
+        first += full ? half + 1 : 0;
+        count = full ? count - half - 1 : half;
+    }
+    return first < Place::count ? std::optional<Place>(Place::at(first)) : std::nullopt;
 }
 
-int Station::insertAt(ModuleHandle module, Place place)
+bool Station::isFree(Place place, QString &error) const
 {
-    m_exports.setRackId(module.get(), place.rack);
-    m_exports.setSlotId(module.get(), place.slot);
-    m_exports.setPosition(module.get(), QPoint(place.slot, place.rack));
-    return insert(std::move(module));
+    if (!place.isValid()) {
+        error = tr("There is no slot %2 in a rack %1: racks end at %3, slots at %4.")
+                    .arg(place.rack)
+                    .arg(place.slot)
+                    .arg(Place::rackCount - 1)
+                    .arg(Place::slotCount - 1);
+        return false;
+    }
+    if (const std::optional<int> occupant = moduleAt(place)) {
+        error = tr("Rack %1, slot %2 is taken by \"%3\".").arg(place.rack).arg(place.slot).arg(module(*occupant).name);
+        return false;
+    }
+    return true;
 }
 
-std::optional<int> Station::add(quint32 typeCode, QString &error)
+quint32 Station::plcType() const
 {
-    Place free;
-    while (free.isValid() && moduleAt(free)) {
-        free.slot = (free.slot + 1) % Place::slotCount;
-        free.rack += free.slot == 0 ? 1 : 0;
-    }
-    if (!free.isValid()) {
-        error = tr("Every slot of the station is taken.");
-        return std::nullopt;
-    }
-    // A module that finds no room for its outputs leaves its inputs claimed.
-    backupUsedMemory(m_memoryOwner);
-    ModuleHandle module = m_plugin.own(m_exports.createObject(typeCode, m_memoryOwner));
-    if (!module) {
-        restoreUsedMemory(m_memoryOwner);
-        error = tr("No module of type %1 can be created: the station's memory has no room for its addresses, or its "
-                   "description or component file is missing or damaged.")
-                    .arg(typeCode);
-        return std::nullopt;
-    }
-    popBackupMemory(m_memoryOwner);
-    return insertAt(std::move(module), free);
+    return getPrjPlcTypeVersion(m_memoryOwner).type;
 }
 
-void Station::remove(int index)
+bool Station::setPlcType(quint32 type, QString &error)
 {
+    const quint32 before = plcType();
+    if (type == before) {
+        return true;
+    }
+    if (!simulatedhost::setPlcType(m_memoryOwner, type)) {
+        error = tr("The host has no PLC type %1.").arg(type);
+        return false;
+    }
+    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(m_memoryOwner)) {
+        const qint32 size = simulatedhost::areaSize(m_memoryOwner, range.area);
+        if (range.start + range.length > size) {
+            simulatedhost::setPlcType(m_memoryOwner, before);
+            error = tr("A module holds the address %1 in the area %2, which would have %3 bytes.")
+                        .arg(range.start + range.length - 1)
+                        .arg(areaName(static_cast<quint8>(range.area)))
+                        .arg(size);
+            return false;
+        }
+    }
+    emit plcTypeChanged();
+    return true;
+}
+
+void Station::fitPlcType()
+{
+    const quint32 ofNewStation = getPrjPlcTypeVersion(QString()).type;
+    const QVector<simulatedhost::PlcType> types = simulatedhost::plcTypes();
+    auto type = std::find_if(types.begin(), types.end(), [&](const auto &known) { return known.id == ofNewStation; });
+    QString ignored;
+    while (type != types.end() && !setPlcType(type->id, ignored)) {
+        ++type;
+    }
+}
+
+void Station::insert(Module module)
+{
+    const Place place = module.place;
+    const auto next =
+        std::upper_bound(m_modules.begin(), m_modules.end(), place.index(),
+                         [](int placeIndex, const Module &other) { return placeIndex < other.place.index(); });
+    m_modules.insert(next, std::move(module));
+    emit moduleAdded(place);
+}
+
+bool Station::add(quint32 typeCode, Place place, QString &error)
+{
+    if (!isFree(place, error)) {
+        return false;
+    }
+    ModuleHandle handle = m_plugin.own(m_exports.createObject(typeCode, m_memoryOwner));
+    if (!handle) {
+        freeStrays(); // a module that finds no room for its outputs leaves its inputs claimed
+        error = whyNotCreated(typeCode);
+        return false;
+    }
+    setPlace(handle.get(), place);
+    insert({place, std::move(handle), {}});
+    return true;
+}
+
+QString Station::whyNotCreated(quint32 typeCode) const
+{
+    const ModuleHandle probe = m_plugin.own(m_exports.createObject(typeCode, QString()));
+    if (!probe) {
+        const QString problem = catalogProblem(typeCode);
+        return problem.isEmpty()
+                   ? tr("The description file of type %1 is damaged or meant for a newer host.").arg(typeCode)
+                   : problem;
+    }
+    IoMap in = m_exports.getInMap(probe.get());
+    IoMap out = m_exports.getOutMap(probe.get());
+    QString error = tr("The plug-in creates no module of type %1.").arg(typeCode);
+    findRoom(in, out, error);
+    return error;
+}
+
+/// Sets the starts of two ranges that the host would give to a new module. False when an area is full.
+bool Station::findRoom(IoMap &in, IoMap &out, QString &error) const
+{
+    std::vector<IoMap> taken;
+    bool found = true;
+    for (IoMap *range : {&in, &out}) {
+        const int length = rangeBytes(*range);
+        if (length == 0) {
+            continue;
+        }
+        const qint32 start = autoMallocMemory(m_memoryOwner, areaOf(*range), length);
+        if (start == noRoom) {
+            error = tr("The area %1 has no room for %n more byte(s).", nullptr, length).arg(areaName(range->area));
+            found = false;
+            break;
+        }
+        range->start = static_cast<quint16>(start);
+        taken.push_back(*range);
+    }
+    std::for_each(taken.begin(), taken.end(), [this](const IoMap &range) { giveBack(m_memoryOwner, range); });
+    return found;
+}
+
+bool Station::paste(const QByteArray &state, Place place, QString &error)
+{
+    return isFree(place, error) && addCopy(state, place, true, error);
+}
+
+bool Station::addBlock(const QByteArray &block, qint32 *code, QString &error)
+{
+    qint32 result = -1;
+    const ModuleHandle handle = m_plugin.own(m_exports.recompile(block, QString(), &result));
+    if (code != nullptr) {
+        *code = result;
+    }
+    if (!handle) {
+        const auto decoded = blockdecoder::decode(block, blockdecoder::Format::Configuration).constFirst();
+        const blockdecoder::Field *type = decoded.find(QStringLiteral("header.objId"));
+        const QString problem = type != nullptr ? catalogProblem(type->value.toUInt()) : QString();
+        error = problem.isEmpty() ? tr("The block is damaged.") : problem;
+        return false;
+    }
+    const Place place = placeOf(handle.get());
+    return isFree(place, error) && addCopy(m_exports.save(handle.get()), place, false, error);
+}
+
+/// Adds the module of a state that says other addresses or lengths than it shall have: double-word channels that come
+/// from a configuration block are saved with the length of words.
+bool Station::addCopy(const QByteArray &state, Place place, bool newAddresses, QString &error)
+{
+    const ModuleHandle probe = probed(state, 0, error);
+    if (!probe) {
+        return false;
+    }
+    IoMap in = m_exports.getInMap(probe.get());
+    IoMap out = m_exports.getOutMap(probe.get());
+    if (newAddresses && !findRoom(in, out, error)) {
+        return false;
+    }
+    setPlace(probe.get(), place);
+    StoredModule module;
+    module.place = place;
+    module.state = withRanges(m_exports.save(probe.get()), in, out);
+    ModuleHandle handle = restored(module, error);
+    if (!handle) {
+        return false;
+    }
+    insert({place, std::move(handle), {}});
+    return true;
+}
+
+bool Station::move(Place from, Place to, QString &error)
+{
+    const int index = *moduleAt(from);
+    if (to == from) {
+        return true;
+    }
+    if (!isFree(to, error)) {
+        return false;
+    }
+    if (!at(index).handle) {
+        error = tr("An unavailable module cannot be moved.");
+        return false;
+    }
+    // Rotates the module to where it belongs, so that no place is searched twice.
+    const auto moved = m_modules.begin() + index;
+    const auto isBefore = [](const Module &module, int placeIndex) { return module.place.index() < placeIndex; };
+    const auto next = std::lower_bound(m_modules.begin(), m_modules.end(), to.index(), isBefore);
+    setPlace(moved->handle.get(), to);
+    moved->place = to;
+    if (next > moved) {
+        std::rotate(moved, moved + 1, next);
+    } else {
+        std::rotate(next, moved, moved + 1);
+    }
+    emit moduleMoved(from, to);
+    return true;
+}
+
+bool Station::configure(Place place, QWidget *parent)
+{
+    SimpleExtendPar *handle = at(*moduleAt(place)).handle.get();
+    if (handle == nullptr) {
+        return false;
+    }
+    const QByteArray before = m_exports.save(handle);
+    m_exports.config(handle, m_memoryOwner, parent, false);
+    const bool changed = m_exports.save(handle) != before;
+    if (changed) {
+        emit moduleChanged(place);
+    }
+    return changed;
+}
+
+StoredModule Station::take(Place place)
+{
+    const int index = *moduleAt(place);
+    StoredModule module = stored(index);
     m_modules.erase(m_modules.begin() + index);
+    emit moduleRemoved(place);
+    return module;
 }
 
-std::optional<int> Station::place(int index, Place place)
+bool Station::put(const StoredModule &module)
 {
-    if (!place.isValid() || moduleAt(place).value_or(index) != index) {
-        return std::nullopt;
+    StoredModule kept = module;
+    ModuleHandle handle = m_plugin.own(nullptr);
+    if (kept.unavailable.isEmpty()) {
+        handle = restored(module, kept.unavailable);
     }
-    const auto position = m_modules.begin() + index;
-    ModuleHandle module = std::move(*position);
-    m_modules.erase(position);
-    return insertAt(std::move(module), place);
+    const bool available = handle != nullptr;
+    insert({module.place, std::move(handle), available ? StoredModule() : kept});
+    return available;
 }
 
-void Station::configure(int index, QWidget *parent)
+/// The module of a saved state, holding its addresses, or null. A first copy without an owner, which claims nothing,
+/// tells the addresses: a second one that was refused them would give back those of another module when it goes.
+ModuleHandle Station::restored(const StoredModule &module, QString &reason) const
 {
-    m_exports.config(handle(index), m_memoryOwner, parent, false);
-}
-
-QByteArrayList Station::states() const
-{
-    QByteArrayList states;
-    for (const ModuleHandle &module : m_modules) {
-        states.append(m_exports.save(module.get()));
+    const ModuleHandle probe = probed(module.state, module.typeCode, reason);
+    if (!probe) {
+        return m_plugin.own(nullptr);
     }
-    return states;
+    const Place place = placeOf(probe.get());
+    if (place != module.place) {
+        reason = tr("Its saved state belongs into rack %1, slot %2.").arg(place.rack).arg(place.slot);
+        return m_plugin.own(nullptr);
+    }
+    if (!areFree(m_memoryOwner, rangesOf(m_exports, probe.get()), reason)) {
+        return m_plugin.own(nullptr);
+    }
+    ModuleHandle handle = m_plugin.own(m_exports.restore(module.state, m_memoryOwner));
+    if (!handle || !areHeld(m_memoryOwner, rangesOf(m_exports, handle.get()))) {
+        handle.reset();
+        freeStrays();
+        reason = tr("The lengths of its address ranges are not those of its type.");
+    }
+    return handle;
 }
 
-QByteArray Station::compiled() const
+/// The module of a saved state without addresses, or null. @p typeCode is what else is known of a state that is
+/// damaged.
+ModuleHandle Station::probed(const QByteArray &state, quint32 typeCode, QString &reason) const
+{
+    reason = tr("Its saved state is damaged.");
+    if (state.size() > StoredModule::largestState) {
+        return m_plugin.own(nullptr);
+    }
+    ModuleHandle probe = m_plugin.own(m_exports.restore(state, QString()));
+    const quint32 type = probe ? static_cast<quint32>(m_exports.getNodeId(probe.get())) : typeCode;
+    // Of a type that the catalog lacks the plug-in makes a blank record.
+    if (const QString problem = type != 0 ? catalogProblem(type) : QString(); !problem.isEmpty()) {
+        reason = problem;
+        probe.reset();
+    }
+    return probe;
+}
+
+StoredModule Station::stored(int index) const
+{
+    const Module &module = at(index);
+    if (!module.handle) {
+        return module.kept;
+    }
+    SimpleExtendPar *handle = module.handle.get();
+    return {module.place,
+            static_cast<quint32>(m_exports.getNodeId(handle)),
+            m_exports.getName(handle),
+            m_exports.save(handle),
+            {}};
+}
+
+Project Station::project() const
+{
+    Project project;
+    project.plcType = plcType();
+    project.modules.reserve(m_modules.size());
+    for (int i = 0; i < count(); ++i) {
+        project.modules.push_back(stored(i));
+    }
+    return project;
+}
+
+std::optional<QByteArray> Station::compiled(const Progress &progress) const
 {
     QByteArray block;
     QStringList list;
-    for (const ModuleHandle &module : m_modules) {
-        m_exports.compile(module.get(), block, list);
+    for (int i = 0; i < count(); ++i) {
+        if (at(i).handle) {
+            m_exports.compile(at(i).handle.get(), block, list);
+        }
+        if (progress && !progress(i + 1, count())) {
+            return std::nullopt;
+        }
     }
     return block;
 }
 
 RoundTrip Station::roundTrip(int index) const
 {
-    const QByteArray saved = m_exports.save(handle(index));
-    const QByteArray compiled = compiledBlock(m_exports, handle(index));
+    SimpleExtendPar *handle = at(index).handle.get();
+    const QByteArray saved = m_exports.save(handle);
+    const QByteArray compiled = compiledBlock(m_exports, handle);
     // Without an owner the copies claim nothing beside the module itself.
     const ModuleHandle copy = m_plugin.own(m_exports.restore(saved, QString()));
     qint32 code = 0;

@@ -35,6 +35,13 @@ QStringList row(const ModuleView &module, const RoundTrip &result)
             roundTripText(result)};
 }
 
+QStringList unavailableRow(const ModuleView &module)
+{
+    QStringList cells = row(module, {});
+    cells.last() = module.unavailable;
+    return cells;
+}
+
 void printTable(QTextStream &out, const std::vector<QStringList> &rows)
 {
     std::vector<int> widths;
@@ -63,6 +70,11 @@ bool printStation(QTextStream &out, const Station &station)
     int failed = 0;
     bool halved = false;
     for (int i = 0; i < station.count(); ++i) {
+        if (const ModuleView module = station.module(i); !module.unavailable.isEmpty()) {
+            rows.push_back(unavailableRow(module));
+            ++failed;
+            continue;
+        }
         const RoundTrip result = station.roundTrip(i);
         rows.push_back(row(station.module(i), result));
         failed += result.isGood() ? 0 : 1;
@@ -70,7 +82,7 @@ bool printStation(QTextStream &out, const Station &station)
     }
     printTable(out, rows);
     out << '\n'
-        << station.count() << " modules, " << station.compiled().size() << " bytes compiled; " << failed
+        << station.count() << " modules, " << station.compiled()->size() << " bytes compiled; " << failed
         << " round trips failed.\n";
     if (halved) {
         out << "(*) A double-word module that is rebuilt from its block counts its channels as words.\n";

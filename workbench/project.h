@@ -1,0 +1,45 @@
+// What a station consists of when no plug-in holds it: the content of a project file.
+#pragma once
+
+#include <QByteArray>
+#include <QMetaType>
+#include <QString>
+
+#include <vector>
+
+/// Where a module sits. Small numbers only: blocks keep rack and slot as bytes with a sign, and a saved state cannot
+/// carry a position byte of 128 or more.
+struct Place {
+    static constexpr int rackCount = 128;
+    static constexpr int slotCount = 32;
+    static constexpr int count = rackCount * slotCount;
+
+    int rack = 0;
+    int slot = 0;
+
+    /// The inverse of index().
+    static Place at(int index) { return {index / slotCount, index % slotCount}; }
+    bool isValid() const { return rack >= 0 && rack < rackCount && slot >= 0 && slot < slotCount; }
+    /// The order of modules in a station: slot by slot, rack by rack.
+    int index() const { return rack * slotCount + slot; }
+    bool operator==(const Place &other) const { return rack == other.rack && slot == other.slot; }
+    bool operator!=(const Place &other) const { return !(*this == other); }
+};
+Q_DECLARE_METATYPE(Place)
+
+/// A module without a handle.
+struct StoredModule {
+    static constexpr int largestState = 65536; ///< bytes; many times that of any module
+
+    Place place;
+    quint32 typeCode = 0; ///< for a reader only, as the name: the state decides
+    QString name;
+    QByteArray state;    ///< as the plug-in saved it
+    QString unavailable; ///< why the plug-in could not restore it, in the user's language; empty where it could or was
+                         ///< not asked yet; not part of a project file
+};
+
+struct Project {
+    quint32 plcType = 0;
+    std::vector<StoredModule> modules; ///< by rising place, one a place
+};

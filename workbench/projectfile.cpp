@@ -1,0 +1,310 @@
+#include "projectfile.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUuid>
+#include <QVariant>
+#include <QtEndian>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 largestFile = 64LL * 1024 * 1024; // far beyond a full station
+constexpr quint32 applicationId = 0x53585354;      // "SXST"
+constexpr int headerSize = 100;                    // of a SQLite database, as its format defines it
+constexpr int versionOffset = 60;
+constexpr int applicationIdOffset = 68;
+
+/// The statements that make the tables; SQLite keeps them as they are, so a file is known by them.
+QStringList schema()
+{
+    return {QStringLiteral("CREATE TABLE station (id INTEGER PRIMARY KEY CHECK (id = 1), plc_type INTEGER NOT NULL, "
+                           "sha256 TEXT NOT NULL)"),
+            QStringLiteral("CREATE TABLE module (place INTEGER PRIMARY KEY CHECK (place = rack * %1 + slot), "
+                           "rack INTEGER NOT NULL CHECK (rack BETWEEN 0 AND %2), "
+                           "slot INTEGER NOT NULL CHECK (slot BETWEEN 0 AND %3), type_code INTEGER NOT NULL, "
+                           "name TEXT NOT NULL, "
+                           "state BLOB NOT NULL CHECK (typeof(state) = 'blob' AND length(state) BETWEEN 1 AND %4))")
+                .arg(Place::slotCount)
+                .arg(Place::rackCount - 1)
+                .arg(Place::slotCount - 1)
+                .arg(StoredModule::largestState)};
+}
+
+/// Covers the length of every state too, so that no byte can move from one module to the next unnoticed.
+QString checksum(const Project &project)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(QByteArray::number(project.plcType));
+    for (const StoredModule &module : project.modules) {
+        hash.addData(' ' + QByteArray::number(module.place.index()) + ' ' + QByteArray::number(module.state.size()) +
+                     ':');
+        hash.addData(module.state);
+    }
+    return QString::fromLatin1(hash.result().toHex());
+}
+
+/// An open database under a connection name of its own, which goes with it. Whatever fails first is kept.
+class Database {
+public:
+    explicit Database(const QString &path)
+        : m_name(QUuid::createUuid().toString()),
+          m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name))
+    {
+        m_database.setDatabaseName(path);
+        m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000")); // ms
+        if (!m_database.open()) {
+            keep(m_database.lastError());
+        }
+    }
+    ~Database()
+    {
+        m_database = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_name);
+    }
+    Q_DISABLE_COPY_MOVE(Database)
+
+    /// Runs a statement, for every row of @p rows if there are any. A failure makes all later calls fail.
+    bool run(const QString &statement, const QVector<QVariantList> &rows = {QVariantList()})
+    {
+        QSqlQuery query = prepared(statement);
+        return std::all_of(rows.begin(), rows.end(), [&](const QVariantList &row) { return exec(query, row); });
+    }
+    /// Calls @p take with the query at every row of the answer.
+    template <typename Take>
+    bool select(const QString &statement, Take take)
+    {
+        QSqlQuery query = prepared(statement);
+        if (!exec(query, {})) {
+            return false;
+        }
+        while (query.next()) {
+            take(query);
+        }
+        return keep(query.lastError());
+    }
+
+    const QString &errorString() const { return m_errorString; }
+
+private:
+    QSqlQuery prepared(const QString &statement)
+    {
+        QSqlQuery query(m_database);
+        query.setForwardOnly(true);
+        if (m_errorString.isEmpty() && !query.prepare(statement)) {
+            keep(query.lastError());
+        }
+        return query;
+    }
+    bool exec(QSqlQuery &query, const QVariantList &row)
+    {
+        if (!m_errorString.isEmpty()) {
+            return false;
+        }
+        for (const QVariant &value : row) {
+            query.addBindValue(value);
+        }
+        return query.exec() || keep(query.lastError());
+    }
+    bool keep(const QSqlError &error)
+    {
+        if (error.isValid() && m_errorString.isEmpty()) {
+            m_errorString = error.text().simplified();
+        }
+        return m_errorString.isEmpty();
+    }
+
+    QString m_name;
+    QSqlDatabase m_database;
+    QString m_errorString;
+};
+
+/// The first complaint of SQLite's own check, which covers the constraints of the tables; empty for a sound file.
+QString complaintOf(Database &database)
+{
+    QStringList found;
+    const bool checked = database.select(QStringLiteral("PRAGMA integrity_check(1)"),
+                                         [&](const QSqlQuery &query) { found += query.value(0).toString(); });
+    if (!checked) {
+        return database.errorString();
+    }
+    return found == QStringList(QStringLiteral("ok")) ? QString() : found.join(QLatin1Char(' '));
+}
+
+bool hasSchema(Database &database)
+{
+    QStringList found;
+    return database.select(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY rowid"), [&](const QSqlQuery &query) {
+        found += query.value(0).toString();
+    }) && found == schema();
+}
+
+bool insertProject(Database &database, const Project &project)
+{
+    QVector<QVariantList> rows;
+    for (const StoredModule &module : project.modules) {
+        rows.append({module.place.index(), module.place.rack, module.place.slot, module.typeCode,
+                     module.name.isNull() ? QStringLiteral("") : module.name, module.state}); // null would be NULL
+    }
+    return database.run(QStringLiteral("INSERT INTO station VALUES (1, ?, ?)"),
+                        {{project.plcType, checksum(project)}}) &&
+           database.run(QStringLiteral("INSERT INTO module VALUES (?, ?, ?, ?, ?, ?)"), rows);
+}
+
+bool prepareToWrite(Database &database)
+{
+    return database.run(QStringLiteral("PRAGMA journal_mode = DELETE")) &&
+           database.run(QStringLiteral("PRAGMA synchronous = FULL")) && database.run(QStringLiteral("BEGIN IMMEDIATE"));
+}
+
+bool createDatabase(Database &database, const Project &project)
+{
+    const QStringList statements = schema();
+    return prepareToWrite(database) && database.run(QStringLiteral("PRAGMA application_id = %1").arg(applicationId)) &&
+           database.run(QStringLiteral("PRAGMA user_version = %1").arg(ProjectFile::formatVersion)) &&
+           std::all_of(statements.begin(), statements.end(),
+                       [&](const QString &statement) { return database.run(statement); }) &&
+           insertProject(database, project) && database.run(QStringLiteral("COMMIT"));
+}
+
+bool replaceContent(Database &database, const Project &project)
+{
+    return prepareToWrite(database) && database.run(QStringLiteral("DELETE FROM station")) &&
+           database.run(QStringLiteral("DELETE FROM module")) && insertProject(database, project) &&
+           database.run(QStringLiteral("COMMIT"));
+}
+
+/// A file that is removed with this object unless it has been renamed.
+class TemporaryName {
+public:
+    explicit TemporaryName(const QString &path) : m_path(path) {}
+    ~TemporaryName() { QFile::remove(m_path); }
+    Q_DISABLE_COPY_MOVE(TemporaryName)
+
+    const QString &path() const { return m_path; }
+
+private:
+    QString m_path;
+};
+
+} // namespace
+
+bool writeFile(const QString &path, const QByteArray &bytes, QString &error)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) {
+        return true;
+    }
+    error = file.errorString();
+    return false;
+}
+
+ProjectFile::ProjectFile(const QString &path) : m_path(QFileInfo(path).absoluteFilePath()) {}
+
+bool ProjectFile::fail(const QString &error)
+{
+    m_errorString = error;
+    return false;
+}
+
+/// Looks at the file's first bytes, so that nothing foreign comes into the database's hands.
+bool ProjectFile::recognise()
+{
+    if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE"))) {
+        return fail(tr("Qt's SQLite driver is not installed."));
+    }
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return fail(file.errorString());
+    }
+    if (file.size() > largestFile) {
+        return fail(tr("The file is too large for a station."));
+    }
+    const QByteArray header = file.read(headerSize);
+    if (header.size() < headerSize || !header.startsWith(QByteArray("SQLite format 3\0", 16))) {
+        return fail(tr("This is not a station file, or it is damaged: it does not begin as one."));
+    }
+    if (qFromBigEndian<quint32>(header.constData() + applicationIdOffset) != applicationId) {
+        return fail(tr("This is the database of another program, not a station file."));
+    }
+    const auto version = qFromBigEndian<quint32>(header.constData() + versionOffset);
+    if (version != formatVersion) {
+        return fail(tr("The file has version %1; this program reads version %2.").arg(version).arg(formatVersion));
+    }
+    return true;
+}
+
+std::optional<Project> ProjectFile::read()
+{
+    if (!recognise()) {
+        return std::nullopt;
+    }
+    Database database(m_path);
+    database.run(QStringLiteral("PRAGMA cell_size_check = ON"));
+    database.run(QStringLiteral("BEGIN"));
+    const QString complaint = complaintOf(database);
+    if (!complaint.isEmpty()) {
+        fail(tr("The file is damaged: %1").arg(complaint));
+        return std::nullopt;
+    }
+    if (!hasSchema(database)) {
+        fail(tr("The file is damaged: its tables are not those of a station."));
+        return std::nullopt;
+    }
+    Project project;
+    QString storedChecksum;
+    database.select(QStringLiteral("SELECT plc_type, sha256 FROM station"), [&](const QSqlQuery &query) {
+        project.plcType = query.value(0).toUInt();
+        storedChecksum = query.value(1).toString();
+    });
+    database.select(QStringLiteral("SELECT rack, slot, type_code, name, state FROM module ORDER BY place"),
+                    [&](const QSqlQuery &query) {
+                        project.modules.push_back({{query.value(0).toInt(), query.value(1).toInt()},
+                                                   query.value(2).toUInt(),
+                                                   query.value(3).toString(),
+                                                   query.value(4).toByteArray(),
+                                                   {}});
+                    });
+    if (!database.errorString().isEmpty()) {
+        fail(tr("The file is damaged: %1").arg(database.errorString()));
+        return std::nullopt;
+    }
+    if (storedChecksum != checksum(project)) {
+        fail(tr("The file is damaged: its modules do not match its checksum."));
+        return std::nullopt;
+    }
+    return project;
+}
+
+bool ProjectFile::write(const Project &project)
+{
+    if (!QFileInfo::exists(m_path)) {
+        return createWith(project);
+    }
+    if (!read()) {
+        return false;
+    }
+    Database database(m_path);
+    return replaceContent(database, project) || fail(database.errorString());
+}
+
+/// A new file gets its name when it is complete.
+bool ProjectFile::createWith(const Project &project)
+{
+    const TemporaryName temporary(m_path + QStringLiteral(".%1.tmp").arg(QCoreApplication::applicationPid()));
+    QFile::remove(temporary.path()); // left behind by a program that was ended
+    {
+        Database database(temporary.path());
+        if (!createDatabase(database, project)) {
+            return fail(database.errorString());
+        }
+    }
+    QFile file(temporary.path());
+    return file.rename(m_path) || fail(file.errorString());
+}
