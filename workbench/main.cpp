@@ -1,5 +1,6 @@
 // The workbench: a host for the plug-in, as a window or, without a display, as a table on standard output.
 #include "baseservices.h"
+#include "batch.h"
 #include "catalog.h"
 #include "mainwindow.h"
 #include "pluginlibrary.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLoggingCategory>
+#include <QTextCodec>
 #include <QTextStream>
 
 #include <cstdio>
@@ -16,6 +18,7 @@
 namespace {
 
 constexpr int exitFailure = 1;
+constexpr int exitUsage = 2;
 
 QString sampleOwner()
 {
@@ -28,6 +31,7 @@ struct Options {
                               QStringLiteral("file")};
     QCommandLineOption table{QStringLiteral("table"),
                              QStringLiteral("Print the station as a table instead of showing a window.")};
+    BatchOptions batch;
 
     Options()
     {
@@ -38,12 +42,23 @@ struct Options {
         parser.addHelpOption();
         parser.addVersionOption();
         parser.addOptions({plugin, table});
+        batch.addTo(parser);
     }
 };
 
 void complain(const QString &text)
 {
     QTextStream(stderr) << text << '\n';
+}
+
+/// The plug-in keeps names and comments in the local encoding, so one that lacks characters would lose them.
+void ensureUnicodeEncoding()
+{
+    const QString sample = QStringLiteral(u"\u00e4\u4e2d\U0001f600");
+    const QTextCodec *codec = QTextCodec::codecForLocale();
+    if (codec->toUnicode(codec->fromUnicode(sample)) != sample) {
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    }
 }
 
 /// A platform of Qt's that needs no display counts as one when the user asked for it.
@@ -110,12 +125,24 @@ int showWindow(const PluginLibrary &plugin, const std::vector<CatalogEntry> &cat
     return QApplication::exec();
 }
 
-int run(const Options &options, bool asTable)
+int run(Options &options, const QCoreApplication &application, bool asTable)
 {
+    ensureUnicodeEncoding();
+    if (!options.parser.parse(QCoreApplication::arguments())) {
+        complain(options.parser.errorText());
+        return exitUsage;
+    }
+    options.parser.process(application); // help and version end here
+    const bool asBatch = options.parser.isSet(options.batch.batch);
     PluginLibrary plugin;
     if (!plugin.load(options.parser.value(options.plugin))) {
         complain(QStringLiteral("The plug-in cannot be loaded: %1").arg(plugin.errorString()));
-        return exitFailure;
+        return asBatch ? exitUsage : exitFailure;
+    }
+    if (asBatch) {
+        QTextStream out(stdout);
+        QTextStream err(stderr);
+        return runBatch(options.parser, options.batch, plugin, out, err);
     }
     const std::vector<CatalogEntry> catalog = readCatalog();
     if (catalog.empty()) {
@@ -141,11 +168,10 @@ int main(int argc, char *argv[])
     for (int i = 0; i < argc; ++i) {
         arguments += QString::fromLocal8Bit(argv[i]);
     }
-    options.parser.parse(arguments);
-    if (options.parser.isSet(options.table) || !hasDisplay()) {
+    options.parser.parse(arguments); // Qt's own options are still among them
+    if (options.parser.isSet(options.table) || options.parser.isSet(options.batch.batch) || !hasDisplay()) {
         const QCoreApplication application(argc, argv);
-        options.parser.process(application);
-        return run(options, true);
+        return run(options, application, true);
     }
 
     // A display that does not answer must end in the table, not in an abort.
@@ -154,6 +180,5 @@ int main(int argc, char *argv[])
         qputenv("QT_QPA_PLATFORM", "xcb;wayland;offscreen");
     }
     const QApplication application(argc, argv);
-    options.parser.process(application);
-    return run(options, fallsBack && QGuiApplication::platformName() == QLatin1String("offscreen"));
+    return run(options, application, fallsBack && QGuiApplication::platformName() == QLatin1String("offscreen"));
 }

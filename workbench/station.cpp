@@ -476,11 +476,9 @@ ModuleHandle Station::restored(const StoredModule &module, QString &reason) cons
 /// damaged.
 ModuleHandle Station::probed(const QByteArray &state, quint32 typeCode, QString &reason) const
 {
-    reason = tr("Its saved state is damaged.");
-    if (state.size() > StoredModule::largestState) {
-        return m_plugin.own(nullptr);
-    }
-    ModuleHandle probe = m_plugin.own(m_exports.restore(state, QString()));
+    const bool isTooLong = state.size() > StoredModule::largestState;
+    ModuleHandle probe = m_plugin.own(isTooLong ? nullptr : m_exports.restore(state, QString()));
+    reason = probe ? QString() : tr("Its saved state is damaged.");
     const quint32 type = probe ? static_cast<quint32>(m_exports.getNodeId(probe.get())) : typeCode;
     // Of a type that the catalog lacks the plug-in makes a blank record.
     if (const QString problem = type != 0 ? catalogProblem(type) : QString(); !problem.isEmpty()) {

@@ -31,11 +31,11 @@ std::unique_ptr<Station> decompiled(const PluginLibrary &plugin, const QString &
         BlockResult result;
         result.number = ++number;
         result.offset = block.offset;
-        station->addBlock(bytesOf(bytes, block), &result.code, result.error);
+        const bool added = station->addBlock(bytesOf(bytes, block), &result.code, result.error);
         if (!block.complete) {
             result.unread = Texts::tr("It is damaged, so that its end and the blocks behind it are unknown.");
         }
-        if (!result.error.isEmpty() || !result.unread.isEmpty()) {
+        if (!added || !result.unread.isEmpty()) {
             results.push_back(result);
         }
         if (progress && !progress(number, blocks.size())) {
