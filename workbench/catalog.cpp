@@ -12,6 +12,10 @@
 
 namespace {
 
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(Catalog)
+};
+
 /// The text behind the first "=" of a line that begins with @p key; null for any other line.
 QString valueOf(const QString &line, QLatin1String key)
 {
@@ -21,7 +25,26 @@ QString valueOf(const QString &line, QLatin1String key)
     return line.mid(line.indexOf(QLatin1Char('=')) + 1).simplified();
 }
 
-/// Fills name and order number from the first entry of a description file.
+/// The description files do not tell temperature modules from other analog ones, the type codes do.
+CatalogFamily familyOf(int baseType, quint32 typeCode)
+{
+    switch (baseType) {
+    case 1:
+    case 2:
+    case 3:
+        return typeCode == 13396 || typeCode == 13397 ? CatalogFamily::Temperature : CatalogFamily::Analog;
+    case 4:
+    case 5:
+    case 6:
+        return CatalogFamily::Digital;
+    case 7:
+        return CatalogFamily::Weighing;
+    default:
+        return CatalogFamily::Other;
+    }
+}
+
+/// Fills all but the type code from the first entry of a description file.
 void readTexts(const QString &path, CatalogEntry &entry)
 {
     QFile file(path);
@@ -37,13 +60,11 @@ void readTexts(const QString &path, CatalogEntry &entry)
             entry.orderNumber = orderNumber;
         } else if (const QString component = valueOf(line, QLatin1String("ServerFile")); !component.isNull()) {
             entry.componentFile = component;
+        } else if (const QString baseType = valueOf(line, QLatin1String("BaseType")); !baseType.isNull()) {
+            entry.family = familyOf(baseType.toInt(), entry.typeCode);
         }
     }
 }
-
-struct Texts {
-    Q_DECLARE_TR_FUNCTIONS(Catalog)
-};
 
 } // namespace
 
@@ -84,4 +105,29 @@ QString catalogProblem(quint32 typeCode)
             .arg(typeCode);
     }
     return {};
+}
+
+const CatalogEntry *findEntry(const std::vector<CatalogEntry> &catalog, quint32 typeCode)
+{
+    const auto found =
+        std::lower_bound(catalog.begin(), catalog.end(), typeCode,
+                         [](const CatalogEntry &entry, quint32 wanted) { return entry.typeCode < wanted; });
+    return found == catalog.end() || found->typeCode != typeCode ? nullptr : &*found;
+}
+
+QString familyName(CatalogFamily family)
+{
+    switch (family) {
+    case CatalogFamily::Analog:
+        return Texts::tr("Analog modules");
+    case CatalogFamily::Temperature:
+        return Texts::tr("TC/RTD modules");
+    case CatalogFamily::Digital:
+        return Texts::tr("Digital modules");
+    case CatalogFamily::Weighing:
+        return Texts::tr("Weighing modules");
+    case CatalogFamily::Other:
+        break;
+    }
+    return Texts::tr("Other modules");
 }
