@@ -1,0 +1,105 @@
+#include "rackmodel.h"
+
+#include "imagerangetext.h"
+
+RackModel::RackModel(const std::vector<CatalogEntry> &catalog, QObject *parent)
+    : QAbstractTableModel(parent), m_catalog(catalog)
+{
+}
+
+void RackModel::show(const Station *station)
+{
+    beginResetModel();
+    if (m_station != nullptr) {
+        m_station->disconnect(this);
+    }
+    m_station = station;
+    for (const auto signal : {&Station::moduleAdded, &Station::moduleRemoved, &Station::moduleChanged}) {
+        connect(m_station, signal, this, &RackModel::tellChange);
+    }
+    connect(m_station, &Station::moduleMoved, this, [this](Place from, Place to) {
+        tellChange(from);
+        tellChange(to);
+    });
+    endResetModel();
+}
+
+void RackModel::tellChange(Place place)
+{
+    emit dataChanged(indexOf(place), indexOf(place));
+}
+
+void RackModel::retranslate()
+{
+    emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+    emit headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+std::optional<ModuleView> RackModel::moduleAt(const QModelIndex &index) const
+{
+    const std::optional<int> found = m_station == nullptr ? std::nullopt : m_station->moduleAt(placeOf(index));
+    return found ? std::optional<ModuleView>(m_station->module(*found)) : std::nullopt;
+}
+
+int RackModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : Place::rackCount;
+}
+
+int RackModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : Place::slotCount;
+}
+
+QVariant RackModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::AccessibleTextRole)) {
+        return {};
+    }
+    if (role == Qt::AccessibleTextRole) {
+        return spokenText(index);
+    }
+    const std::optional<ModuleView> module = moduleAt(index);
+    if (!module) {
+        return {};
+    }
+    return role == Qt::DisplayRole ? module->name : toolTip(*module);
+}
+
+QVariant RackModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role == Qt::DisplayRole) {
+        return orientation == Qt::Vertical ? tr("Rack %1").arg(section) : tr("Slot %1").arg(section);
+    }
+    return {};
+}
+
+Qt::ItemFlags RackModel::flags(const QModelIndex &index) const
+{
+    return QAbstractTableModel::flags(index) | Qt::ItemIsDropEnabled | Qt::ItemIsDragEnabled;
+}
+
+QString RackModel::toolTip(const ModuleView &module) const
+{
+    const CatalogEntry *entry = entryOf(module.typeCode);
+    QStringList lines{module.name, entry != nullptr
+                                       ? tr("Type %1, order number %2").arg(module.typeCode).arg(entry->orderNumber)
+                                       : tr("Type %1").arg(module.typeCode)};
+    for (const QString &text : {rangeText(module.in), rangeText(module.out), module.comment}) {
+        if (!text.isEmpty()) {
+            lines += text;
+        }
+    }
+    if (!module.unavailable.isEmpty()) {
+        lines += tr("Not available: %1").arg(module.unavailable);
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString RackModel::spokenText(const QModelIndex &index) const
+{
+    const std::optional<ModuleView> module = moduleAt(index);
+    const QString what = module ? toolTip(*module).replace(QLatin1Char('\n'), QLatin1String(", ")) : tr("free");
+    return tr("Rack %1, slot %2: %3").arg(index.row()).arg(index.column()).arg(what);
+}

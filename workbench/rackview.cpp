@@ -1,0 +1,330 @@
+#include "rackview.h"
+
+#include "catalogview.h"
+#include "imagerangetext.h"
+#include "modulecolors.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int margin = 3;       // px around a card
+constexpr int padding = 6;      // px inside a card
+constexpr int stripeHeight = 5; // px of a card's colour at its top
+constexpr int cardLines = 4;    // order number, name, input, output
+constexpr int cardCharacters = 27;
+constexpr int cornerRadius = 4; // px
+
+/// A module that is dragged inside the view; the place is the view's current one.
+QString moveMimeType()
+{
+    return QStringLiteral("application/x-simpleextend-move");
+}
+
+/// Of less important texts.
+QColor faded(const QPalette &palette)
+{
+    const QColor text = palette.color(QPalette::Text);
+    const QColor base = palette.color(QPalette::Base);
+    return QColor::fromRgb((2 * text.red() + base.red()) / 3, (2 * text.green() + base.green()) / 3,
+                           (2 * text.blue() + base.blue()) / 3);
+}
+
+} // namespace
+
+/// Paints a slot: a card, or the outline of a free slot.
+class RackView::CardPainter : public QStyledItemDelegate {
+public:
+    explicit CardPainter(const RackView &view) : m_view(view) {}
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        const QRectF card = QRectF(option.rect).adjusted(margin, margin, -margin, -margin);
+        const std::optional<ModuleView> module = m_view.m_model->moduleAt(index);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(option.palette.base());
+        painter->drawRoundedRect(card, cornerRadius, cornerRadius);
+        if (module) {
+            paintCard(*painter, card, option.palette, *module);
+        }
+        paintOutline(*painter, card, option, module.has_value());
+        if (index == m_view.m_dropTarget) {
+            paintDrop(*painter, card, option.palette, !module || index == m_view.currentIndex());
+        }
+        painter->restore();
+    }
+
+private:
+    void paintCard(QPainter &painter, const QRectF &card, const QPalette &palette, const ModuleView &module) const
+    {
+        const CatalogEntry *entry = m_view.m_model->entryOf(module.typeCode);
+        const bool isAvailable = module.unavailable.isEmpty();
+        const QColor color =
+            moduleColor(entry == nullptr ? CatalogFamily::Other : entry->family, module.place, palette);
+        QPainterPath shape;
+        shape.addRoundedRect(card, cornerRadius, cornerRadius);
+        painter.setClipPath(shape, Qt::IntersectClip);
+        painter.fillRect(QRectF(card.topLeft(), QSizeF(card.width(), stripeHeight)), color);
+        if (!isAvailable) {
+            painter.fillRect(card, QBrush(refusalColor(palette), Qt::BDiagPattern));
+            painter.fillRect(card.adjusted(padding / 2.0, stripeHeight, -padding / 2.0, -padding / 2.0),
+                             palette.base());
+        }
+        QRectF line = card.adjusted(padding, stripeHeight + margin, -padding, 0);
+        line.setHeight(m_view.fontMetrics().height());
+        const auto write = [&](const QString &text, const QColor &ink) {
+            const QFontMetrics metrics(painter.font());
+            painter.setPen(ink);
+            painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
+                             metrics.elidedText(text, Qt::ElideRight, static_cast<int>(line.width())));
+            line.translate(0, line.height());
+        };
+        QFont font = m_view.font();
+        font.setBold(true);
+        painter.setFont(font);
+        write(module.name, palette.color(QPalette::Text));
+        painter.setFont(m_view.font());
+        write(entry == nullptr ? QString::number(module.typeCode) : entry->orderNumber, faded(palette));
+        if (!isAvailable) {
+            write(RackView::tr("not available"), refusalColor(palette));
+            return;
+        }
+        write(rangeText(module.in), palette.color(QPalette::Text));
+        write(rangeText(module.out), palette.color(QPalette::Text));
+    }
+
+    static void paintOutline(QPainter &painter, const QRectF &card, const QStyleOptionViewItem &option, bool isTaken)
+    {
+        const bool isSelected = (option.state & QStyle::State_Selected) != 0;
+        const bool isCurrent = (option.state & QStyle::State_HasFocus) != 0;
+        painter.setClipping(false);
+        painter.setBrush(Qt::NoBrush);
+        QPen pen(option.palette.color(isSelected ? QPalette::Highlight : QPalette::Mid), isSelected ? 2.5 : 1);
+        if (!isTaken && !isCurrent) {
+            pen.setStyle(isSelected ? Qt::SolidLine : Qt::DotLine);
+        }
+        painter.setPen(pen);
+        painter.drawRoundedRect(card, cornerRadius, cornerRadius);
+    }
+
+    static void paintDrop(QPainter &painter, const QRectF &card, const QPalette &palette, bool isWelcome)
+    {
+        QColor color = isWelcome ? palette.color(QPalette::Highlight) : refusalColor(palette);
+        painter.setPen(QPen(color, 3));
+        color.setAlpha(70);
+        painter.setBrush(color);
+        painter.drawRoundedRect(card, cornerRadius, cornerRadius);
+        if (!isWelcome) {
+            painter.drawLine(card.topLeft(), card.bottomRight());
+            painter.drawLine(card.bottomLeft(), card.topRight());
+        }
+    }
+
+    const RackView &m_view;
+};
+
+RackView::RackView(const std::vector<CatalogEntry> &catalog, QWidget *parent)
+    : QTableView(parent), m_model(new RackModel(catalog, this))
+{
+    setObjectName(QStringLiteral("rackView"));
+    setModel(m_model);
+    auto *painter = new CardPainter(*this);
+    painter->setParent(this);
+    setItemDelegate(painter);
+    setShowGrid(false);
+    setSelectionMode(ExtendedSelection);
+    setTabKeyNavigation(false);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+    setDragDropMode(DragDrop);
+    setDragDropOverwriteMode(true);
+    setDropIndicatorShown(false);
+    for (QHeaderView *header : {horizontalHeader(), verticalHeader()}) {
+        header->setSectionResizeMode(QHeaderView::Fixed);
+        header->setHighlightSections(true);
+        header->setSectionsClickable(false);
+    }
+    fitToFont();
+    setAccessibleName(tr("Racks"));
+}
+
+void RackView::fitToFont()
+{
+    horizontalHeader()->setDefaultSectionSize(fontMetrics().averageCharWidth() * cardCharacters +
+                                              2 * (margin + padding));
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * cardLines + stripeHeight + 3 * margin + padding);
+}
+
+void RackView::show(const Station *station)
+{
+    m_model->show(station);
+    setCurrentPlace({});
+}
+
+void RackView::setCurrentPlace(Place place)
+{
+    setCurrentIndex(m_model->indexOf(place));
+    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+    scrollTo(currentIndex());
+}
+
+QVector<Place> RackView::selectedModules() const
+{
+    QVector<Place> places;
+    for (const QModelIndex &index : selectionModel()->selectedIndexes()) {
+        if (m_model->moduleAt(index)) {
+            places.append(RackModel::placeOf(index));
+        }
+    }
+    std::sort(places.begin(), places.end(), [](Place a, Place b) { return a.index() < b.index(); });
+    return places;
+}
+
+/// Moves the current module to the next free slot in a direction.
+void RackView::moveBy(int racks, int slots_)
+{
+    const Place from = currentPlace();
+    Place to = from;
+    do {
+        to = {to.rack + racks, to.slot + slots_};
+    } while (to.isValid() && m_model->moduleAt(m_model->indexOf(to)));
+    if (to.isValid() && m_model->moduleAt(currentIndex())) {
+        emit moveRequested(from, to);
+    }
+}
+
+void RackView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->modifiers() == Qt::ControlModifier) {
+        switch (event->key()) {
+        case Qt::Key_Left:
+            return moveBy(0, -1);
+        case Qt::Key_Right:
+            return moveBy(0, 1);
+        case Qt::Key_Up:
+            return moveBy(-1, 0);
+        case Qt::Key_Down:
+            return moveBy(1, 0);
+        default:
+            break;
+        }
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void RackView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && indexAt(event->pos()).isValid()) {
+        emit propertiesRequested();
+    }
+}
+
+void RackView::startDrag(Qt::DropActions /*supportedActions*/)
+{
+    if (!m_model->moduleAt(currentIndex())) {
+        return;
+    }
+    auto *carried = new QMimeData;
+    carried->setData(moveMimeType(), {});
+    auto *drag = new QDrag(this);
+    drag->setMimeData(carried);
+    const QRect card = visualRect(currentIndex());
+    drag->setPixmap(viewport()->grab(card));
+    drag->setHotSpot(QPoint(card.width() / 2, card.height() / 2));
+    drag->exec(Qt::MoveAction);
+}
+
+void RackView::dragEnterEvent(QDragEnterEvent *event)
+{
+    const bool isModule = event->source() == this && event->mimeData()->hasFormat(moveMimeType());
+    if (isModule || event->mimeData()->hasFormat(CatalogView::mimeType())) {
+        setState(DraggingState);
+        event->acceptProposedAction();
+    }
+}
+
+void RackView::dragMoveEvent(QDragMoveEvent *event)
+{
+    QTableView::dragMoveEvent(event); // scrolls at the edges
+    const QModelIndex target = indexAt(event->pos());
+    const bool isNew = target != m_dropTarget;
+    setDropTarget(target);
+    const std::optional<ModuleView> occupant = m_model->moduleAt(target);
+    if (!target.isValid() || (occupant && !(event->source() == this && target == currentIndex()))) {
+        event->ignore(visualRect(target));
+        if (occupant && isNew) {
+            emit dropRefused(
+                tr("Rack %1, slot %2 is taken by \"%3\".").arg(target.row()).arg(target.column()).arg(occupant->name));
+        }
+        return;
+    }
+    event->setDropAction(event->source() == this ? Qt::MoveAction : Qt::CopyAction);
+    event->accept(visualRect(target));
+}
+
+void RackView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    QTableView::dragLeaveEvent(event);
+    setDropTarget({});
+}
+
+void RackView::dropEvent(QDropEvent *event)
+{
+    const QModelIndex target = indexAt(event->pos());
+    const Place from = currentPlace();
+    QDragLeaveEvent leave;
+    dragLeaveEvent(&leave);
+    if (!target.isValid() || m_model->moduleAt(target)) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    if (event->source() == this) {
+        emit moveRequested(from, RackModel::placeOf(target));
+    } else {
+        emit placeRequested(event->mimeData()->data(CatalogView::mimeType()).toUInt(), RackModel::placeOf(target));
+    }
+}
+
+void RackView::setDropTarget(const QModelIndex &target)
+{
+    if (target != m_dropTarget) {
+        m_dropTarget = target;
+        viewport()->update();
+    }
+}
+
+void RackView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    QTableView::selectionChanged(selected, deselected);
+    emit selectionMoved();
+}
+
+void RackView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTableView::currentChanged(current, previous);
+    emit selectionMoved();
+}
+
+void RackView::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        fitToFont();
+    } else if (event->type() == QEvent::LanguageChange) {
+        setAccessibleName(tr("Racks"));
+        m_model->retranslate();
+    }
+}
