@@ -1,0 +1,28 @@
+// The help: one page per module family and an overview.
+#pragma once
+
+#include "catalog.h"
+
+#include <QDockWidget>
+
+class QTextBrowser;
+
+class HelpDock : public QDockWidget {
+    Q_OBJECT
+public:
+    explicit HelpDock(QWidget *parent);
+
+    /// Opens the page of a help keyword of the plug-in, in either language; the overview for any other keyword.
+    void showKeyword(const QString &keyword);
+    /// Opens the page of a family; the overview where it has none.
+    void showFamily(CatalogFamily family);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void showPage(const QString &page);
+    void retranslate();
+
+    QTextBrowser *m_browser;
+};
