@@ -1,0 +1,26 @@
+// A station's configuration blocks, taken apart field by field.
+#pragma once
+
+#include "blockdecoder.h"
+
+#include <QDialog>
+
+class QTreeWidget;
+
+class BlockView : public QDialog {
+    Q_OBJECT
+public:
+    /// @p blocks stand one behind the other; @p fileName is what saving suggests.
+    BlockView(const QByteArray &blocks, QString fileName, QWidget *parent);
+
+private:
+    void listBlocks();
+    void showFields(int number);
+    void save();
+
+    QByteArray m_bytes;
+    QString m_fileName;
+    QVector<blockdecoder::DecodedBlock> m_blocks;
+    QTreeWidget *m_list;
+    QTreeWidget *m_fields;
+};

@@ -1,0 +1,44 @@
+#include "filequestions.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(FileQuestions)
+};
+
+} // namespace
+
+QString stationFilter()
+{
+    return Texts::tr("Station files (*.station);;All files (*)");
+}
+
+QString blockFilter()
+{
+    return Texts::tr("Configuration blocks (*.blk);;All files (*)");
+}
+
+QString askForNewFile(QWidget *parent, const QString &title, const QString &present, const QString &filter,
+                      const QString &suffix)
+{
+    QFileDialog dialog(parent, title, present, filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    if (!present.isEmpty()) {
+        dialog.selectFile(present);
+    }
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+void showProblem(QWidget *parent, const QString &text, const QString &reason)
+{
+    QMessageBox box(QMessageBox::Warning, Texts::tr("Module Workbench"), text, QMessageBox::NoButton, parent);
+    box.setObjectName(QStringLiteral("problemBox"));
+    box.setInformativeText(reason);
+    box.addButton(Texts::tr("OK"), QMessageBox::AcceptRole);
+    box.exec();
+}
