@@ -1,254 +1,383 @@
 #include "mainwindow.h"
 
-#include "memorymodel.h"
+#include "blockresultsdialog.h"
+#include "blockview.h"
+#include "catalogview.h"
+#include "filequestions.h"
+#include "helpdock.h"
+#include "memoryview.h"
+#include "moduleclipboard.h"
 #include "placedialog.h"
 #include "projectfile.h"
+#include "rackview.h"
+#include "recentmenu.h"
+#include "simulatedbase.h"
 #include "simulatedhelp.h"
-#include "stationmodel.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QSplitter>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QSettings>
 #include <QStatusBar>
 #include <QStyle>
-#include <QTableView>
 #include <QToolBar>
-#include <QTreeWidget>
-#include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
 
-constexpr int messageTime = 6000; // ms
-constexpr int typeCodeRole = Qt::UserRole;
+constexpr int messageTime = 6000;                     // ms
+constexpr int progressDelay = 400;                    // ms before a long work shows its progress
+constexpr qint64 largestBlockFile = 64 * 1024 * 1024; // bytes, far beyond the blocks of a full station
+constexpr int shownProblems = 8;
 
-/// A headed part of the window.
-QWidget *panel(const QString &title, const std::vector<QWidget *> &contents)
+QString settingsOwner()
 {
-    auto *widget = new QWidget;
-    auto *layout = new QVBoxLayout(widget);
-    auto *heading = new QLabel(title, widget);
-    QFont font = heading->font();
-    font.setBold(true);
-    heading->setFont(font);
-    layout->addWidget(heading);
-    for (QWidget *content : contents) {
-        layout->addWidget(content);
-    }
-    return widget;
+    return QStringLiteral("simpleextend");
 }
 
-QTableView *tableView(QAbstractItemModel *model)
+QString settingsName()
 {
-    auto *view = new QTableView;
-    view->setModel(model);
-    view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    view->setSelectionMode(QAbstractItemView::SingleSelection);
-    view->setAlternatingRowColors(true);
-    view->setShowGrid(false);
-    view->setTabKeyNavigation(false);
-    view->verticalHeader()->hide();
-    view->verticalHeader()->setDefaultSectionSize(view->fontMetrics().height() + 6);
-    view->horizontalHeader()->setHighlightSections(false);
-    return view;
+    return QStringLiteral("workbench");
 }
 
-QString stationFilter()
+QString shown(const QString &path)
 {
-    return MainWindow::tr("Station files (*.station);;All files (*)");
+    return QDir::toNativeSeparators(path);
 }
 
 } // namespace
 
 MainWindow::MainWindow(const PluginLibrary &plugin, std::vector<CatalogEntry> catalog, std::unique_ptr<Station> station)
-    : m_plugin(plugin),
-      m_catalog(std::move(catalog)),
-      m_stationModel(new StationModel(m_catalog, this)),
-      m_memoryModel(new MemoryModel(this))
+    : m_plugin(plugin), m_catalog(std::move(catalog))
 {
+    setObjectName(QStringLiteral("mainWindow"));
+    createViews();
     createFileCommands();
+    createEditCommands();
     createModuleCommands();
-    auto *right = new QSplitter(Qt::Vertical);
-    right->addWidget(createStationPanel());
-    right->addWidget(createMemoryPanel());
-    right->setStretchFactor(0, 3);
-    right->setStretchFactor(1, 2);
-    right->setChildrenCollapsible(false);
-    auto *center = new QSplitter(Qt::Horizontal, this);
-    center->addWidget(createCatalogPanel());
-    center->addWidget(right);
-    center->setStretchFactor(0, 0);
-    center->setStretchFactor(1, 1);
-    center->setSizes({340, 760});
-    center->setChildrenCollapsible(false);
-    setCentralWidget(center);
-    createMenus();
+    createViewCommands();
     createToolBar();
-    resize(1100, 700);
-
-    simulatedhost::setHelpListener(
-        [this](const QString &keyword) { statusBar()->showMessage(tr("Help: %1").arg(keyword), messageTime); });
+    connectViews();
+    resize(1280, 800);
     showStation(std::move(station), QString());
+    readSettings();
+    retranslate();
     statusBar()->showMessage(tr("Plug-in: %1").arg(QFileInfo(plugin.fileName()).fileName()), messageTime);
 }
 
 MainWindow::~MainWindow()
 {
     simulatedhost::setHelpListener({});
+    m_undoStack.disconnect(this);
+}
+
+void MainWindow::translated(const char *source, const std::function<void(const QString &)> &show)
+{
+    m_texts.push_back({source, show});
 }
 
 template <typename Run>
-QAction *MainWindow::command(const QString &text, const QString &tip, const QKeySequence &shortcut, Run run)
+QAction *MainWindow::command(const char *name, const char *text, const char *tip, const QKeySequence &shortcut, Run run)
 {
-    auto *action = new QAction(text, this);
-    action->setStatusTip(tip);
+    auto *action = new QAction(this);
+    action->setObjectName(QLatin1String(name));
     action->setShortcut(shortcut);
+    translated(text, [action](const QString &shownText) { action->setText(shownText); });
+    translated(tip, [action](const QString &shownText) { action->setStatusTip(shownText); });
     connect(action, &QAction::triggered, this, run);
     return action;
 }
 
+QMenu *MainWindow::menu(const char *title)
+{
+    QMenu *menu = menuBar()->addMenu(QString());
+    translated(title, [menu](const QString &text) { menu->setTitle(text); });
+    return menu;
+}
+
+void MainWindow::dock(const char *name, const char *title, QWidget *content, Qt::DockWidgetArea area)
+{
+    auto *dock = new QDockWidget(this);
+    dock->setObjectName(QLatin1String(name));
+    dock->setWidget(content);
+    addDockWidget(area, dock);
+    translated(title, [dock](const QString &text) { dock->setWindowTitle(text); });
+    m_dockToggles.push_back(dock->toggleViewAction());
+}
+
+void MainWindow::createViews()
+{
+    m_rackView = new RackView(m_catalog, this);
+    m_catalogView = new CatalogView(m_catalog, this);
+    m_memoryView = new MemoryView(m_catalog, this);
+    m_help = new HelpDock(this);
+    m_summary = new QLabel(this);
+    m_summary->setObjectName(QStringLiteral("stationSummary"));
+    setCentralWidget(m_rackView);
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    dock("catalogDock", QT_TR_NOOP("Catalog"), m_catalogView, Qt::LeftDockWidgetArea);
+    dock("memoryDock", QT_TR_NOOP("Memory map"), m_memoryView, Qt::BottomDockWidgetArea);
+    addDockWidget(Qt::RightDockWidgetArea, m_help);
+    m_help->hide();
+    statusBar()->addPermanentWidget(m_summary);
+}
+
 void MainWindow::createFileCommands()
 {
-    m_newAction = command(tr("&New"), tr("Begin an empty station"), QKeySequence::New, &MainWindow::newStation);
-    m_openAction = command(tr("&Open..."), tr("Open a station file"), QKeySequence::Open, &MainWindow::open);
-    m_saveAction = command(tr("&Save"), tr("Save the station to its file"), QKeySequence::Save, &MainWindow::save);
-    m_saveAsAction = command(tr("Save &As..."), tr("Save the station to another file"),
-                             QKeySequence(QStringLiteral("Ctrl+Shift+S")), &MainWindow::saveAs);
-    m_compileAction = command(tr("&Compile..."), tr("Write the configuration blocks of all modules to a file"),
-                              QKeySequence(Qt::Key_F7), &MainWindow::compile);
-    m_quitAction =
-        command(tr("&Quit"), tr("Close the workbench"), QKeySequence(QStringLiteral("Ctrl+Q")), &QWidget::close);
+    m_newAction = command("newAction", QT_TR_NOOP("&New"), QT_TR_NOOP("Begin an empty station"), QKeySequence::New,
+                          &MainWindow::newStation);
+    m_openAction = command("openAction", QT_TR_NOOP("&Open..."), QT_TR_NOOP("Open a project"), QKeySequence::Open,
+                           &MainWindow::open);
+    m_saveAction = command("saveAction", QT_TR_NOOP("&Save"), QT_TR_NOOP("Save the station to its project file"),
+                           QKeySequence::Save, &MainWindow::save);
+    QAction *saveAs = command("saveAsAction", QT_TR_NOOP("Save &As..."), QT_TR_NOOP("Save the station to another file"),
+                              QKeySequence(QStringLiteral("Ctrl+Shift+S")), &MainWindow::saveAs);
+    m_compileAction =
+        command("compileAction", QT_TR_NOOP("&Compile..."), QT_TR_NOOP("Show the configuration blocks of all modules"),
+                QKeySequence(Qt::Key_F7), &MainWindow::compile);
+    QAction *decompile = command("decompileAction", QT_TR_NOOP("&Decompile..."),
+                                 QT_TR_NOOP("Rebuild a station from a file of configuration blocks"),
+                                 QKeySequence(QStringLiteral("Shift+F7")), &MainWindow::decompile);
+    QAction *quit = command("quitAction", QT_TR_NOOP("&Quit"), QT_TR_NOOP("Close the workbench"),
+                            QKeySequence(QStringLiteral("Ctrl+Q")), &QWidget::close);
+    m_recent = new RecentMenu(this);
+    m_recent->setObjectName(QStringLiteral("recentMenu"));
+    translated(QT_TR_NOOP("&Recent Projects"), [this](const QString &text) { m_recent->setTitle(text); });
+    connect(m_recent, &RecentMenu::fileChosen, this, &MainWindow::openRecent);
 
-    m_newAction->setIcon(style()->standardIcon(QStyle::SP_FileIcon));
-    m_openAction->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
-    m_saveAction->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
-    m_compileAction->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
+    QMenu *file = menu(QT_TR_NOOP("&File"));
+    file->addActions({m_newAction, m_openAction});
+    file->addMenu(m_recent);
+    file->addActions({m_saveAction, saveAs});
+    file->addSeparator();
+    file->addActions({m_compileAction, decompile});
+    file->addSeparator();
+    file->addAction(quit);
+}
+
+void MainWindow::createEditCommands()
+{
+    m_undoAction = command("undoAction", QT_TR_NOOP("&Undo"), QT_TR_NOOP("Take the last step back"), QKeySequence::Undo,
+                           &MainWindow::undo);
+    m_redoAction = command("redoAction", QT_TR_NOOP("&Redo"), QT_TR_NOOP("Make a step again that was taken back"), {},
+                           &MainWindow::redo);
+    m_redoAction->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Y")), QKeySequence(QStringLiteral("Ctrl+Shift+Z"))});
+    m_cutAction = command("cutAction", QT_TR_NOOP("Cu&t"), QT_TR_NOOP("Copy the selected modules and remove them"),
+                          QKeySequence::Cut, &MainWindow::cut);
+    m_copyAction =
+        command("copyAction", QT_TR_NOOP("&Copy"), QT_TR_NOOP("Copy the selected modules and their parameters"),
+                QKeySequence::Copy, &MainWindow::copy);
+    m_pasteAction = command("pasteAction", QT_TR_NOOP("&Paste"),
+                            QT_TR_NOOP("Place copies of modules from the current slot on, with addresses of their own"),
+                            QKeySequence::Paste, &MainWindow::paste);
+    m_removeAction = command("removeAction", QT_TR_NOOP("Re&move"),
+                             QT_TR_NOOP("Remove the selected modules and free their addresses"), QKeySequence::Delete,
+                             &MainWindow::removeModules);
+    QMenu *edit = menu(QT_TR_NOOP("&Edit"));
+    edit->addActions({m_undoAction, m_redoAction});
+    edit->addSeparator();
+    edit->addActions({m_cutAction, m_copyAction, m_pasteAction, m_removeAction});
 }
 
 void MainWindow::createModuleCommands()
 {
-    m_addAction = command(tr("&Add"), tr("Add the module that is selected in the catalog, in the first free slot"),
-                          QKeySequence(Qt::Key_Insert), &MainWindow::addModule);
-    m_placeAction = command(tr("&Place..."), tr("Move the selected module to another rack or slot"),
-                            QKeySequence(Qt::Key_F2), &MainWindow::placeModule);
-    m_configureAction = command(tr("P&roperties..."), tr("Edit the parameters of the selected module"),
-                                QKeySequence(Qt::Key_Return), &MainWindow::configureModule);
+    m_addAction = command("addAction", QT_TR_NOOP("P&lace from Catalog"),
+                          QT_TR_NOOP("Place the catalog's current module in the current slot, or in the next free one"),
+                          QKeySequence(Qt::Key_Insert), [this] {
+                              if (const auto type = m_catalogView->currentType()) {
+                                  addModule(*type);
+                              }
+                          });
+    m_placeAction =
+        command("placeAction", QT_TR_NOOP("&Move to..."), QT_TR_NOOP("Move the module to another rack or slot"),
+                QKeySequence(Qt::Key_F2), &MainWindow::askForPlace);
+    m_configureAction = command("configureAction", QT_TR_NOOP("P&roperties..."),
+                                QT_TR_NOOP("Edit the parameters of the module"), {}, &MainWindow::configureModule);
     m_configureAction->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
-    m_removeAction = command(tr("&Remove"), tr("Remove the selected module and free its addresses"),
-                             QKeySequence::Delete, &MainWindow::removeModule);
-    // Return and Delete mean other things in the catalog and its filter.
-    for (QAction *action : {m_configureAction, m_removeAction}) {
-        action->setShortcutContext(Qt::WidgetShortcut);
-    }
-
-    m_addAction->setIcon(style()->standardIcon(QStyle::SP_ArrowRight));
-    m_placeAction->setIcon(style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton));
-    m_removeAction->setIcon(style()->standardIcon(QStyle::SP_TrashIcon));
-    m_configureAction->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
-}
-
-void MainWindow::createMenus()
-{
-    QMenu *file = menuBar()->addMenu(tr("&File"));
-    file->addActions({m_newAction, m_openAction, m_saveAction, m_saveAsAction});
-    file->addSeparator();
-    file->addAction(m_compileAction);
-    file->addSeparator();
-    file->addAction(m_quitAction);
-    QMenu *module = menuBar()->addMenu(tr("&Module"));
+    QMenu *module = menu(QT_TR_NOOP("&Module"));
     module->addActions({m_addAction, m_placeAction, m_configureAction});
     module->addSeparator();
-    module->addAction(m_removeAction);
+
+    QMenu *controllers = module->addMenu(QString());
+    translated(QT_TR_NOOP("&Controller"), [controllers](const QString &text) { controllers->setTitle(text); });
+    m_controllers = new QActionGroup(this);
+    for (const simulatedhost::PlcType &type : simulatedhost::plcTypes()) {
+        QAction *action = m_controllers->addAction(type.name);
+        action->setCheckable(true);
+        action->setData(type.id);
+    }
+    controllers->addActions(m_controllers->actions());
+    connect(m_controllers, &QActionGroup::triggered, this,
+            [this](const QAction *action) { setController(action->data().toUInt()); });
+
+    // These keys mean other things in the catalog and its search field.
+    const QList<QAction *> ofRacks{m_configureAction, m_placeAction, m_cutAction,
+                                   m_copyAction,      m_pasteAction, m_removeAction};
+    for (QAction *action : ofRacks) {
+        action->setShortcutContext(Qt::WidgetShortcut);
+    }
+    m_rackView->addActions(ofRacks);
+    m_rackView->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void MainWindow::createViewCommands()
+{
+    QMenu *view = menu(QT_TR_NOOP("&View"));
+    for (QAction *toggle : m_dockToggles) {
+        view->addAction(toggle);
+    }
+    view->addAction(m_help->toggleViewAction());
+    view->addSeparator();
+    view->addAction(command("zoomInAction", QT_TR_NOOP("Zoom &In"), QT_TR_NOOP("Show the memory map larger"),
+                            QKeySequence::ZoomIn, [this] { m_memoryView->setZoom(m_memoryView->zoom() * 2); }));
+    view->addAction(command("zoomOutAction", QT_TR_NOOP("Zoom &Out"), QT_TR_NOOP("Show the memory map smaller"),
+                            QKeySequence::ZoomOut, [this] { m_memoryView->setZoom(m_memoryView->zoom() / 2); }));
+    view->addSeparator();
+    QMenu *languages = view->addMenu(QString());
+    translated(QT_TR_NOOP("&Language"), [languages](const QString &text) { languages->setTitle(text); });
+    m_languages = new QActionGroup(this);
+    // Each language is called by its own name in every language.
+    for (const auto &[language, name] : {std::pair(QLocale::English, QStringLiteral("English")),
+                                         std::pair(QLocale::Chinese, QStringLiteral("中文"))}) {
+        QAction *action = m_languages->addAction(name);
+        action->setCheckable(true);
+        action->setData(language);
+    }
+    languages->addActions(m_languages->actions());
+    connect(m_languages, &QActionGroup::triggered, this,
+            [this](const QAction *action) { setLanguage(static_cast<QLocale::Language>(action->data().toInt())); });
+
+    m_helpAction = command("helpAction", QT_TR_NOOP("&Help on the Module"),
+                           QT_TR_NOOP("Open the help page of the current module's family"), QKeySequence::HelpContents,
+                           &MainWindow::showHelp);
+    menu(QT_TR_NOOP("&Help"))->addAction(m_helpAction);
 }
 
 void MainWindow::createToolBar()
 {
-    QToolBar *bar = addToolBar(tr("Commands"));
+    const std::array<std::pair<QAction *, QStyle::StandardPixmap>, 7> icons{{
+        {m_newAction, QStyle::SP_FileIcon},
+        {m_openAction, QStyle::SP_DialogOpenButton},
+        {m_saveAction, QStyle::SP_DialogSaveButton},
+        {m_undoAction, QStyle::SP_ArrowBack},
+        {m_redoAction, QStyle::SP_ArrowForward},
+        {m_compileAction, QStyle::SP_ArrowDown},
+        {m_configureAction, QStyle::SP_FileDialogDetailedView},
+    }};
+    for (const auto &[action, icon] : icons) {
+        action->setIcon(style()->standardIcon(icon));
+    }
+    m_removeAction->setIcon(style()->standardIcon(QStyle::SP_TrashIcon));
+    QToolBar *bar = addToolBar(QString());
+    bar->setObjectName(QStringLiteral("toolBar"));
+    translated(QT_TR_NOOP("Commands"), [bar](const QString &text) { bar->setWindowTitle(text); });
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->setIconSize(QSize(20, 20));
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bar->addActions({m_newAction, m_openAction, m_saveAction});
     bar->addSeparator();
-    bar->addAction(m_compileAction);
+    bar->addActions({m_undoAction, m_redoAction});
     bar->addSeparator();
-    bar->addActions({m_addAction, m_placeAction, m_configureAction, m_removeAction});
+    bar->addActions({m_configureAction, m_removeAction});
+    bar->addSeparator();
+    bar->addAction(m_compileAction);
 }
 
-QWidget *MainWindow::createCatalogPanel()
+void MainWindow::connectViews()
 {
-    auto *filter = new QLineEdit;
-    filter->setPlaceholderText(tr("Filter by name or order number"));
-    filter->setClearButtonEnabled(true);
-    connect(filter, &QLineEdit::textChanged, this, &MainWindow::filterCatalog);
+    connect(m_catalogView, &CatalogView::placeRequested, this, &MainWindow::addModule);
+    connect(m_catalogView, &CatalogView::currentTypeChanged, this, &MainWindow::updateCommands);
+    connect(m_rackView, &RackView::placeRequested, this, &MainWindow::addModuleAt);
+    connect(m_rackView, &RackView::moveRequested, this, &MainWindow::moveModule);
+    connect(m_rackView, &RackView::propertiesRequested, this, &MainWindow::configureModule);
+    connect(m_rackView, &RackView::dropRefused, this,
+            [this](const QString &reason) { statusBar()->showMessage(reason, messageTime); });
+    connect(m_rackView, &RackView::selectionMoved, this, [this] {
+        m_memoryView->select(m_rackView->selectedModules());
+        updateCommands();
+    });
+    connect(m_memoryView, &MemoryView::moduleSelected, m_rackView, &RackView::setCurrentPlace);
+    connect(&m_undoStack, &QUndoStack::indexChanged, this, &MainWindow::updateCommands);
+    connect(&m_undoStack, &QUndoStack::cleanChanged, this, &MainWindow::updateTitle);
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &MainWindow::updateCommands);
+    simulatedhost::setHelpListener([this](const QString &keyword) {
+        m_help->showKeyword(keyword);
+        m_help->show();
+        m_help->raise();
+    });
+}
 
-    m_catalogTree = new QTreeWidget;
-    m_catalogTree->setHeaderLabels({tr("Module"), tr("Order number")});
-    m_catalogTree->setRootIsDecorated(false);
-    m_catalogTree->setAlternatingRowColors(true);
-    for (const CatalogEntry &entry : m_catalog) {
-        auto *item = new QTreeWidgetItem(m_catalogTree, {entry.name, entry.orderNumber});
-        item->setData(0, typeCodeRole, entry.typeCode);
-        for (int column = 0; column < m_catalogTree->columnCount(); ++column) {
-            item->setToolTip(column, tr("Type %1; double click to add it").arg(entry.typeCode));
-        }
+void MainWindow::setLanguage(QLocale::Language language)
+{
+    m_language.set(language);
+    for (QAction *action : m_languages->actions()) {
+        action->setChecked(action->data().toInt() == m_language.get());
     }
-    m_catalogTree->header()->setStretchLastSection(false);
-    m_catalogTree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    m_catalogTree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    m_catalogTree->setCurrentItem(m_catalogTree->topLevelItem(0));
-    connect(m_catalogTree, &QTreeWidget::itemActivated, this, &MainWindow::addModule);
-    connect(m_catalogTree, &QTreeWidget::currentItemChanged, this, &MainWindow::updateCommands);
-    return panel(tr("Catalog"), {filter, m_catalogTree});
 }
 
-QWidget *MainWindow::createStationPanel()
+void MainWindow::retranslate()
 {
-    m_stationTable = tableView(m_stationModel);
-    QHeaderView *header = m_stationTable->horizontalHeader();
-    for (const int column : {StationModel::Rack, StationModel::Slot, StationModel::Type}) {
-        header->resizeSection(column, 64);
-    }
-    header->setSectionResizeMode(StationModel::Name, QHeaderView::Stretch);
-    for (const int column : {StationModel::Input, StationModel::Output}) {
-        header->resizeSection(column, 130);
-    }
-    m_stationTable->addActions({m_configureAction, m_placeAction, m_removeAction});
-    m_stationTable->setContextMenuPolicy(Qt::ActionsContextMenu);
-    connect(m_stationTable, &QTableView::doubleClicked, this, &MainWindow::configureModule);
-    connect(m_stationTable->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &MainWindow::updateCommands);
-    return panel(tr("Station"), {m_stationTable});
-}
-
-QWidget *MainWindow::createMemoryPanel()
-{
-    auto *table = tableView(m_memoryModel);
-    table->horizontalHeader()->setSectionResizeMode(MemoryModel::Module, QHeaderView::Stretch);
-    m_memorySummary = new QLabel;
-    m_memorySummary->setToolTip(tr("Bytes used and available in every memory area"));
-    return panel(tr("Memory map"), {table, m_memorySummary});
-}
-
-void MainWindow::filterCatalog(const QString &text)
-{
-    for (int i = 0; i < m_catalogTree->topLevelItemCount(); ++i) {
-        QTreeWidgetItem *item = m_catalogTree->topLevelItem(i);
-        item->setHidden(!item->text(0).contains(text, Qt::CaseInsensitive) &&
-                        !item->text(1).contains(text, Qt::CaseInsensitive));
+    for (const Text &text : m_texts) {
+        text.show(tr(text.source));
     }
     updateCommands();
+    updateTitle();
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange && m_station) {
+        retranslate();
+    }
+}
+
+void MainWindow::readSettings()
+{
+    const QSettings stored(settingsOwner(), settingsName());
+    const auto language = stored.value(QStringLiteral("language"), QLocale::system().language()).toInt();
+    setLanguage(static_cast<QLocale::Language>(language));
+    m_recent->setFiles(stored.value(QStringLiteral("recentFiles")).toStringList());
+    restoreGeometry(stored.value(QStringLiteral("geometry")).toByteArray());
+    restoreState(stored.value(QStringLiteral("layout")).toByteArray());
+}
+
+void MainWindow::writeSettings() const
+{
+    QSettings stored(settingsOwner(), settingsName());
+    stored.setValue(QStringLiteral("language"), m_language.get());
+    stored.setValue(QStringLiteral("recentFiles"), m_recent->files());
+    stored.setValue(QStringLiteral("geometry"), saveGeometry());
+    stored.setValue(QStringLiteral("layout"), saveState());
+}
+
+template <typename Work>
+auto MainWindow::withProgress(const QString &label, Work work)
+{
+    QProgressDialog dialog(label, tr("Cancel"), 0, 0, this);
+    dialog.setObjectName(QStringLiteral("progressDialog"));
+    dialog.setWindowTitle(tr("Module Workbench"));
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setMinimumDuration(progressDelay);
+    return work([&dialog](int done, int total) {
+        dialog.setMaximum(total);
+        dialog.setValue(done);
+        return !dialog.wasCanceled();
+    });
 }
 
 void MainWindow::newStation()
@@ -263,9 +392,16 @@ void MainWindow::open()
     if (!mayDiscard()) {
         return;
     }
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Station"), m_fileName, stationFilter());
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), m_fileName, stationFilter());
     if (!path.isEmpty()) {
         openFile(path);
+    }
+}
+
+void MainWindow::openRecent(const QString &path)
+{
+    if (mayDiscard() && !openFile(path) && !QFileInfo::exists(path)) {
+        m_recent->remove(path);
     }
 }
 
@@ -276,17 +412,44 @@ bool MainWindow::openFile(const QString &path)
     const std::optional<Project> project = file.read();
     std::unique_ptr<Station> station;
     if (project) {
-        station = Station::opened(m_plugin, nextMemoryOwner(), *project, error);
+        station = withProgress(tr("Opening %1...").arg(QFileInfo(path).fileName()), [&](const Progress &progress) {
+            return Station::opened(m_plugin, nextMemoryOwner(), *project, error, progress);
+        });
     } else {
         error = file.errorString();
     }
     if (!station) {
-        showError(tr("%1 cannot be opened.").arg(QDir::toNativeSeparators(path)), error);
+        if (!error.isEmpty()) {
+            showProblem(this, tr("%1 cannot be opened.").arg(shown(path)), error);
+        }
         return false;
     }
     showStation(std::move(station), path);
+    m_recent->add(path);
     statusBar()->showMessage(tr("Opened %1").arg(QFileInfo(path).fileName()), messageTime);
+    showUnavailable();
     return true;
+}
+
+/// Says which modules are only bytes, and why.
+void MainWindow::showUnavailable()
+{
+    QStringList lines;
+    for (int i = 0; i < m_station->count() && lines.size() <= shownProblems; ++i) {
+        const ModuleView module = m_station->module(i);
+        if (!module.unavailable.isEmpty()) {
+            lines +=
+                lines.size() == shownProblems
+                    ? QStringLiteral("...")
+                    : tr("Rack %1, slot %2: %3").arg(module.place.rack).arg(module.place.slot).arg(module.unavailable);
+        }
+    }
+    if (!lines.isEmpty()) {
+        showProblem(this,
+                    tr("%n module(s) cannot be restored. They stay in the project as they were stored.", nullptr,
+                       m_station->unavailableCount()),
+                    lines.join(QLatin1Char('\n')));
+    }
 }
 
 bool MainWindow::save()
@@ -296,176 +459,294 @@ bool MainWindow::save()
 
 bool MainWindow::saveAs()
 {
-    const QString path = askForFile(tr("Save Station"), m_fileName, stationFilter(), QStringLiteral("station"));
+    const QString path =
+        askForNewFile(this, tr("Save Project"), m_fileName, stationFilter(), QStringLiteral("station"));
     return !path.isEmpty() && saveTo(path);
-}
-
-/// The path of a file to be written; empty when the user cancels.
-QString MainWindow::askForFile(const QString &title, const QString &present, const QString &filter,
-                               const QString &suffix)
-{
-    QFileDialog dialog(this, title, present, filter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(suffix);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 bool MainWindow::saveTo(const QString &path)
 {
     ProjectFile file(path);
     if (!file.write(m_station->project())) {
-        showError(tr("%1 cannot be saved.").arg(QDir::toNativeSeparators(path)), file.errorString());
+        showProblem(this, tr("%1 cannot be saved.").arg(shown(path)), file.errorString());
         return false;
     }
-    m_undoStack.setClean();
     m_fileName = path;
-    updateCommands();
+    m_undoStack.setClean();
+    m_recent->add(path);
+    updateTitle();
     statusBar()->showMessage(tr("Saved %1").arg(QFileInfo(path).fileName()), messageTime);
     return true;
 }
 
 void MainWindow::compile()
 {
-    const QString path = askForFile(tr("Compile Station"), QString(), tr("Configuration blocks (*.blk);;All files (*)"),
-                                    QStringLiteral("blk"));
+    const std::optional<QByteArray> blocks =
+        withProgress(tr("Compiling..."), [this](const Progress &progress) { return m_station->compiled(progress); });
+    if (!blocks) {
+        return;
+    }
+    if (const int left = m_station->unavailableCount(); left != 0) {
+        statusBar()->showMessage(tr("%n module(s) that are not available were left out", nullptr, left), messageTime);
+    }
+    const QFileInfo project(m_fileName);
+    auto *view = new BlockView(
+        *blocks, m_fileName.isEmpty() ? QString() : project.dir().filePath(project.completeBaseName() + ".blk"), this);
+    view->show();
+}
+
+void MainWindow::decompile()
+{
+    if (!mayDiscard()) {
+        return;
+    }
+    const QString path = QFileDialog::getOpenFileName(this, tr("Decompile Configuration Blocks"), {}, blockFilter());
     if (path.isEmpty()) {
         return;
     }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > largestBlockFile) {
+        showProblem(this, tr("%1 cannot be read.").arg(shown(path)),
+                    file.isOpen() ? tr("The file is too large for the blocks of a station.") : file.errorString());
+        return;
+    }
+    std::vector<BlockResult> results;
+    std::unique_ptr<Station> station = withProgress(tr("Decompiling..."), [&](const Progress &progress) {
+        return decompiled(m_plugin, nextMemoryOwner(), file.readAll(), results, progress);
+    });
+    if (!station) {
+        return;
+    }
+    const int count = station->count();
+    if (count != 0) { // a file of something else does not cost the present station
+        showStation(std::move(station), QString());
+        m_undoStack.resetClean();
+    }
+    if (!results.empty()) {
+        BlockResultsDialog(count, results, this).exec();
+    }
+}
+
+void MainWindow::undo()
+{
+    m_undoStack.undo();
+}
+
+void MainWindow::redo()
+{
+    m_undoStack.redo();
+}
+
+void MainWindow::copy()
+{
+    QByteArrayList states;
+    for (const Place place : m_rackView->selectedModules()) {
+        states.append(m_station->stored(*m_station->moduleAt(place)).state);
+    }
+    copyToClipboard(states);
+}
+
+void MainWindow::cut()
+{
+    copy();
+    removeModules();
+}
+
+void MainWindow::paste()
+{
+    const QByteArrayList states = clipboardModules();
+    m_undoStack.beginMacro(tr("Paste %n module(s)", nullptr, states.size()));
+    Place next = m_rackView->currentPlace();
     QString error;
-    const QByteArray block = *m_station->compiled();
-    if (!writeFile(path, block, error)) {
-        showError(tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path)), error);
-        return;
+    for (const QByteArray &state : states) {
+        const std::optional<Place> place = freePlace(next);
+        if (!place) {
+            error = tr("Every slot of the station is taken.");
+        }
+        if (!place || !edits().paste(state, *place, error)) {
+            break;
+        }
+        next = *place;
     }
-    statusBar()->showMessage(tr("Compiled %n module(s) into %1: %2 bytes", nullptr, m_station->count())
-                                 .arg(QFileInfo(path).fileName())
-                                 .arg(block.size()),
-                             messageTime);
+    m_undoStack.endMacro();
+    m_rackView->setCurrentPlace(next);
+    if (!error.isEmpty()) {
+        showProblem(this, tr("Not all modules can be pasted."), error);
+    }
 }
 
-void MainWindow::addModule()
+void MainWindow::removeModules()
 {
-    const QTreeWidgetItem *item = m_catalogTree->currentItem();
-    if (item == nullptr || item->isHidden()) {
-        return;
-    }
-    QString error = tr("Every slot of the station is taken.");
-    const Place place = m_station->firstFreePlace().value_or(Place());
-    if (!StationEdits(*m_station, m_undoStack).add(item->data(0, typeCodeRole).toUInt(), place, error)) {
-        showError(tr("%1 cannot be added.").arg(item->text(0)), error);
-        return;
-    }
-    refresh(*m_station->moduleAt(place));
-    statusBar()->showMessage(tr("Added %1 in rack %2, slot %3").arg(item->text(0)).arg(place.rack).arg(place.slot),
-                             messageTime);
+    edits().remove(m_rackView->selectedModules());
 }
 
-void MainWindow::removeModule()
+void MainWindow::addModule(quint32 typeCode)
 {
-    const int index = selectedModule();
-    if (index < 0) {
-        return;
-    }
-    const ModuleView module = m_station->module(index);
-    StationEdits(*m_station, m_undoStack).remove({module.place});
-    refresh(std::min(index, m_station->count() - 1));
-    statusBar()->showMessage(tr("Removed %1").arg(module.name), messageTime);
-}
-
-void MainWindow::placeModule()
-{
-    const int index = selectedModule();
-    if (index < 0) {
-        return;
-    }
-    PlaceDialog dialog(*m_station, index, this);
-    if (dialog.exec() != QDialog::Accepted) {
-        return;
-    }
-    QString error;
-    if (StationEdits(*m_station, m_undoStack).move(m_station->module(index).place, dialog.place(), error)) {
-        refresh(*m_station->moduleAt(dialog.place()));
+    if (const std::optional<Place> place = freePlace(m_rackView->currentPlace())) {
+        addModuleAt(typeCode, *place);
     } else {
-        showError(tr("The module cannot be moved."), error);
+        showProblem(this, tr("No module can be added."), tr("Every slot of the station is taken."));
+    }
+}
+
+void MainWindow::addModuleAt(quint32 typeCode, Place place)
+{
+    const CatalogEntry *entry = findEntry(m_catalog, typeCode);
+    const QString name = entry == nullptr ? QString::number(typeCode) : entry->name;
+    QString error;
+    if (!edits().add(typeCode, place, error)) {
+        showProblem(this, tr("%1 cannot be added.").arg(name), error);
+        return;
+    }
+    m_rackView->setCurrentPlace(place);
+    statusBar()->showMessage(tr("Added %1 in rack %2, slot %3").arg(name).arg(place.rack).arg(place.slot), messageTime);
+}
+
+void MainWindow::moveModule(Place from, Place to)
+{
+    QString error;
+    if (edits().move(from, to, error)) {
+        m_rackView->setCurrentPlace(to);
+    } else {
+        showProblem(this, tr("The module cannot be moved."), error);
+    }
+}
+
+void MainWindow::askForPlace()
+{
+    const std::optional<int> index = currentModule();
+    if (!index) {
+        return;
+    }
+    PlaceDialog dialog(*m_station, *index, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        moveModule(m_rackView->currentPlace(), dialog.place());
     }
 }
 
 void MainWindow::configureModule()
 {
-    const int index = selectedModule();
-    if (index < 0) {
+    const std::optional<int> index = currentModule();
+    if (!index) {
         return;
     }
-    StationEdits(*m_station, m_undoStack).configure(m_station->module(index).place, this);
-    refresh(index);
+    const ModuleView module = m_station->module(*index);
+    if (!module.unavailable.isEmpty()) {
+        showProblem(this, tr("\"%1\" has no properties while it is not available.").arg(module.name),
+                    module.unavailable);
+        return;
+    }
+    edits().configure(module.place, this);
+}
+
+void MainWindow::setController(quint32 type)
+{
+    QString error;
+    if (!edits().setPlcType(type, error)) {
+        showProblem(this, tr("The station cannot have this controller."), error);
+    }
+    updateCommands();
+}
+
+void MainWindow::showHelp()
+{
+    const std::optional<int> index = currentModule();
+    const CatalogEntry *entry = index ? findEntry(m_catalog, m_station->module(*index).typeCode) : nullptr;
+    m_help->showFamily(entry == nullptr ? CatalogFamily::Other : entry->family);
+    m_help->show();
+    m_help->raise();
+}
+
+std::optional<int> MainWindow::currentModule() const
+{
+    return m_station->moduleAt(m_rackView->currentPlace());
+}
+
+std::optional<Place> MainWindow::freePlace(Place wanted) const
+{
+    for (int index = wanted.index(); index < Place::count; ++index) {
+        if (!m_station->moduleAt(Place::at(index))) {
+            return Place::at(index);
+        }
+    }
+    return m_station->firstFreePlace();
 }
 
 void MainWindow::showStation(std::unique_ptr<Station> station, const QString &fileName)
 {
-    m_stationModel->show(station.get());
-    m_memoryModel->show(station.get());
     m_undoStack.clear();
-    m_station = std::move(station);
+    const std::unique_ptr<Station> former = std::exchange(m_station, std::move(station));
     m_fileName = fileName;
-    refresh(0);
-}
-
-/// Shows the station as it is now, with the module at @p selectedRow selected.
-void MainWindow::refresh(int selectedRow)
-{
-    m_stationModel->show(m_station.get());
-    m_memoryModel->show(m_station.get());
-    m_memorySummary->setText(m_memoryModel->summary());
-    m_stationTable->selectRow(selectedRow);
+    m_memoryView->show(m_station.get());
+    m_rackView->show(m_station.get());
+    connect(m_station.get(), &Station::plcTypeChanged, this, &MainWindow::updateCommands);
     updateCommands();
+    updateTitle();
 }
 
 void MainWindow::updateCommands()
 {
-    const bool selected = selectedModule() >= 0;
-    for (QAction *action : {m_placeAction, m_configureAction, m_removeAction}) {
-        action->setEnabled(selected);
+    if (!m_station) {
+        return;
     }
-    const QTreeWidgetItem *item = m_catalogTree->currentItem();
-    m_addAction->setEnabled(item != nullptr && !item->isHidden());
-    m_compileAction->setEnabled(m_station && m_station->count() != 0);
+    const bool isSelected = !m_rackView->selectedModules().isEmpty();
+    for (QAction *action : {m_cutAction, m_copyAction, m_removeAction}) {
+        action->setEnabled(isSelected);
+    }
+    for (QAction *action : {m_placeAction, m_configureAction}) {
+        action->setEnabled(currentModule().has_value());
+    }
+    m_addAction->setEnabled(m_catalogView->currentType().has_value());
+    m_pasteAction->setEnabled(!clipboardModules().isEmpty());
+    m_compileAction->setEnabled(m_station->count() != m_station->unavailableCount());
+    m_undoAction->setEnabled(m_undoStack.canUndo());
+    m_redoAction->setEnabled(m_undoStack.canRedo());
+    m_undoAction->setToolTip(tr("Undo: %1").arg(m_undoStack.undoText()));
+    m_redoAction->setToolTip(tr("Redo: %1").arg(m_undoStack.redoText()));
+    QString controller;
+    for (QAction *action : m_controllers->actions()) {
+        action->setChecked(action->data().toUInt() == m_station->plcType());
+        controller = action->isChecked() ? action->text() : controller;
+    }
+    m_summary->setText(tr("%n module(s), controller %1", nullptr, m_station->count()).arg(controller));
+}
+
+void MainWindow::updateTitle()
+{
+    setWindowTitle(tr("%1[*] - Module Workbench").arg(fileTitle()));
     setWindowModified(!m_undoStack.isClean());
-    const QString name = m_fileName.isEmpty() ? tr("New station") : QFileInfo(m_fileName).fileName();
-    setWindowTitle(tr("%1[*] - Module Workbench").arg(name));
+}
+
+QString MainWindow::fileTitle() const
+{
+    return m_fileName.isEmpty() ? tr("New station") : QFileInfo(m_fileName).fileName();
 }
 
 bool MainWindow::mayDiscard()
 {
-    if (!isWindowModified()) {
+    if (m_undoStack.isClean()) {
         return true;
     }
-    const QString name = m_fileName.isEmpty() ? tr("the new station") : QFileInfo(m_fileName).fileName();
-    const auto answer =
-        QMessageBox::warning(this, tr("Unsaved Changes"), tr("Save the changes to %1?").arg(name),
-                             QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
+    QMessageBox box(QMessageBox::Warning, tr("Unsaved Changes"), tr("Save the changes to \"%1\"?").arg(fileTitle()),
+                    QMessageBox::NoButton, this);
+    box.setObjectName(QStringLiteral("unsavedBox"));
+    const QAbstractButton *const save = box.addButton(tr("&Save"), QMessageBox::AcceptRole);
+    const QAbstractButton *const discard = box.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
+    box.setEscapeButton(box.addButton(tr("Cancel"), QMessageBox::RejectRole));
+    box.exec();
+    return box.clickedButton() == discard || (box.clickedButton() == save && this->save());
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(mayDiscard());
-}
-
-void MainWindow::showError(const QString &text, const QString &reason)
-{
-    QMessageBox box(QMessageBox::Warning, tr("Module Workbench"), text, QMessageBox::Ok, this);
-    box.setInformativeText(reason);
-    box.exec();
+    if (event->isAccepted()) {
+        writeSettings();
+    }
 }
 
 /// Two stations exist for a moment while one replaces the other, so each has a key of its own.
 QString MainWindow::nextMemoryOwner()
 {
     return QStringLiteral("workbench-%1").arg(++m_stationNumber);
-}
-
-int MainWindow::selectedModule() const
-{
-    const QModelIndex current = m_stationTable->selectionModel()->currentIndex();
-    return m_stationTable->selectionModel()->hasSelection() ? current.row() : -1;
 }

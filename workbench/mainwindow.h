@@ -1,7 +1,9 @@
-// The workbench's window: catalog, station table, memory map.
+// The workbench's window: catalog, racks, memory map, help.
 #pragma once
 
 #include "catalog.h"
+#include "language.h"
+#include "stationblocks.h"
 #include "stationcommands.h"
 
 #include <QKeySequence>
@@ -10,12 +12,13 @@
 
 #include <memory>
 
-class MemoryModel;
-class QAction;
+class CatalogView;
+class HelpDock;
+class MemoryView;
+class QActionGroup;
 class QLabel;
-class QTableView;
-class QTreeWidget;
-class StationModel;
+class RackView;
+class RecentMenu;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -24,66 +27,107 @@ public:
     MainWindow(const PluginLibrary &plugin, std::vector<CatalogEntry> catalog, std::unique_ptr<Station> station);
     ~MainWindow() override;
 
-    /// Opens a station file in place of the present station, which stays when the file is refused.
+    /// Opens a project file in place of the present station, which stays when the file is refused.
     bool openFile(const QString &path);
+    /// English or Chinese, for the window, the plug-in and the host.
+    void setLanguage(QLocale::Language language);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    /// A text that is shown in the present language.
+    struct Text {
+        const char *source; ///< in this class's translation context
+        std::function<void(const QString &text)> show;
+    };
+
+    void translated(const char *source, const std::function<void(const QString &text)> &show);
     template <typename Run>
-    QAction *command(const QString &text, const QString &tip, const QKeySequence &shortcut, Run run);
+    QAction *command(const char *name, const char *text, const char *tip, const QKeySequence &shortcut, Run run);
+    QMenu *menu(const char *title);
+    void dock(const char *name, const char *title, QWidget *content, Qt::DockWidgetArea area);
+    void createViews();
     void createFileCommands();
+    void createEditCommands();
     void createModuleCommands();
-    void createMenus();
+    void createViewCommands();
     void createToolBar();
-    QWidget *createCatalogPanel();
-    QWidget *createStationPanel();
-    QWidget *createMemoryPanel();
+    void connectViews();
+    void retranslate();
+    void readSettings();
+    void writeSettings() const;
 
     void newStation();
     void open();
+    void openRecent(const QString &path);
     bool save();
     bool saveAs();
-    void compile();
-    void addModule();
-    void removeModule();
-    void placeModule();
-    void configureModule();
-
-    void filterCatalog(const QString &text);
-    void showStation(std::unique_ptr<Station> station, const QString &fileName);
-    void refresh(int selectedRow);
-    void updateCommands();
     bool saveTo(const QString &path);
-    QString askForFile(const QString &title, const QString &present, const QString &filter, const QString &suffix);
+    void compile();
+    void decompile();
+    void undo();
+    void redo();
+    void copy();
+    void cut();
+    void paste();
+    void removeModules();
+    void addModule(quint32 typeCode);
+    void addModuleAt(quint32 typeCode, Place place);
+    void moveModule(Place from, Place to);
+    void askForPlace();
+    void configureModule();
+    void setController(quint32 type);
+    void showHelp();
+
+    StationEdits edits() { return {*m_station, m_undoStack}; }
+    /// Index of the module in the current slot.
+    std::optional<int> currentModule() const;
+    /// @p wanted when it is free, else the first free slot behind it, else the first one of all.
+    std::optional<Place> freePlace(Place wanted) const;
+    void showStation(std::unique_ptr<Station> station, const QString &fileName);
+    void showUnavailable();
+    void updateCommands();
+    void updateTitle();
     /// Offers to save unsaved changes. False when the user would rather stay.
     bool mayDiscard();
-    void showError(const QString &text, const QString &reason);
+    QString fileTitle() const;
     QString nextMemoryOwner();
-    /// Index of the selected module, or -1.
-    int selectedModule() const;
+    /// What @p work(progress) returns; a long one shows its progress and can be cancelled.
+    template <typename Work>
+    auto withProgress(const QString &label, Work work);
 
     const PluginLibrary &m_plugin;
     std::vector<CatalogEntry> m_catalog;
+    InterfaceLanguage m_language;
+    std::vector<Text> m_texts;
     std::unique_ptr<Station> m_station;
     QUndoStack m_undoStack;
     QString m_fileName; ///< empty for a station that was never saved
     int m_stationNumber = 0;
 
-    StationModel *m_stationModel;
-    MemoryModel *m_memoryModel;
-    QTreeWidget *m_catalogTree = nullptr;
-    QTableView *m_stationTable = nullptr;
-    QLabel *m_memorySummary = nullptr;
+    CatalogView *m_catalogView = nullptr;
+    RackView *m_rackView = nullptr;
+    MemoryView *m_memoryView = nullptr;
+    HelpDock *m_help = nullptr;
+    QLabel *m_summary = nullptr;
+    RecentMenu *m_recent = nullptr;
+    QActionGroup *m_controllers = nullptr;
+    QActionGroup *m_languages = nullptr;
+    std::vector<QAction *> m_dockToggles;
     QAction *m_newAction = nullptr;
     QAction *m_openAction = nullptr;
     QAction *m_saveAction = nullptr;
-    QAction *m_saveAsAction = nullptr;
-    QAction *m_compileAction = nullptr;
-    QAction *m_quitAction = nullptr;
-    QAction *m_addAction = nullptr;
+    QAction *m_undoAction = nullptr;
+    QAction *m_redoAction = nullptr;
+    QAction *m_cutAction = nullptr;
+    QAction *m_copyAction = nullptr;
+    QAction *m_pasteAction = nullptr;
     QAction *m_removeAction = nullptr;
+    QAction *m_addAction = nullptr;
     QAction *m_placeAction = nullptr;
     QAction *m_configureAction = nullptr;
+    QAction *m_compileAction = nullptr;
+    QAction *m_helpAction = nullptr;
 };

@@ -1,0 +1,820 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>BlockResultsDialog</name>
+    <message>
+        <source>Decompiled Station</source>
+        <translation>反编译的站</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) were rebuilt. These blocks have problems:</source>
+        <translation>
+            <numerusform>已重建%n个模块。以下数据块有问题：</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Problems</source>
+        <translation>问题</translation>
+    </message>
+    <message>
+        <source>Block</source>
+        <translation>数据块</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>偏移</translation>
+    </message>
+    <message>
+        <source>Result code</source>
+        <translation>结果代码</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>原因</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>BlockView</name>
+    <message>
+        <source>Blocks</source>
+        <translation>数据块</translation>
+    </message>
+    <message>
+        <source>Rack</source>
+        <translation>机架</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>槽位</translation>
+    </message>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>字节</translation>
+    </message>
+    <message>
+        <source>Fields</source>
+        <translation>字段</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>字段</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>含义</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>偏移</translation>
+    </message>
+    <message>
+        <source>Configuration Blocks</source>
+        <translation>配置数据块</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s), %1 bytes, in the order of racks and slots</source>
+        <translation>
+            <numerusform>%n个模块，%1字节，按机架和槽位排序</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>damaged</source>
+        <translation>已损坏</translation>
+    </message>
+    <message>
+        <source>%1 expected, %2 found: %3</source>
+        <translation>应为%1，实为%2：%3</translation>
+    </message>
+    <message>
+        <source>Save Configuration Blocks</source>
+        <translation>保存配置数据块</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written.</source>
+        <translation>无法写入%1。</translation>
+    </message>
+</context>
+<context>
+    <name>Catalog</name>
+    <message>
+        <source>The catalog has no description file %1 for the type %2.</source>
+        <translation>目录中没有类型%2的描述文件%1。</translation>
+    </message>
+    <message>
+        <source>The component file %1 of &quot;%2&quot; (type %3) is missing.</source>
+        <translation>缺少“%2”（类型%3）的组件文件%1。</translation>
+    </message>
+    <message>
+        <source>Analog modules</source>
+        <translation>模拟量模块</translation>
+    </message>
+    <message>
+        <source>TC/RTD modules</source>
+        <translation>TC/RTD模块</translation>
+    </message>
+    <message>
+        <source>Digital modules</source>
+        <translation>数字量模块</translation>
+    </message>
+    <message>
+        <source>Weighing modules</source>
+        <translation>称重模块</translation>
+    </message>
+    <message>
+        <source>Other modules</source>
+        <translation>其他模块</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogView</name>
+    <message>
+        <source>Search by name or order number</source>
+        <translation>按名称或订货号搜索</translation>
+    </message>
+    <message>
+        <source>Catalog</source>
+        <translation>目录</translation>
+    </message>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Order number</source>
+        <translation>订货号</translation>
+    </message>
+    <message>
+        <source>Type %1; double click or drag to place it</source>
+        <translation>类型%1；双击或拖动以放置</translation>
+    </message>
+</context>
+<context>
+    <name>FileQuestions</name>
+    <message>
+        <source>Station files (*.station);;All files (*)</source>
+        <translation>站文件 (*.station);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Configuration blocks (*.blk);;All files (*)</source>
+        <translation>配置数据块 (*.blk);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>Module Workbench</source>
+        <translation>模块工作台</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>HelpDock</name>
+    <message>
+        <source>en</source>
+        <extracomment>Folder of the help pages in this language: en or zh.</extracomment>
+        <translation>zh</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>帮助</translation>
+    </message>
+    <message>
+        <source>Help page</source>
+        <translation>帮助页面</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Plug-in: %1</source>
+        <translation>插件：%1</translation>
+    </message>
+    <message>
+        <source>Catalog</source>
+        <translation>目录</translation>
+    </message>
+    <message>
+        <source>Memory map</source>
+        <translation>存储区映射</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>新建(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Begin an empty station</source>
+        <translation>新建空站</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>打开(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Open a project</source>
+        <translation>打开项目</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Save the station to its project file</source>
+        <translation>把站保存到项目文件</translation>
+    </message>
+    <message>
+        <source>Save &amp;As...</source>
+        <translation>另存为(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>Save the station to another file</source>
+        <translation>把站保存到另一个文件</translation>
+    </message>
+    <message>
+        <source>&amp;Compile...</source>
+        <translation>编译(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>Show the configuration blocks of all modules</source>
+        <translation>显示所有模块的配置数据块</translation>
+    </message>
+    <message>
+        <source>&amp;Decompile...</source>
+        <translation>反编译(&amp;D)...</translation>
+    </message>
+    <message>
+        <source>Rebuild a station from a file of configuration blocks</source>
+        <translation>由配置数据块文件重建站</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>退出(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Close the workbench</source>
+        <translation>关闭工作台</translation>
+    </message>
+    <message>
+        <source>&amp;Recent Projects</source>
+        <translation>最近的项目(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Take the last step back</source>
+        <translation>撤销上一步</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Make a step again that was taken back</source>
+        <translation>重做已撤销的一步</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>剪切(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Copy the selected modules and remove them</source>
+        <translation>复制并删除选中的模块</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Copy the selected modules and their parameters</source>
+        <translation>复制选中的模块及其参数</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Place copies of modules from the current slot on, with addresses of their own</source>
+        <translation>从当前槽位起放置模块副本，使用各自的地址</translation>
+    </message>
+    <message>
+        <source>Re&amp;move</source>
+        <translation>删除(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Remove the selected modules and free their addresses</source>
+        <translation>删除选中的模块并释放其地址</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
+    </message>
+    <message>
+        <source>P&amp;lace from Catalog</source>
+        <translation>从目录放置(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Place the catalog&apos;s current module in the current slot, or in the next free one</source>
+        <translation>把目录中的当前模块放到当前槽位或下一个空闲槽位</translation>
+    </message>
+    <message>
+        <source>&amp;Move to...</source>
+        <translation>移到(&amp;M)...</translation>
+    </message>
+    <message>
+        <source>Move the module to another rack or slot</source>
+        <translation>把模块移到其他机架或槽位</translation>
+    </message>
+    <message>
+        <source>P&amp;roperties...</source>
+        <translation>属性(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Edit the parameters of the module</source>
+        <translation>编辑模块的参数</translation>
+    </message>
+    <message>
+        <source>&amp;Module</source>
+        <translation>模块(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Controller</source>
+        <translation>控制器(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>视图(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>放大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Show the memory map larger</source>
+        <translation>放大存储区映射</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>缩小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Show the memory map smaller</source>
+        <translation>缩小存储区映射</translation>
+    </message>
+    <message>
+        <source>&amp;Language</source>
+        <translation>语言(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Help on the Module</source>
+        <translation>模块帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Open the help page of the current module&apos;s family</source>
+        <translation>打开当前模块类别的帮助页面</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Module Workbench</source>
+        <translation>模块工作台</translation>
+    </message>
+    <message>
+        <source>Open Project</source>
+        <translation>打开项目</translation>
+    </message>
+    <message>
+        <source>Opening %1...</source>
+        <translation>正在打开%1...</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened.</source>
+        <translation>无法打开%1。</translation>
+    </message>
+    <message>
+        <source>Opened %1</source>
+        <translation>已打开%1</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2: %3</source>
+        <translation>机架%1，槽位%2：%3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) cannot be restored. They stay in the project as they were stored.</source>
+        <translation>
+            <numerusform>有%n个模块无法恢复，它们按原样保留在项目中。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>保存项目</translation>
+    </message>
+    <message>
+        <source>%1 cannot be saved.</source>
+        <translation>无法保存%1。</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>已保存%1</translation>
+    </message>
+    <message>
+        <source>Compiling...</source>
+        <translation>正在编译...</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) that are not available were left out</source>
+        <translation>
+            <numerusform>略去了%n个不可用的模块</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Decompile Configuration Blocks</source>
+        <translation>反编译配置数据块</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read.</source>
+        <translation>无法读取%1。</translation>
+    </message>
+    <message>
+        <source>The file is too large for the blocks of a station.</source>
+        <translation>文件太大，不可能是一个站的数据块。</translation>
+    </message>
+    <message>
+        <source>Decompiling...</source>
+        <translation>正在反编译...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste %n module(s)</source>
+        <translation>
+            <numerusform>粘贴%n个模块</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Every slot of the station is taken.</source>
+        <translation>站的所有槽位都已占用。</translation>
+    </message>
+    <message>
+        <source>Not all modules can be pasted.</source>
+        <translation>无法粘贴所有模块。</translation>
+    </message>
+    <message>
+        <source>No module can be added.</source>
+        <translation>无法添加模块。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be added.</source>
+        <translation>无法添加%1。</translation>
+    </message>
+    <message>
+        <source>Added %1 in rack %2, slot %3</source>
+        <translation>已把%1添加到机架%2，槽位%3</translation>
+    </message>
+    <message>
+        <source>The module cannot be moved.</source>
+        <translation>无法移动模块。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no properties while it is not available.</source>
+        <translation>“%1”不可用，因此没有属性。</translation>
+    </message>
+    <message>
+        <source>The station cannot have this controller.</source>
+        <translation>该站不能使用此控制器。</translation>
+    </message>
+    <message>
+        <source>Undo: %1</source>
+        <translation>撤销：%1</translation>
+    </message>
+    <message>
+        <source>Redo: %1</source>
+        <translation>重做：%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s), controller %1</source>
+        <translation>
+            <numerusform>%n个模块，控制器%1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1[*] - Module Workbench</source>
+        <translation>%1[*] - 模块工作台</translation>
+    </message>
+    <message>
+        <source>New station</source>
+        <translation>新站</translation>
+    </message>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>未保存的更改</translation>
+    </message>
+    <message>
+        <source>Save the changes to &quot;%1&quot;?</source>
+        <translation>是否保存对“%1”的更改？</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>不保存(&amp;D)</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryStrip</name>
+    <message>
+        <source>Analog inputs</source>
+        <translation>模拟量输入</translation>
+    </message>
+    <message>
+        <source>Analog outputs</source>
+        <translation>模拟量输出</translation>
+    </message>
+    <message>
+        <source>Digital inputs</source>
+        <translation>数字量输入</translation>
+    </message>
+    <message>
+        <source>Digital outputs</source>
+        <translation>数字量输出</translation>
+    </message>
+    <message>
+        <source>Variables</source>
+        <translation>变量</translation>
+    </message>
+    <message>
+        <source>%1 of %2 bytes free, longest gap %3</source>
+        <translation>空闲%1/%2字节，最长连续%3</translation>
+    </message>
+    <message>
+        <source>%1 %2..%3, %4 bytes</source>
+        <translation>%1 %2..%3，%4字节</translation>
+    </message>
+    <message>
+        <source>Free: %1</source>
+        <translation>空闲：%1</translation>
+    </message>
+    <message>
+        <source>%1, %2: 0..%3</source>
+        <translation>%1，%2：0..%3</translation>
+    </message>
+</context>
+<context>
+    <name>MemoryView</name>
+    <message>
+        <source>Held by no module</source>
+        <translation>不属于任何模块</translation>
+    </message>
+    <message>
+        <source>%1 (rack %2, slot %3)</source>
+        <translation>%1（机架%2，槽位%3）</translation>
+    </message>
+    <message>
+        <source>Memory map</source>
+        <translation>存储区映射</translation>
+    </message>
+</context>
+<context>
+    <name>PlaceDialog</name>
+    <message>
+        <source>Place %1</source>
+        <translation>放置%1</translation>
+    </message>
+    <message>
+        <source>&amp;Rack:</source>
+        <translation>机架(&amp;R)：</translation>
+    </message>
+    <message>
+        <source>&amp;Slot:</source>
+        <translation>槽位(&amp;S)：</translation>
+    </message>
+    <message>
+        <source>Taken by %1.</source>
+        <translation>已被%1占用。</translation>
+    </message>
+    <message>
+        <source>The module&apos;s present slot.</source>
+        <translation>模块当前所在的槽位。</translation>
+    </message>
+    <message>
+        <source>This slot is free.</source>
+        <translation>此槽位空闲。</translation>
+    </message>
+</context>
+<context>
+    <name>PluginLibrary</name>
+    <message>
+        <source>%1 does not export %2.</source>
+        <translation>%1没有导出%2。</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectFile</name>
+    <message>
+        <source>Qt&apos;s SQLite driver is not installed.</source>
+        <translation>未安装Qt的SQLite驱动。</translation>
+    </message>
+    <message>
+        <source>The file is too large for a station.</source>
+        <translation>文件太大，不可能是一个站。</translation>
+    </message>
+    <message>
+        <source>This is not a station file, or it is damaged: it does not begin as one.</source>
+        <translation>这不是站文件，或文件已损坏：文件开头不符。</translation>
+    </message>
+    <message>
+        <source>This is the database of another program, not a station file.</source>
+        <translation>这是其他程序的数据库，不是站文件。</translation>
+    </message>
+    <message>
+        <source>The file has version %1; this program reads version %2.</source>
+        <translation>文件的版本为%1；本程序读取版本%2。</translation>
+    </message>
+    <message>
+        <source>The file is damaged: %1</source>
+        <translation>文件已损坏：%1</translation>
+    </message>
+    <message>
+        <source>The file is damaged: its tables are not those of a station.</source>
+        <translation>文件已损坏：其中的表不属于一个站。</translation>
+    </message>
+    <message>
+        <source>The file is damaged: its modules do not match its checksum.</source>
+        <translation>文件已损坏：模块与校验和不符。</translation>
+    </message>
+</context>
+<context>
+    <name>RackModel</name>
+    <message>
+        <source>Rack %1</source>
+        <translation>机架%1</translation>
+    </message>
+    <message>
+        <source>Slot %1</source>
+        <translation>槽位%1</translation>
+    </message>
+    <message>
+        <source>Type %1, order number %2</source>
+        <translation>类型%1，订货号%2</translation>
+    </message>
+    <message>
+        <source>Type %1</source>
+        <translation>类型%1</translation>
+    </message>
+    <message>
+        <source>Not available: %1</source>
+        <translation>不可用：%1</translation>
+    </message>
+    <message>
+        <source>free</source>
+        <translation>空闲</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2: %3</source>
+        <translation>机架%1，槽位%2：%3</translation>
+    </message>
+</context>
+<context>
+    <name>RackView</name>
+    <message>
+        <source>not available</source>
+        <translation>不可用</translation>
+    </message>
+    <message>
+        <source>Racks</source>
+        <translation>机架</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2 is taken by &quot;%3&quot;.</source>
+        <translation>机架%1的槽位%2已被“%3”占用。</translation>
+    </message>
+</context>
+<context>
+    <name>Station</name>
+    <message>
+        <source>There is no slot %2 in a rack %1: racks end at %3, slots at %4.</source>
+        <translation>没有机架%1的槽位%2：机架最大为%3，槽位最大为%4。</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2 is taken by &quot;%3&quot;.</source>
+        <translation>机架%1的槽位%2已被“%3”占用。</translation>
+    </message>
+    <message>
+        <source>The host has no PLC type %1.</source>
+        <translation>主机没有PLC类型%1。</translation>
+    </message>
+    <message>
+        <source>A module holds the address %1 in the area %2, which would have %3 bytes.</source>
+        <translation>有模块占用%2区的地址%1，而该区将只有%3字节。</translation>
+    </message>
+    <message>
+        <source>The description file of type %1 is damaged or meant for a newer host.</source>
+        <translation>类型%1的描述文件已损坏，或需要更新的主机。</translation>
+    </message>
+    <message>
+        <source>The plug-in creates no module of type %1.</source>
+        <translation>插件无法创建类型%1的模块。</translation>
+    </message>
+    <message numerus="yes">
+        <source>The area %1 has no room for %n more byte(s).</source>
+        <translation>
+            <numerusform>%1区没有再容纳%n字节的空间。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The block is damaged.</source>
+        <translation>数据块已损坏。</translation>
+    </message>
+    <message>
+        <source>An unavailable module cannot be moved.</source>
+        <translation>不可用的模块不能移动。</translation>
+    </message>
+    <message>
+        <source>Its saved state belongs into rack %1, slot %2.</source>
+        <translation>其保存的状态属于机架%1，槽位%2。</translation>
+    </message>
+    <message>
+        <source>The lengths of its address ranges are not those of its type.</source>
+        <translation>其地址区的长度与类型不符。</translation>
+    </message>
+    <message>
+        <source>Its saved state is damaged.</source>
+        <translation>其保存的状态已损坏。</translation>
+    </message>
+</context>
+<context>
+    <name>StationBlocks</name>
+    <message>
+        <source>It is damaged, so that its end and the blocks behind it are unknown.</source>
+        <translation>数据块已损坏，因此无法确定其末尾以及后面的数据块。</translation>
+    </message>
+</context>
+<context>
+    <name>StationEdits</name>
+    <message>
+        <source>Add %1</source>
+        <translation>添加%1</translation>
+    </message>
+    <message>
+        <source>Paste %1</source>
+        <translation>粘贴%1</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>移动%1</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>删除%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n module(s)</source>
+        <translation>
+            <numerusform>删除%n个模块</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Edit %1</source>
+        <translation>编辑%1</translation>
+    </message>
+    <message>
+        <source>Change the PLC type</source>
+        <translation>更改PLC类型</translation>
+    </message>
+</context>
+</TS>
