@@ -1,0 +1,236 @@
+// The workbench's window as a person drives it: catalog, racks, properties dialog, memory map, files.
+#include "blockview.h"
+#include "catalogview.h"
+#include "helpdock.h"
+#include "helpsharemodule.h"
+#include "mainwindow.h"
+#include "memoryview.h"
+#include "rackview.h"
+#include "simulatedhost.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSettings>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QtTest>
+
+class tst_MainWindow : public QObject {
+    Q_OBJECT
+
+    PluginLibrary m_plugin;
+    QTemporaryDir m_folder;
+    std::unique_ptr<MainWindow> m_window;
+    RackView *m_racks = nullptr;
+
+    template <typename Widget>
+    Widget *child(const char *name) const
+    {
+        auto *widget = m_window->findChild<Widget *>(QLatin1String(name));
+        return widget != nullptr ? widget : (qFatal("no %s", name), nullptr);
+    }
+
+    void trigger(const char *action) const { child<QAction>(action)->trigger(); }
+    QString cell(Place place) const { return m_racks->model()->data(at(place), Qt::AccessibleTextRole).toString(); }
+    QModelIndex at(Place place) const { return m_racks->model()->index(place.rack, place.slot); }
+    QString summary() const { return child<QLabel>("stationSummary")->text(); }
+    QString freeText(const char *strip) const { return child<MemoryStrip>(strip)->accessibleDescription(); }
+
+    void add(const QString &search) const
+    {
+        auto *field = child<QLineEdit>("catalogSearch");
+        field->setFocus();
+        field->clear();
+        QTest::keyClicks(field, search);
+        QTest::keyClick(field, Qt::Key_Return);
+        m_racks->setFocus(); // keys are the focus widget's, whoever they are sent to
+    }
+
+    /// Runs @p answer on the modal dialog that opens next, which must be a @p Dialog and close by that.
+    template <typename Dialog, typename Answer>
+    void answerNext(Answer answer)
+    {
+        QTimer::singleShot(0, this, [this, answer] {
+            auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+            if (dialog == nullptr) {
+                return answerNext<Dialog>(answer); // it opens later than its question was expected
+            }
+            answer(dialog);
+        });
+    }
+
+    bool drop(Place to)
+    {
+        QMimeData data;
+        data.setData(CatalogView::mimeType(), "13395");
+        const QPoint point = m_racks->visualRect(at(to)).center();
+        QDragEnterEvent enter(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_racks->viewport(), &enter);
+        QDragMoveEvent over(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_racks->viewport(), &over);
+        QDropEvent event(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_racks->viewport(), &event);
+        return over.isAccepted() && event.isAccepted();
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+        QVERIFY2(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH), qPrintable(m_plugin.errorString()));
+    }
+
+    void init()
+    {
+        simulatedhost::reset();
+        m_window = std::make_unique<MainWindow>(m_plugin, readCatalog(), std::make_unique<Station>(m_plugin, "first"));
+        m_window->setLanguage(QLocale::English);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        m_racks = child<RackView>("rackView");
+    }
+
+    void cleanup() { m_window.reset(); }
+
+    void editsSavesAndOpens()
+    {
+        add("4 x TC");
+        add("SX-DI08");
+        QCOMPARE(cell({0, 0}),
+                 QString("Rack 0, slot 0: Analog Input 4 x TC, Type 13396, order number SX-AI04-TC, AI 0..7"));
+        QVERIFY(cell({0, 1}).endsWith("I 0"));
+        QVERIFY(m_window->isWindowModified());
+
+        m_racks->setCurrentPlace({0, 0});
+        answerNext<QDialog>([](QDialog *dialog) {
+            dialog->findChild<QLineEdit *>("nameEdit")->setText("Furnace");
+            dialog->findChild<QSpinBox *>("inputStart")->setValue(100);
+            dialog->findChild<QPushButton *>("okButton")->click();
+        });
+        QTest::keyClick(m_racks, Qt::Key_Return);
+        const QString edited = "Rack 0, slot 0: Furnace, Type 13396, order number SX-AI04-TC, AI 100..107";
+        QCOMPARE(cell({0, 0}), edited);
+        QTRY_COMPARE(freeText("memoryStrip_AI"), QString("2,040 of 2,048 bytes free, longest gap 1,940"));
+
+        const QString path = m_folder.filePath("walk.station");
+        answerNext<QFileDialog>([&](QFileDialog *dialog) {
+            dialog->findChild<QLineEdit *>("fileNameEdit")->setText(path);
+            dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
+        });
+        trigger("saveAction");
+        QVERIFY(!m_window->isWindowModified());
+        QCOMPARE(m_window->windowTitle(), QString("walk.station[*] - Module Workbench"));
+
+        trigger("newAction");
+        QCOMPARE(cell({0, 0}), QString("Rack 0, slot 0: free"));
+        QVERIFY(m_window->openFile(path));
+        QCOMPARE(cell({0, 0}), edited);
+        QVERIFY(cell({0, 1}).contains("Digital Input 8"));
+    }
+
+    void takesStepsBack()
+    {
+        add("Relay");
+        const QString placed = cell({0, 0});
+        m_racks->setCurrentPlace({0, 0});
+        trigger("copyAction");
+        trigger("pasteAction");
+        QVERIFY(cell({0, 1}).endsWith("Q 2..3"));
+        QTest::keyClick(m_racks, Qt::Key_Down, Qt::ControlModifier); // the pasted one is current
+        QVERIFY(cell({1, 1}).endsWith("Q 2..3"));
+        m_racks->setCurrentPlace({0, 0});
+        QTest::keyClick(m_racks, Qt::Key_Delete);
+        QCOMPARE(cell({0, 0}), QString("Rack 0, slot 0: free"));
+        for (int step = 0; step < 3; ++step) {
+            QTest::keyClick(m_racks, Qt::Key_Z, Qt::ControlModifier);
+        }
+        QCOMPARE(cell({0, 0}), placed);
+        QVERIFY(summary().startsWith("1 module"));
+        QTRY_COMPARE(freeText("memoryStrip_Q"), QString("1,022 of 1,024 bytes free, longest gap 1,022"));
+    }
+
+    void refusesDropsOnTakenSlots()
+    {
+        QVERIFY(drop({0, 1}));
+        QVERIFY(!drop({0, 1}));
+        QVERIFY(cell({0, 1}).contains("AI 0..7"));
+        QVERIFY(summary().startsWith("1 module"));
+    }
+
+    void selectsInBothDirections()
+    {
+        add("2 x Double");
+        add("4 x RTD");
+        auto *strip = child<MemoryStrip>("memoryStrip_V");
+        QTRY_VERIFY(strip->accessibleDescription().startsWith("16,372 of"));
+        QCOMPARE(m_racks->currentPlace(), (Place{0, 1}));
+        QTest::mouseClick(strip, Qt::LeftButton, Qt::NoModifier, QPoint(0, strip->height() - 10));
+        QCOMPARE(m_racks->currentPlace(), (Place{0, 0}));
+    }
+
+    void compilesAndOffersTheBlock()
+    {
+        add("4 x TC");
+        trigger("compileAction");
+        auto *view = child<BlockView>("blockView");
+        QCOMPARE(view->findChild<QTreeWidget *>("blockList")->topLevelItem(0)->text(2), QString("Analog Input 4 x TC"));
+        QVERIFY(!view->findChild<QTreeWidget *>("blockFields")
+                     ->findItems("analogInput[3].", Qt::MatchStartsWith | Qt::MatchRecursive)
+                     .isEmpty());
+    }
+
+    void opensHelpOfKeywords_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::newRow("Analog Modules Properties") << "en/analog.html";
+        QTest::newRow("TC/RTD模块属性") << "en/temperature.html";
+        QTest::newRow("Digital Modules Properties") << "en/digital.html";
+        QTest::newRow("称重模块属性") << "en/weighing.html";
+        QTest::newRow("") << "en/overview.html";
+    }
+
+    void opensHelpOfKeywords()
+    {
+        QFETCH(QString, page);
+        startHelpSys(QString::fromUtf8(QTest::currentDataTag()));
+        QVERIFY(child<HelpDock>("helpDock")->isVisible());
+        QVERIFY(!child<QTextBrowser>("helpBrowser")->toPlainText().isEmpty());
+        QCOMPARE(child<QTextBrowser>("helpBrowser")->source().toString(), "qrc:/help/" + page);
+        m_window->setLanguage(QLocale::Chinese);
+        QTRY_COMPARE(child<QTextBrowser>("helpBrowser")->source().toString(),
+                     "qrc:/help/" + page.replace("en/", "zh/"));
+    }
+
+    void keepsWhatItCannotSaveOrOpen()
+    {
+        add("Relay");
+        QFile foreign(m_folder.filePath("foreign.station"));
+        QVERIFY(foreign.open(QIODevice::WriteOnly) && foreign.write("PK") == 2);
+        foreign.close();
+        QString text;
+        answerNext<QMessageBox>([&](QMessageBox *box) {
+            text = box->text();
+            box->accept();
+        });
+        QVERIFY(!m_window->openFile(foreign.fileName()));
+        QVERIFY2(text.contains("foreign.station"), qPrintable(text));
+        answerNext<QMessageBox>([](QMessageBox *box) { box->reject(); });
+        trigger("newAction");
+        QVERIFY(cell({0, 0}).contains("Relay"));
+        QVERIFY(m_window->isWindowModified());
+    }
+};
+
+QTEST_MAIN(tst_MainWindow)
+#include "tst_mainwindow.moc"
