@@ -26,7 +26,7 @@ BlockResultsDialog::BlockResultsDialog(int moduleCount, const std::vector<BlockR
                                                 reasons.join(QLatin1Char(' ')).trimmed()});
         item->setToolTip(3, item->text(3));
     }
-    for (int column = 0; column < list->columnCount(); ++column) {
+    for (int column = 0; column + 1 < list->columnCount(); ++column) { // the reasons wrap
         list->resizeColumnToContents(column);
     }
     auto *buttons = new QDialogButtonBox;

@@ -18,8 +18,9 @@
 
 namespace {
 
-constexpr int barHeight = 20; // px
-constexpr int gap = 3;        // px between texts and bars
+constexpr int barHeight = 16;  // px
+constexpr int gap = 2;         // px between texts and bars
+constexpr double thinnest = 2; // px of a range
 constexpr std::array areas{VarArea::AnalogInput, VarArea::AnalogOutput, VarArea::DigitalInput, VarArea::DigitalOutput,
                            VarArea::Variable};
 
@@ -108,9 +109,9 @@ QRect MemoryStrip::bar() const
 
 QRectF MemoryStrip::rectOf(qint32 start, qint32 length) const
 {
-    const QRectF whole = bar();
+    const QRectF whole = bar().adjusted(1, 1, 0, 0); // inside its frame
     const double perByte = whole.width() / std::max(m_size, 1);
-    return {whole.left() + start * perByte, whole.top(), std::max(length * perByte, 1.0), whole.height()};
+    return {whole.left() + start * perByte, whole.top(), std::max(length * perByte, thinnest), whole.height()};
 }
 
 std::optional<int> MemoryStrip::rangeAt(QPoint point) const
@@ -170,15 +171,16 @@ void MemoryStrip::paintEvent(QPaintEvent * /*event*/)
     painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter, area);
     painter.drawText(texts, Qt::AlignRight | Qt::AlignVCenter, freeText());
 
-    painter.fillRect(bar(), palette().base());
+    painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
+    painter.setBrush(palette().base());
+    painter.drawRect(bar());
+    painter.setBrush(Qt::NoBrush);
     for (const Range &range : m_ranges) {
         const QRectF rect = rectOf(range.start, range.length);
         if (rect.right() >= visible.left() && rect.left() <= visible.right()) {
             painter.fillRect(rect, range.color);
         }
     }
-    painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
-    painter.drawRect(bar());
     // Marks are wider than their range, so that a few bytes among many thousands are seen.
     painter.setPen(QPen(palette().color(QPalette::Highlight), 3));
     for (const Range &range : m_ranges) {
@@ -224,6 +226,7 @@ MemoryView::MemoryView(const std::vector<CatalogEntry> &catalog, QWidget *parent
     auto *content = new QWidget;
     auto *layout = new QVBoxLayout(content);
     layout->setContentsMargins(gap, gap, gap, gap);
+    layout->setSpacing(gap);
     for (const VarArea area : areas) {
         auto *strip = new MemoryStrip(area, content);
         connect(strip, &MemoryStrip::moduleSelected, this, &MemoryView::moduleSelected);

@@ -22,7 +22,7 @@ QColor moduleColor(CatalogFamily family, Place place, const QPalette &palette)
     const int saturation = family == CatalogFamily::Other ? 12 : 130;
     const int shade = (place.slot + place.rack) % shadeCount;
     return isDark(palette) ? QColor::fromHsl(hue, saturation, 92 + 24 * shade)
-                           : QColor::fromHsl(hue, saturation + 40, 215 - 22 * shade);
+                           : QColor::fromHsl(hue, saturation + 40, 205 - 26 * shade);
 }
 
 QColor refusalColor(const QPalette &palette)

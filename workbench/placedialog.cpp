@@ -15,6 +15,9 @@ PlaceDialog::PlaceDialog(const Station &station, int index, QWidget *parent)
       m_occupant(new QLabel(this))
 {
     const ModuleView module = station.module(index);
+    setObjectName(QStringLiteral("placeDialog"));
+    m_rack->setObjectName(QStringLiteral("rackSpin"));
+    m_slot->setObjectName(QStringLiteral("slotSpin"));
     setWindowTitle(tr("Place %1").arg(module.name));
     m_rack->setRange(0, Place::rackCount - 1);
     m_rack->setValue(module.place.rack);
@@ -23,6 +26,8 @@ PlaceDialog::PlaceDialog(const Station &station, int index, QWidget *parent)
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     m_ok = buttons->button(QDialogButtonBox::Ok);
+    m_ok->setText(tr("OK"));
+    buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
     auto *form = new QFormLayout(this);
     form->addRow(tr("&Rack:"), m_rack);
     form->addRow(tr("&Slot:"), m_slot);

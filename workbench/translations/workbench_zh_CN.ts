@@ -635,6 +635,14 @@
         <source>This slot is free.</source>
         <translation>此槽位空闲。</translation>
     </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>PluginLibrary</name>
