@@ -44,7 +44,7 @@ QIcon familyIcon(CatalogFamily family, const QPalette &palette)
     painter.setPen(palette.color(QPalette::Text));
     painter.setBrush(moduleColor(family, {}, palette));
     painter.drawRoundedRect(1, 1, iconSize - 3, iconSize - 3, 2, 2);
-    return QIcon(pixmap);
+    return {pixmap};
 }
 
 } // namespace

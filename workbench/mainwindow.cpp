@@ -38,9 +38,9 @@
 
 namespace {
 
-constexpr int messageTime = 6000;                     // ms
-constexpr int progressDelay = 400;                    // ms before a long work shows its progress
-constexpr qint64 largestBlockFile = 64 * 1024 * 1024; // bytes, far beyond the blocks of a full station
+constexpr int messageTime = 6000;                       // ms
+constexpr int progressDelay = 400;                      // ms before a long work shows its progress
+constexpr qint64 largestBlockFile = 64LL * 1024 * 1024; // bytes, far beyond the blocks of a full station
 constexpr int shownProblems = 8;
 
 QString settingsOwner()

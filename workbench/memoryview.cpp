@@ -92,9 +92,10 @@ QRect MemoryStrip::select(const QSet<int> &places)
 {
     m_selected = places;
     update();
-    const auto first = std::find_if(m_ranges.begin(), m_ranges.end(),
-                                    [&](const Range &range) { return m_selected.contains(range.place.index()); });
-    return first == m_ranges.end() ? QRect() : rectOf(first->start, first->length).toAlignedRect();
+    const auto *const first = std::find_if(m_ranges.cbegin(), m_ranges.cend(), [&](const Range &range) {
+        return m_selected.contains(range.place.index());
+    });
+    return first == m_ranges.cend() ? QRect() : rectOf(first->start, first->length).toAlignedRect();
 }
 
 QSize MemoryStrip::sizeHint() const
@@ -119,11 +120,11 @@ std::optional<int> MemoryStrip::rangeAt(QPoint point) const
     if (!bar().contains(point)) {
         return std::nullopt;
     }
-    const auto next = std::find_if(m_ranges.begin(), m_ranges.end(), [&](const Range &range) {
+    const auto *const next = std::find_if(m_ranges.cbegin(), m_ranges.cend(), [&](const Range &range) {
         return rectOf(range.start, range.length).right() > point.x();
     });
-    const bool isInside = next != m_ranges.end() && rectOf(next->start, next->length).left() <= point.x();
-    return isInside ? static_cast<int>(next - m_ranges.begin()) : -1;
+    const bool isInside = next != m_ranges.cend() && rectOf(next->start, next->length).left() <= point.x();
+    return isInside ? static_cast<int>(next - m_ranges.cbegin()) : -1;
 }
 
 QString MemoryStrip::toolTipAt(QPoint point) const
@@ -211,10 +212,11 @@ void MemoryStrip::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
         return;
     }
-    const auto current = std::find_if(m_ranges.begin(), m_ranges.end(),
-                                      [&](const Range &range) { return m_selected.contains(range.place.index()); });
+    const auto *const current = std::find_if(m_ranges.cbegin(), m_ranges.cend(), [&](const Range &range) {
+        return m_selected.contains(range.place.index());
+    });
     const int step = event->key() == Qt::Key_Right ? 1 : -1;
-    selectRange(current == m_ranges.end() ? 0 : static_cast<int>(current - m_ranges.begin()) + step);
+    selectRange(current == m_ranges.cend() ? 0 : static_cast<int>(current - m_ranges.cbegin()) + step);
 }
 
 MemoryView::MemoryView(const std::vector<CatalogEntry> &catalog, QWidget *parent)

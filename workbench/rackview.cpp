@@ -33,8 +33,8 @@ QString moveMimeType()
 /// Of less important texts.
 QColor faded(const QPalette &palette)
 {
-    const QColor text = palette.color(QPalette::Text);
-    const QColor base = palette.color(QPalette::Base);
+    const QColor &text = palette.color(QPalette::Text);
+    const QColor &base = palette.color(QPalette::Base);
     return QColor::fromRgb((2 * text.red() + base.red()) / 3, (2 * text.green() + base.green()) / 3,
                            (2 * text.blue() + base.blue()) / 3);
 }
