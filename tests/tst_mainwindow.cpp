@@ -23,6 +23,7 @@
 #include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QTimer>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -106,7 +107,15 @@ private slots:
         m_racks = child<RackView>("rackView");
     }
 
-    void cleanup() { m_window.reset(); }
+    void cleanup()
+    {
+        // The search field's clear button fades in, in an animation that deletes itself, but only at its end.
+        const auto *search = child<QLineEdit>("catalogSearch");
+        const auto *button = search->findChild<QToolButton *>();
+        QTRY_COMPARE(button->property("opacity").toDouble(), search->text().isEmpty() ? 0.0 : 1.0);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_window.reset();
+    }
 
     void editsSavesAndOpens()
     {
