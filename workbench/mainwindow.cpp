@@ -306,10 +306,7 @@ void MainWindow::connectViews()
     connect(m_rackView, &RackView::propertiesRequested, this, &MainWindow::configureModule);
     connect(m_rackView, &RackView::dropRefused, this,
             [this](const QString &reason) { statusBar()->showMessage(reason, messageTime); });
-    connect(m_rackView, &RackView::selectionMoved, this, [this] {
-        m_memoryView->select(m_rackView->selectedModules());
-        updateCommands();
-    });
+    connect(m_rackView, &RackView::selectionMoved, this, &MainWindow::updateCommands);
     connect(m_memoryView, &MemoryView::moduleSelected, m_rackView, &RackView::setCurrentPlace);
     connect(&m_undoStack, &QUndoStack::indexChanged, this, &MainWindow::updateCommands);
     connect(&m_undoStack, &QUndoStack::cleanChanged, this, &MainWindow::updateTitle);
@@ -684,14 +681,16 @@ void MainWindow::showStation(std::unique_ptr<Station> station, const QString &fi
     updateTitle();
 }
 
+/// After another selection, and after a step that may have changed what is in the selected slots.
 void MainWindow::updateCommands()
 {
     if (!m_station) {
         return;
     }
-    const bool isSelected = !m_rackView->selectedModules().isEmpty();
+    const QVector<Place> selected = m_rackView->selectedModules();
+    m_memoryView->select(selected);
     for (QAction *action : {m_cutAction, m_copyAction, m_removeAction}) {
-        action->setEnabled(isSelected);
+        action->setEnabled(!selected.isEmpty());
     }
     for (QAction *action : {m_placeAction, m_configureAction}) {
         action->setEnabled(currentModule().has_value());
