@@ -17,9 +17,22 @@ endif()
 add_compile_definitions(QT_DEPRECATED_WARNINGS QT_NO_FOREACH QT_NO_CAST_FROM_BYTEARRAY QT_USE_QSTRINGBUILDER)
 
 # A replacement of a host library is looked for in LD_LIBRARY_PATH before the path that was linked in.
-add_link_options(-Wl,--no-undefined -Wl,--enable-new-dtags)
+add_link_options(-Wl,--enable-new-dtags)
+if(NOT SIMPLEEXTEND_FUZZ) # clang leaves the sanitizers' functions to the program that loads a library
+    add_link_options(-Wl,--no-undefined)
+endif()
 
 if(SIMPLEEXTEND_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(SIMPLEEXTEND_FUZZ)
+    if(NOT CMAKE_CXX_COMPILER_ID MATCHES Clang)
+        message(FATAL_ERROR "SIMPLEEXTEND_FUZZ needs clang's fuzzing engine")
+    endif()
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-coverage=trace-cmp
+                        -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_compile_definitions(QT_FORCE_ASSERTS)
     add_link_options(-fsanitize=address,undefined)
 endif()

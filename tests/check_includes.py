@@ -42,7 +42,7 @@ MAY_ENTER = {
     "the inspector's decoder": set(),
     "tools": PLUGIN_HOST | {"core", "persist", "the byte cursors", "the inspector's decoder"},
     "tests": ANYTHING,
-    "fuzz": ANYTHING - {"tests", "bench"},
+    "fuzz": ANYTHING - {"bench"},
     "bench": ANYTHING - {"tests", "fuzz"},
 }
 WITHOUT_WIDGETS = {"core", "persist", "the byte cursors", "the export header"}

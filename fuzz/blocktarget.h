@@ -1,0 +1,123 @@
+// The targets of the two block formats: reads the bytes as the host does and checks all that is promised for any bytes.
+//
+// A program that includes this header (in one source file) takes the host functions below in place of basemodule's:
+// they build no texts and no paths, so that an execution is the plug-in's work.
+#pragma once
+
+#include "blockagreement.h"
+#include "blockcheck.h"
+#include "blockheader.h"
+#include "metreader.h"
+#include "target.h"
+
+#include <QDir>
+#include <QSet>
+#include <QVarLengthArray>
+
+// The decoder takes several times as long as the plug-in, so that the engine lets it see only every so-manieth input,
+// chosen by content; a replay shows it every one.
+#ifndef FUZZ_AGREEMENT_SHARE
+#define FUZZ_AGREEMENT_SHARE 1
+#endif
+
+namespace fuzz {
+
+struct TakenRange {
+    VarArea area;
+    qint32 start;
+    qint32 length;
+};
+
+inline QVarLengthArray<TakenRange, 8> &takenRanges()
+{
+    static QVarLengthArray<TakenRange, 8> ranges;
+    return ranges;
+}
+
+} // namespace fuzz
+
+qint32 getMemory(const QString & /*owner*/, VarArea area, qint32 start, qint32 length)
+{
+    fuzz::takenRanges().append({area, start, length});
+    return 1;
+}
+
+QString getHwcnfgComponentPath(HwcnfgComponent component)
+{
+    static const QString descriptions = QStringLiteral(FUZZ_CATALOG "/6/");
+    static const QString components = QStringLiteral(FUZZ_CATALOG "/9/");
+    return component == HwcnfgComponent::ModuleDescription ? descriptions : components;
+}
+
+namespace fuzz {
+
+inline QSet<quint32> catalogTypes()
+{
+    QSet<quint32> types;
+    const QDir folder(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription));
+    const QStringList files = folder.entryList({QStringLiteral("hw*.met")});
+    for (const QString &file : files) {
+        types.insert(file.mid(2, 8).toUInt(nullptr, 16));
+    }
+    require(!types.isEmpty(), "the catalog is empty");
+    return types;
+}
+
+/// At most the two ranges of the header, in their order, and where the module has them.
+inline void checkTakenRanges(const SimpleExtendPar *par)
+{
+    const auto &ranges = takenRanges();
+    require(ranges.size() <= 2, "more than two ranges are taken");
+    for (int i = 0; par != nullptr && i < ranges.size(); ++i) {
+        const IoMap &map = i == 0 ? par->inMap : par->outMap;
+        require(map.area == static_cast<quint8>(ranges[i].area) && map.start == ranges[i].start &&
+                    ranges[i].length >= 0 && ranges[i].length <= 255,
+                "a range is taken that the module does not have");
+    }
+}
+
+inline void checkAgreement(const QByteArray &block, const SimpleExtendPar *par, qint32 result, BlockFormat blockFormat)
+{
+    using namespace blockdecoder;
+    static const QSet<quint32> types = catalogTypes();
+    const Format format = blockFormat == BlockFormat::SavedState ? Format::SavedState : Format::Configuration;
+    const DecodedBlock decoded = decode(block, format).constFirst();
+    const Field *type = decoded.find(QStringLiteral("header.objId"));
+    if (type != nullptr && !types.contains(static_cast<quint32>(type->value.toLongLong()))) {
+        // Only the catalog knows that; of such a block the plug-in reads nothing else, or refuses it.
+        require(blockFormat == BlockFormat::SavedState || (par == nullptr && result == UnknownTypeCode),
+                "an unknown type code is not refused");
+        return;
+    }
+    require(decoded.refused == (par == nullptr), "the decoder and the plug-in do not refuse the same");
+    if (par != nullptr) {
+        require(disagreement(decoded, *par, format));
+    }
+}
+
+inline void checkBlock(const QByteArray &block, BlockFormat format)
+{
+    static const QString owner = QStringLiteral("station");
+    constexpr qint32 untouched = -1;
+
+    takenRanges().clear();
+    qint32 result = untouched;
+    const auto par = blockcheck::read(block, owner, format, &result);
+    checkTakenRanges(par.get());
+    if (qChecksum(block.constData(), static_cast<uint>(block.size())) % FUZZ_AGREEMENT_SHARE == 0) {
+        checkAgreement(block, par.get(), result, format);
+    }
+    if (par) {
+        takenRanges().clear();
+        require(blockcheck::roundTripFault(*par, format));
+        require(takenRanges().isEmpty(), "a range is taken without an owner");
+    }
+}
+
+} // namespace fuzz
+
+int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
+{
+    fuzz::prepare();
+    return 0;
+}

@@ -1,0 +1,63 @@
+// Any bytes through the description linter.
+#include "linter.h"
+#include "metentries.h"
+#include "target.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+constexpr quint32 typeCode = 13395;
+
+const LintContext &context()
+{
+    // No component folder: a look at the disk for every entry would cost more than all else.
+    static const LintContext theContext{metFileName(typeCode), 2300, QString(), QTextCodec::codecForLocale()};
+    return theContext;
+}
+
+bool isBefore(const Finding &left, const Finding &right)
+{
+    return std::tie(left.line, left.column) < std::tie(right.line, right.column);
+}
+
+bool isPrintableLine(const QString &text)
+{
+    return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar character) {
+        return character.isPrint() || character.isSurrogate();
+    });
+}
+
+/// What a host finds in a file that the linter does not object to.
+bool isUsable(const QByteArray &content)
+{
+    bool isThere = false;
+    fuzz::visitMetFile(content, [&isThere](QStringView /*line*/, const ModuleMetInfo *entry) {
+        isThere = isThere || (entry != nullptr && entry->objId == typeCode && entry->moduleInfo != 0 &&
+                              !entry->serverFile.isEmpty());
+    });
+    return isThere;
+}
+
+} // namespace
+
+int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
+{
+    fuzz::prepare();
+    return 0;
+}
+
+int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const QByteArray content = fuzz::bytesOf(data, size);
+    const QVector<Finding> findings = lint(content, context());
+    const int lines = content.count('\n') + 1;
+    for (const Finding &finding : findings) {
+        fuzz::require(finding.line >= 1 && finding.line <= lines && finding.column >= 1, "a finding has no place");
+        fuzz::require(isPrintableLine(formatFinding(context().fileName, finding)), "a finding is no printable line");
+    }
+    fuzz::require(std::is_sorted(findings.begin(), findings.end(), isBefore), "the findings are not in order");
+    fuzz::require(!findings.isEmpty() || isUsable(content), "a file without findings has no entry for the host");
+    return 0;
+}

@@ -1,0 +1,84 @@
+// Writes what the fuzz targets start from: seeds FOLDER makes the golden blocks, in a folder for each format, a catalog
+// with their types, and a dictionary for each kind of input.
+#include "goldenblocks.h"
+#include "metformat.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace blockbuilder;
+
+namespace {
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (!QFileInfo(path).dir().mkpath(QStringLiteral(".")) || !file.open(QIODevice::WriteOnly) ||
+        file.write(content) != content.size()) {
+        std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+        std::exit(EXIT_FAILURE);
+    }
+}
+
+/// As short as an entry can be, since an execution reads it up to three times; with values that no block leaves as they
+/// are. Every byte of the module info counts a channel of one kind.
+void writeCatalog(const QString &folder)
+{
+    for (const Golden &golden : goldens()) {
+        const QByteArray code = be32(golden.objId).toHex().toUpper();
+        writeFile(folder + QStringLiteral("/6/hw%1.met").arg(QString::fromLatin1(code)),
+                  "[MODULE START]\nServerFile=a\nObjID=" + code +
+                      "\nModuleInfo=01010101\nReservBytes=7\nIntEnableTbl=9\n[END]\n");
+    }
+    writeFile(folder + QStringLiteral("/9/a"), {});
+}
+
+/// A line of a dictionary, every byte spelled as a number.
+QByteArray dictionaryLine(const QByteArray &bytes)
+{
+    return "\"\\x" + bytes.toHex(':').replace(":", "\\x") + "\"\n";
+}
+
+QByteArray keyDictionary()
+{
+    QByteArray lines = dictionaryLine("[MODULE START]") + dictionaryLine("[END]");
+    for (const MetKey &key : metKeys) {
+        lines += dictionaryLine(QByteArray(key.name.data(), key.name.size()) + '=');
+    }
+    return lines;
+}
+
+/// Type codes and the frames of sections.
+QByteArray blockDictionary()
+{
+    QByteArray lines;
+    for (const Golden &golden : goldens()) {
+        lines += dictionaryLine(be32(golden.objId));
+        for (const QByteArray &section : golden.sections) {
+            lines += dictionaryLine(section.mid(4, 5));
+        }
+    }
+    return lines;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (argc != 2) {
+        std::fputs("usage: seeds FOLDER\n", stderr);
+        return EXIT_FAILURE;
+    }
+    const QString folder = QFile::decodeName(argv[1]);
+    for (int i = 0; i < goldens().size(); ++i) {
+        writeFile(QStringLiteral("%1/saved/%2").arg(folder).arg(i), goldenBlock(goldens().at(i), true));
+        writeFile(QStringLiteral("%1/configuration/%2").arg(folder).arg(i), goldenBlock(goldens().at(i), false));
+    }
+    writeCatalog(folder + QStringLiteral("/catalog"));
+    writeFile(folder + QStringLiteral("/keys.dict"), keyDictionary());
+    writeFile(folder + QStringLiteral("/blocks.dict"), blockDictionary());
+    return EXIT_SUCCESS;
+}
