@@ -1,0 +1,204 @@
+// Damaged blocks through the plug-in's boundary: every prefix, every value of every byte, random mutations; with what
+// each leaves claimed in the memory service.
+#include "blockagreement.h"
+#include "blockcheck.h"
+#include "catalogfolder.h"
+#include "goldenblocks.h"
+#include "pluginlibrary.h"
+#include "simulatedhost.h"
+
+#include <QRandomGenerator>
+#include <QTextCodec>
+
+using namespace blockbuilder;
+using namespace blockdecoder;
+
+namespace {
+
+const QString owner = QStringLiteral("station");
+const QString model = QStringLiteral("model"); // holds what the blocks say that the owner holds
+
+using Claims = QList<QVector<int>>;
+
+Claims claimsOf(const QString &station)
+{
+    Claims claims;
+    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(station)) {
+        claims << QVector<int>{static_cast<int>(range.area), range.start, range.length};
+    }
+    return claims;
+}
+
+/// Inside their areas, apart from each other, at most two.
+bool isConsistent(const Claims &claims)
+{
+    for (int i = 0; i < claims.size(); ++i) {
+        const int end = claims[i][1] + claims[i][2];
+        if (claims[i][1] < 0 || end > simulatedhost::areaSize(owner, static_cast<VarArea>(claims[i][0])) ||
+            (i > 0 && claims[i - 1][0] == claims[i][0] && claims[i - 1][1] + claims[i - 1][2] > claims[i][1])) {
+            return false;
+        }
+    }
+    return claims.size() <= 2 && simulatedhost::openSnapshots(owner) == 0;
+}
+
+/// The number in the first field of that name, or -1.
+qint32 numberIn(const DecodedBlock &block, const QString &name)
+{
+    for (const Field &field : block.parts.value(1).fields) {
+        if (field.name == name) {
+            return static_cast<qint32>(field.value.toLongLong());
+        }
+    }
+    return -1;
+}
+
+void changeAtRandom(QByteArray &bytes, QRandomGenerator &random)
+{
+    const int at = bytes.isEmpty() ? 0 : random.bounded(bytes.size());
+    const int count = random.bounded(1, 9);
+    switch (random.bounded(6)) {
+    case 0:
+        bytes.insert(at, QByteArray(count, static_cast<char>(random.bounded(256))));
+        break;
+    case 1:
+        bytes.remove(at, count);
+        break;
+    case 2:
+        bytes.insert(at, bytes.mid(random.bounded(bytes.size() + 1), 8 * count));
+        break;
+    case 3:
+        bytes.replace(at, bytes.size() - at, goldenBlock(goldens().at(random.bounded(goldens().size())), true).mid(at));
+        break;
+    default:
+        bytes.replace(at, 1, QByteArray(1, static_cast<char>(random.bounded(256))));
+    }
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(BlockFormat)
+
+class TestDamage : public QObject {
+    Q_OBJECT
+
+    CatalogFolder m_catalog;
+    PluginLibrary m_plugin;
+    bool m_thorough = qEnvironmentVariableIsSet("SIMPLEEXTEND_THOROUGH");
+    int m_offered = 0;
+
+    bool isKnown(qint32 type) const
+    {
+        return std::any_of(goldens().begin(), goldens().end(),
+                           [type](const Golden &golden) { return static_cast<qint32>(golden.objId) == type; });
+    }
+
+    /// Takes for the model what the header says.
+    void claimForModel(const DecodedBlock &decoded) const
+    {
+        if (!isKnown(numberIn(decoded, QStringLiteral("header.objId"))) ||
+            numberIn(decoded, QStringLiteral("header.moduleInfo")) == 0) {
+            return;
+        }
+        for (const char *map : {"header.inMap.", "header.outMap."}) {
+            const QString name = QString::fromLatin1(map);
+            getMemory(model, static_cast<VarArea>(numberIn(decoded, name + "area")), numberIn(decoded, name + "start"),
+                      numberIn(decoded, name + "length"));
+        }
+    }
+
+    /// Empty, or what is wrong with what the plug-in makes of the bytes.
+    QString faultOf(const QByteArray &bytes, BlockFormat format) const
+    {
+        simulatedhost::resetBase();
+        const bool saved = format == BlockFormat::SavedState;
+        const DecodedBlock decoded = decode(bytes, saved ? Format::SavedState : Format::Configuration).constFirst();
+        const qint32 type = numberIn(decoded, QStringLiteral("header.objId"));
+        const PluginExports &host = m_plugin.exports();
+        ModuleHandle module = m_plugin.own(saved ? host.restore(bytes, owner) : host.recompile(bytes, owner, nullptr));
+        claimForModel(decoded);
+        if (!isConsistent(claimsOf(owner)) || claimsOf(owner) != claimsOf(model)) {
+            return QStringLiteral("claims");
+        }
+        if (!module) {
+            return decoded.refused || (!saved && !isKnown(type)) ? QString() : QStringLiteral("refused");
+        }
+        const bool isRead = type == -1 || isKnown(type); // of an unknown type nothing else is read
+        QString fault =
+            isRead ? disagreement(decoded, *module, saved ? Format::SavedState : Format::Configuration) : QString();
+        fault += blockcheck::roundTripFault(*module, format);
+        // A range is given back as long as its channels make it; one that the block gave another length stays.
+        for (const IoMap &map : {host.getInMap(module.get()), host.getOutMap(module.get())}) {
+            const int length = map.unit == 0 ? (map.count + 7) / 8 : map.count * map.unit;
+            freeMemory(model, static_cast<VarArea>(map.area), map.start, length);
+        }
+        module.reset();
+        return claimsOf(owner) == claimsOf(model) ? fault : fault + QStringLiteral("claims left");
+    }
+
+    void offer(const QByteArray &bytes, BlockFormat format)
+    {
+        if (m_offered++ % 10 != 0 && !m_thorough) {
+            return;
+        }
+        const QString fault = faultOf(bytes, format);
+        QVERIFY2(fault.isEmpty(), qPrintable(fault + ": " + QString::fromLatin1(bytes.toHex())));
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+        QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+        QVERIFY2(m_plugin.load(QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)), qPrintable(m_plugin.errorString()));
+        for (const Golden &golden : goldens()) {
+            m_catalog.writeModule(golden.objId, 0x01010101, "ReservBytes=7\nIntEnableTbl=9\n");
+        }
+    }
+
+    void every_data()
+    {
+        QTest::addColumn<QByteArray>("whole");
+        QTest::addColumn<BlockFormat>("format");
+        for (const Golden &golden : goldens()) {
+            QTest::addRow("%s, saved state", golden.name) << goldenBlock(golden, true) << BlockFormat::SavedState;
+            QTest::addRow("%s, configuration", golden.name) << goldenBlock(golden, false) << BlockFormat::Configuration;
+        }
+    }
+    void every()
+    {
+        QFETCH(QByteArray, whole);
+        QFETCH(BlockFormat, format);
+        QCOMPARE(faultOf(whole, format), QString());
+        // Double words are counted as words after recompile, so that the claim of a block that counts them right stays.
+        const bool staysClaimed = whole.mid(9, 4) == be32(14418) && format == BlockFormat::Configuration;
+        QCOMPARE(claimsOf(owner), staysClaimed ? Claims({{132, 8, 4}}) : Claims());
+        for (int size = 0; size < whole.size(); ++size) {
+            offer(whole.left(size), format);
+        }
+        for (int at = 0; at < whole.size(); ++at) {
+            for (int value = 0; value < 256; ++value) {
+                offer(QByteArray(whole).replace(at, 1, QByteArray(1, static_cast<char>(value))), format);
+            }
+        }
+    }
+
+    void random()
+    {
+        const QByteArray chosen = qgetenv("SIMPLEEXTEND_SEED");
+        const quint32 seed = chosen.isEmpty() ? QRandomGenerator::system()->generate() : chosen.toUInt();
+        qInfo("SIMPLEEXTEND_SEED=%u", seed);
+        QRandomGenerator random(seed);
+        for (int i = 0; i < 100000 && !QTest::currentTestFailed(); ++i) {
+            const bool saved = i % 2 == 0;
+            QByteArray bytes = goldenBlock(goldens().at(random.bounded(goldens().size())), saved);
+            for (int changes = random.bounded(1, 6); changes > 0; --changes) {
+                changeAtRandom(bytes, random);
+            }
+            offer(bytes, saved ? BlockFormat::SavedState : BlockFormat::Configuration);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDamage)
+#include "tst_damage.moc"
