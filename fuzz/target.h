@@ -16,7 +16,17 @@ int LLVMFuzzerInitialize(int *argc, char ***argv);
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 }
 
+// With the engine the costly checks see one input in so many, chosen by content; a replay shows them every one.
+#ifndef FUZZ_COSTLY_SHARE
+#define FUZZ_COSTLY_SHARE 1
+#endif
+
 namespace fuzz {
+
+inline bool isForCostlyChecks(const QByteArray &bytes)
+{
+    return qChecksum(bytes.constData(), static_cast<uint>(bytes.size()), Qt::ChecksumIso3309) % FUZZ_COSTLY_SHARE == 0;
+}
 
 /// Ends the program with a finding unless @p fault is empty.
 inline void require(const QString &fault)
