@@ -16,16 +16,13 @@ int LLVMFuzzerInitialize(int *argc, char ***argv);
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 }
 
-// With the engine the costly checks see one input in so many, chosen by content; a replay shows them every one.
-#ifndef FUZZ_COSTLY_SHARE
-#define FUZZ_COSTLY_SHARE 1
-#endif
-
 namespace fuzz {
 
+/// The costly checks see one input in FUZZ_COSTLY_SHARE (an environment variable), chosen by content; each without it.
 inline bool isForCostlyChecks(const QByteArray &bytes)
 {
-    return qChecksum(bytes.constData(), static_cast<uint>(bytes.size()), Qt::ChecksumIso3309) % FUZZ_COSTLY_SHARE == 0;
+    static const int share = qMax(1, qEnvironmentVariableIntValue("FUZZ_COSTLY_SHARE"));
+    return qChecksum(bytes.constData(), static_cast<uint>(bytes.size()), Qt::ChecksumIso3309) % share == 0;
 }
 
 /// Ends the program with a finding unless @p fault is empty.

@@ -43,11 +43,11 @@ bool isConsistent(const Claims &claims)
 }
 
 /// The number in the first field of that name, or -1.
-qint32 numberIn(const DecodedBlock &block, const QString &name)
+qint64 numberIn(const DecodedBlock &block, const QString &name)
 {
     for (const Field &field : block.parts.value(1).fields) {
         if (field.name == name) {
-            return static_cast<qint32>(field.value.toLongLong());
+            return field.value.toLongLong();
         }
     }
     return -1;
@@ -87,14 +87,14 @@ class TestDamage : public QObject {
     bool m_thorough = qEnvironmentVariableIsSet("SIMPLEEXTEND_THOROUGH");
     int m_offered = 0;
 
-    bool isKnown(qint32 type) const
+    static bool isKnown(qint64 type)
     {
         return std::any_of(goldens().begin(), goldens().end(),
-                           [type](const Golden &golden) { return static_cast<qint32>(golden.objId) == type; });
+                           [type](const Golden &golden) { return golden.objId == type; });
     }
 
     /// Takes for the model what the header says.
-    void claimForModel(const DecodedBlock &decoded) const
+    static void claimForModel(const DecodedBlock &decoded)
     {
         if (!isKnown(numberIn(decoded, QStringLiteral("header.objId"))) ||
             numberIn(decoded, QStringLiteral("header.moduleInfo")) == 0) {
@@ -102,8 +102,9 @@ class TestDamage : public QObject {
         }
         for (const char *map : {"header.inMap.", "header.outMap."}) {
             const QString name = QString::fromLatin1(map);
-            getMemory(model, static_cast<VarArea>(numberIn(decoded, name + "area")), numberIn(decoded, name + "start"),
-                      numberIn(decoded, name + "length"));
+            getMemory(model, static_cast<VarArea>(numberIn(decoded, name + "area")),
+                      static_cast<qint32>(numberIn(decoded, name + "start")),
+                      static_cast<qint32>(numberIn(decoded, name + "length")));
         }
     }
 
@@ -113,7 +114,7 @@ class TestDamage : public QObject {
         simulatedhost::resetBase();
         const bool saved = format == BlockFormat::SavedState;
         const DecodedBlock decoded = decode(bytes, saved ? Format::SavedState : Format::Configuration).constFirst();
-        const qint32 type = numberIn(decoded, QStringLiteral("header.objId"));
+        const qint64 type = numberIn(decoded, QStringLiteral("header.objId"));
         const PluginExports &host = m_plugin.exports();
         ModuleHandle module = m_plugin.own(saved ? host.restore(bytes, owner) : host.recompile(bytes, owner, nullptr));
         claimForModel(decoded);
