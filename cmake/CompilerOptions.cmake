@@ -33,6 +33,5 @@ if(SIMPLEEXTEND_FUZZ)
     endif()
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-coverage=trace-cmp
                         -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    add_compile_definitions(QT_FORCE_ASSERTS)
     add_link_options(-fsanitize=address,undefined)
 endif()

@@ -23,15 +23,14 @@ void writeFile(const QString &path, const QByteArray &content)
     }
 }
 
-/// As short as an entry can be, since an execution reads it up to three times; with values that no block leaves as they
-/// are. Every byte of the module info counts a channel of one kind.
+/// As short as an entry can be, since an execution reads it up to twice. Every byte of the module info counts the
+/// channels of one kind.
 void writeCatalog(const QString &folder)
 {
     for (const Golden &golden : goldens()) {
         const QByteArray code = be32(golden.objId).toHex().toUpper();
         writeFile(folder + QStringLiteral("/6/hw%1.met").arg(QString::fromLatin1(code)),
-                  "[MODULE START]\nServerFile=a\nObjID=" + code +
-                      "\nModuleInfo=01010101\nReservBytes=7\nIntEnableTbl=9\n[END]\n");
+                  "ObjID=" + code + "\nServerFile=a\nModuleInfo=01010101\n[END]\n");
     }
     writeFile(folder + QStringLiteral("/9/a"), {});
 }

@@ -29,49 +29,43 @@ Claims claimsOf(const QString &station)
     return claims;
 }
 
-/// Inside their areas, apart from each other, at most two.
+/// At most two, inside their areas and apart from each other.
 bool isConsistent(const Claims &claims)
 {
     for (int i = 0; i < claims.size(); ++i) {
-        const int end = claims[i][1] + claims[i][2];
-        if (claims[i][1] < 0 || end > simulatedhost::areaSize(owner, static_cast<VarArea>(claims[i][0])) ||
-            (i > 0 && claims[i - 1][0] == claims[i][0] && claims[i - 1][1] + claims[i - 1][2] > claims[i][1])) {
+        const QVector<int> before = i == 0 ? QVector<int>{-1, 0, 0} : claims[i - 1];
+        const int lowest = before[0] == claims[i][0] ? before[1] + before[2] : 0;
+        const int size = simulatedhost::areaSize(owner, static_cast<VarArea>(claims[i][0]));
+        if (claims[i][1] < lowest || claims[i][1] + claims[i][2] > size) {
             return false;
         }
     }
     return claims.size() <= 2 && simulatedhost::openSnapshots(owner) == 0;
 }
 
-/// The number in the first field of that name, or -1.
+/// The number in the header's first field of that name, or -1.
 qint64 numberIn(const DecodedBlock &block, const QString &name)
 {
-    for (const Field &field : block.parts.value(1).fields) {
-        if (field.name == name) {
-            return field.value.toLongLong();
-        }
-    }
-    return -1;
+    const QVector<Field> fields = block.parts.value(1).fields;
+    const auto *const field =
+        std::find_if(fields.begin(), fields.end(), [&name](const Field &each) { return each.name == name; });
+    return field == fields.end() ? -1 : field->value.toLongLong();
 }
 
-void changeAtRandom(QByteArray &bytes, QRandomGenerator &random)
+QByteArray changedAtRandom(const QByteArray &bytes, QRandomGenerator &random)
 {
-    const int at = bytes.isEmpty() ? 0 : random.bounded(bytes.size());
+    const int at = random.bounded(bytes.size() + 1);
     const int count = random.bounded(1, 9);
-    switch (random.bounded(6)) {
+    const QByteArray other = goldenBlock(goldens().at(random.bounded(goldens().size())), true);
+    switch (random.bounded(5)) {
     case 0:
-        bytes.insert(at, QByteArray(count, static_cast<char>(random.bounded(256))));
-        break;
+        return QByteArray(bytes).remove(at, count);
     case 1:
-        bytes.remove(at, count);
-        break;
+        return QByteArray(bytes).insert(at, bytes.mid(random.bounded(bytes.size() + 1), 8 * count));
     case 2:
-        bytes.insert(at, bytes.mid(random.bounded(bytes.size() + 1), 8 * count));
-        break;
-    case 3:
-        bytes.replace(at, bytes.size() - at, goldenBlock(goldens().at(random.bounded(goldens().size())), true).mid(at));
-        break;
+        return bytes.left(at) + other.mid(at);
     default:
-        bytes.replace(at, 1, QByteArray(1, static_cast<char>(random.bounded(256))));
+        return QByteArray(bytes).replace(at, 1, QByteArray(1, static_cast<char>(random.bounded(256))));
     }
 }
 
@@ -186,15 +180,15 @@ private slots:
 
     void random()
     {
-        const QByteArray chosen = qgetenv("SIMPLEEXTEND_SEED");
-        const quint32 seed = chosen.isEmpty() ? QRandomGenerator::system()->generate() : chosen.toUInt();
+        const auto chosen = static_cast<quint32>(qEnvironmentVariableIntValue("SIMPLEEXTEND_SEED"));
+        const quint32 seed = chosen != 0 ? chosen : QRandomGenerator::system()->bounded(1, 0x7FFFFFFF);
         qInfo("SIMPLEEXTEND_SEED=%u", seed);
         QRandomGenerator random(seed);
         for (int i = 0; i < 100000 && !QTest::currentTestFailed(); ++i) {
             const bool saved = i % 2 == 0;
             QByteArray bytes = goldenBlock(goldens().at(random.bounded(goldens().size())), saved);
             for (int changes = random.bounded(1, 6); changes > 0; --changes) {
-                changeAtRandom(bytes, random);
+                bytes = changedAtRandom(bytes, random);
             }
             offer(bytes, saved ? BlockFormat::SavedState : BlockFormat::Configuration);
         }
