@@ -181,7 +181,7 @@ private slots:
     void random()
     {
         const auto chosen = static_cast<quint32>(qEnvironmentVariableIntValue("SIMPLEEXTEND_SEED"));
-        const quint32 seed = chosen != 0 ? chosen : QRandomGenerator::system()->bounded(1, 0x7FFFFFFF);
+        const quint32 seed = chosen != 0 ? chosen : QRandomGenerator::system()->bounded(1U, 0x7FFFFFFFU);
         qInfo("SIMPLEEXTEND_SEED=%u", seed);
         QRandomGenerator random(seed);
         for (int i = 0; i < 100000 && !QTest::currentTestFailed(); ++i) {
