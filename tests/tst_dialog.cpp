@@ -27,14 +27,14 @@ const QString owner = QStringLiteral("plc");
 constexpr quint32 mixedAnalog = 0x3459; // four inputs, two outputs
 
 /// A dialog between the memory calls that its caller makes before and after it.
-class Session {
+class OpenDialog {
 public:
-    explicit Session(SimpleExtendPar *par, bool locked = false)
+    explicit OpenDialog(SimpleExtendPar *par, bool locked = false)
     {
         backupUsedMemory(owner);
         m_dialog.reset(new SimpleExtendcfgdlg(par, owner, nullptr, locked));
     }
-    ~Session()
+    ~OpenDialog()
     {
         if (m_dialog->result() == QDialog::Accepted) {
             popBackupMemory(owner);
@@ -42,7 +42,7 @@ public:
             restoreUsedMemory(owner);
         }
     }
-    Q_DISABLE_COPY_MOVE(Session)
+    Q_DISABLE_COPY_MOVE(OpenDialog)
 
     SimpleExtendcfgdlg *operator->() { return m_dialog.data(); }
     template <class Widget>
@@ -86,10 +86,10 @@ QStringList heldRanges()
 }
 
 /// Gives every editor of the dialog some value that it allows.
-void changeEverything(Session &session, QRandomGenerator &random)
+void changeEverything(OpenDialog &opened, QRandomGenerator &random)
 {
-    for (QWidget *editor : session->findChildren<QWidget *>(QRegularExpression("^(?!qt_)"))) {
-        if (!editor->isEnabledTo(session.operator->())) {
+    for (QWidget *editor : opened->findChildren<QWidget *>(QRegularExpression("^(?!qt_)"))) {
+        if (!editor->isEnabledTo(opened.operator->())) {
             continue;
         }
         if (auto *combo = qobject_cast<QComboBox *>(editor)) {
@@ -168,9 +168,9 @@ private slots:
         par.objName = "Rack %1";
         par.inMap = {quint8(areas.x()), 0, quint8(channels ? 1 : 0), 1, 2};
         par.outMap = {quint8(areas.y()), 0, quint8(channels ? 1 : 0), 1, 2};
-        Session session(&par);
-        QCOMPARE(session->windowTitle(), QStringLiteral("Properties - Rack %1"));
-        const auto *tree = session.find<QTreeWidget>("tree");
+        OpenDialog opened(&par);
+        QCOMPARE(opened->windowTitle(), QStringLiteral("Properties - Rack %1"));
+        const auto *tree = opened.find<QTreeWidget>("tree");
         QCOMPARE(tree->topLevelItemCount(), 1);
         const auto *root = tree->topLevelItem(0);
         QVERIFY(root->isExpanded());
@@ -179,13 +179,13 @@ private slots:
 
         QStringList tabs;
         for (int i = 0; i < root->childCount(); ++i) {
-            session.find<QTreeWidget>("tree")->setCurrentItem(root->child(i));
-            const auto *tab = qobject_cast<QTabWidget *>(session.find<QStackedWidget>("pageStack")->currentWidget());
+            opened.find<QTreeWidget>("tree")->setCurrentItem(root->child(i));
+            const auto *tab = qobject_cast<QTabWidget *>(opened.find<QStackedWidget>("pageStack")->currentWidget());
             tabs << tab->tabText(0);
             QCOMPARE(root->child(i)->text(0), tabs.last() == "Range" ? QStringLiteral("Range Config") : tabs.last());
         }
         QTEST(tabs.join(','), "tabs");
-        session.press("helpButton");
+        opened.press("helpButton");
         QTEST(QString(root->text(0) + ": " + simulatedhost::lastHelpKeyword()), "heading");
     }
 
@@ -193,11 +193,11 @@ private slots:
     {
         const auto par = buildDefault(mixedAnalog, owner);
         simulatedhost::setLanguage(simulatedhost::Language::Local);
-        Session session(par.get());
-        session.show();
+        OpenDialog opened(par.get());
+        opened.show();
         for (const char *editor : {"commentEdit", "inputStart", "deadband_1"}) {
             startHelpSys({});
-            QTest::keyClick(session.find<QWidget>(editor), Qt::Key_F1);
+            QTest::keyClick(opened.find<QWidget>(editor), Qt::Key_F1);
             QCOMPARE(simulatedhost::lastHelpKeyword(), QStringLiteral("模拟量模块属性"));
         }
     }
@@ -205,9 +205,9 @@ private slots:
     void lockedDialogOnlyCancels()
     {
         const auto par = buildDefault(mixedAnalog, owner);
-        Session session(par.get(), true);
+        OpenDialog opened(par.get(), true);
         for (const char *button : {"okButton", "cancelButton", "defaultAllButton", "helpButton"}) {
-            QCOMPARE(session.find<QPushButton>(button)->isEnabled(), qstrcmp(button, "okButton") != 0);
+            QCOMPARE(opened.find<QPushButton>(button)->isEnabled(), qstrcmp(button, "okButton") != 0);
         }
     }
 
@@ -228,38 +228,38 @@ private slots:
         par->aiFilter[1].samples = 0;
         const QByteArray before = saveModule(*par);
         const QStringList held = heldRanges();
-        Session session(par.get());
-        session.find<QSpinBox>("inputStart")->setValue(40);
-        session.press("defaultAllButton");
-        QCOMPARE(session.find<QLineEdit>("nameEdit")->text(), factoryName);
-        QCOMPARE(session.find<QComboBox>("samples_1")->currentIndex(), 5);
-        QCOMPARE(session.find<QSpinBox>("inputStart")->value(), 40);
+        OpenDialog opened(par.get());
+        opened.find<QSpinBox>("inputStart")->setValue(40);
+        opened.press("defaultAllButton");
+        QCOMPARE(opened.find<QLineEdit>("nameEdit")->text(), factoryName);
+        QCOMPARE(opened.find<QComboBox>("samples_1")->currentIndex(), 5);
+        QCOMPARE(opened.find<QSpinBox>("inputStart")->value(), 40);
         QCOMPARE(saveModule(*par), before);
         QCOMPARE(heldRanges(), held);
-        QVERIFY(session->slot_returnDefaultParam() == session->slot_returnDefaultParam());
+        QVERIFY(opened->slot_returnDefaultParam() == opened->slot_returnDefaultParam());
     }
 
     void everyRefusalIsShownAndTheFirstStays()
     {
         const auto par = buildDefault(mixedAnalog, owner);
         const auto neighbour = buildDefault(mixedAnalog, owner); // what the start is moved onto
-        Session session(par.get());
-        session.show();
-        session.find<QSpinBox>("inputStart")->setValue(neighbour->inMap.start);
-        session.find<QSpinBox>("deadband_1")->setValue(20);
-        session.find<QLineEdit>("nameEdit")->setText("written all the same");
+        OpenDialog opened(par.get());
+        opened.show();
+        opened.find<QSpinBox>("inputStart")->setValue(neighbour->inMap.start);
+        opened.find<QSpinBox>("deadband_1")->setValue(20);
+        opened.find<QLineEdit>("nameEdit")->setText("written all the same");
         BoxRecorder boxes;
         QStringList shown;
         boxes.onBox = [&](const QMessageBox &) {
-            shown << session.shownPage() + ' ' + session->focusWidget()->objectName();
+            shown << opened.shownPage() + ' ' + opened->focusWidget()->objectName();
         };
-        session.press("okButton");
+        opened.press("okButton");
         const QString address = QStringLiteral("SAddrMapWgt Address inputStart");
         QCOMPARE(shown, QStringList({address, "SAIFilterWgt Input Filter deadband_1"}));
-        QCOMPARE(boxes.titles, QStringList({session->windowTitle(), session->windowTitle()}));
-        QVERIFY(session->isVisible());
-        QCOMPARE(session.shownPage() + ' ' + session->focusWidget()->objectName(), address);
-        QCOMPARE(session.find<QSpinBox>("inputStart")->findChild<QLineEdit *>()->selectedText(),
+        QCOMPARE(boxes.titles, QStringList({opened->windowTitle(), opened->windowTitle()}));
+        QVERIFY(opened->isVisible());
+        QCOMPARE(opened.shownPage() + ' ' + opened->focusWidget()->objectName(), address);
+        QCOMPARE(opened.find<QSpinBox>("inputStart")->findChild<QLineEdit *>()->selectedText(),
                  QString::number(neighbour->inMap.start));
         QCOMPARE(par->objName, QStringLiteral("written all the same"));
     }
@@ -278,14 +278,14 @@ private slots:
             }
             const QByteArray before = saveModule(*par);
             const QStringList held = heldRanges();
-            Session(par.get()).press("okButton");
+            OpenDialog(par.get()).press("okButton");
             QCOMPARE(saveModule(*par), before);
             {
-                Session session(par.get());
-                session.find<QLineEdit>("nameEdit")->setText("other");
-                session.find<QSpinBox>("inputStart")->stepUp();
-                session.press("defaultAllButton");
-                session.press("cancelButton");
+                OpenDialog opened(par.get());
+                opened.find<QLineEdit>("nameEdit")->setText("other");
+                opened.find<QSpinBox>("inputStart")->stepUp();
+                opened.press("defaultAllButton");
+                opened.press("cancelButton");
             }
             QCOMPARE(saveModule(*par), before);
             QCOMPARE(heldRanges(), held);
@@ -306,7 +306,7 @@ private slots:
                 simulatedhost::resetBase();
                 const auto par = buildDefault(code, owner);
                 QRandomGenerator random(seed);
-                Session edited(par.get());
+                OpenDialog edited(par.get());
                 changeEverything(edited, random);
                 edited.press("okButton");
                 if (edited->result() != QDialog::Accepted) {
@@ -314,7 +314,7 @@ private slots:
                 }
                 ++accepted;
                 const QByteArray after = saveModule(*par);
-                Session(par.get()).press("okButton");
+                OpenDialog(par.get()).press("okButton");
                 QVERIFY2(saveModule(*par) == after, qPrintable(QStringLiteral("Module %1 %2").arg(code).arg(seed)));
             }
         }
@@ -345,12 +345,12 @@ private slots:
             getMemory(owner, VarArea::AnalogInput, taken, 8);
             getMemory(owner, VarArea::AnalogOutput, taken, 4);
             {
-                Session session(par.get());
-                const auto pressOk = [&session](const QPoint &starts, int deadband) {
-                    session.find<QSpinBox>("inputStart")->setValue(starts.x());
-                    session.find<QSpinBox>("outputStart")->setValue(starts.y());
-                    session.find<QSpinBox>("deadband_0")->setValue(deadband);
-                    session.press("okButton");
+                OpenDialog opened(par.get());
+                const auto pressOk = [&opened](const QPoint &starts, int deadband) {
+                    opened.find<QSpinBox>("inputStart")->setValue(starts.x());
+                    opened.find<QSpinBox>("outputStart")->setValue(starts.y());
+                    opened.find<QSpinBox>("deadband_0")->setValue(deadband);
+                    opened.press("okButton");
                 };
                 for (int step = 0, rest = walk; step < steps; ++step, rest /= moves.size()) {
                     pressOk(moves[rest % moves.size()], 20);
@@ -358,13 +358,12 @@ private slots:
                 if (wayOut == "ok") {
                     pressOk({80, 0}, 0);
                 } else if (wayOut == "cancel") {
-                    session.press("cancelButton");
+                    opened.press("cancelButton");
                 } else {
-                    session.show();
-                    wayOut == "close" ? void(session->close())
-                                      : QTest::keyClick(session->focusWidget(), Qt::Key_Escape);
+                    opened.show();
+                    wayOut == "close" ? void(opened->close()) : QTest::keyClick(opened->focusWidget(), Qt::Key_Escape);
                 }
-                QCOMPARE(session->result() == QDialog::Accepted, wayOut == "ok");
+                QCOMPARE(opened->result() == QDialog::Accepted, wayOut == "ok");
             }
             const QStringList expected{
                 describe(VarArea::AnalogInput, par->inMap.start, 8), describe(VarArea::AnalogInput, taken, 8),
