@@ -172,6 +172,13 @@ private slots:
             QStringList snapshot;
         };
         std::vector<Step> history{{{}, snapshot()}};
+        QSet<int> told; // by the station's signals
+        connect(&station, &Station::moduleAdded, &stack, [&](Place at) { told.insert(at.index()); });
+        connect(&station, &Station::moduleRemoved, &stack, [&](Place at) { told.remove(at.index()); });
+        connect(&station, &Station::moduleMoved, &stack, [&](Place from, Place to) {
+            told.remove(from.index());
+            told.insert(to.index());
+        });
         QString error;
         for (int step = 0; step < 120; ++step) {
             const auto now = static_cast<std::size_t>(stack.index());
@@ -253,6 +260,7 @@ private slots:
                 found[station.module(i).place.index()] = station.module(i).typeCode;
             }
             QCOMPARE(found, expected.model);
+            QCOMPARE(told, QSet<int>(found.keyBegin(), found.keyEnd()));
             QCOMPARE(claims(owner), rangesOf(station));
             QCOMPARE(simulatedhost::openSnapshots(owner), 0);
         }
@@ -322,7 +330,8 @@ private slots:
         QVERIFY2(station->module(1).unavailable.contains(reason), qPrintable(station->module(1).unavailable));
         QUndoStack stack;
         StationEdits edits(*station, stack);
-        edits.remove({{0, 1}});
+        QVERIFY(edits.move({0, 1}, {9, 9}, error));
+        edits.remove({{9, 9}});
         edits.remove({{0, 0}});
         QCOMPARE(claims(owner), QStringList());
         stack.setIndex(0);

@@ -54,12 +54,13 @@ public:
 
     BatchExit verify(const QString &path)
     {
-        if (!open(path)) {
+        const std::optional<Project> project = open(path) ? ProjectFile(path).read() : std::nullopt;
+        if (!project) {
             return UsageOrUnreadable;
         }
         for (int i = 0; i < m_station->count(); ++i) {
             const ModuleView module = m_station->module(i);
-            const QByteArray &stored = m_project.modules[static_cast<std::size_t>(i)].state;
+            const QByteArray &stored = project->modules[static_cast<std::size_t>(i)].state;
             if (!module.unavailable.isEmpty()) {
                 find(module, QStringLiteral("unavailable: ") + module.unavailable);
             } else if (m_station->stored(i).state != stored) {
@@ -130,13 +131,8 @@ public:
 private:
     bool open(const QString &path)
     {
-        ProjectFile file(path);
-        const std::optional<Project> project = file.read();
-        QString error = file.errorString();
-        if (project) {
-            m_project = *project;
-            m_station = Station::opened(m_plugin, owner(), m_project, error);
-        }
+        QString error;
+        m_station = openStation(m_plugin, owner(), path, error);
         if (!m_station) {
             refuse(path, error);
         }
@@ -178,7 +174,6 @@ private:
     const PluginLibrary &m_plugin;
     QTextStream &m_out;
     QTextStream &m_err;
-    Project m_project;
     std::unique_ptr<Station> m_station;
     int m_findings = 0;
 };

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLoggingCategory>
+#include <QMessageBox>
 #include <QTextCodec>
 #include <QTextStream>
 
@@ -51,6 +52,15 @@ void complain(const QString &text)
     QTextStream(stderr) << text << '\n';
 }
 
+/// Who started the program from a desktop sees no standard error.
+void complainAtStart(const QString &text, bool inWindow)
+{
+    complain(text);
+    if (inWindow) {
+        QMessageBox::critical(nullptr, QCoreApplication::applicationName(), text);
+    }
+}
+
 /// The plug-in keeps names and comments in the local encoding, so one that lacks characters would lose them.
 void ensureUnicodeEncoding()
 {
@@ -71,13 +81,15 @@ bool hasDisplay()
     return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-/// One module of every type of the catalog, or null.
+/// One module of every type of the catalog, in racks of a width that a window shows, or null.
 std::unique_ptr<Station> sampleStation(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog)
 {
     auto station = std::make_unique<Station>(plugin, sampleOwner());
     QString error;
+    constexpr int modulesInARack = 4;
     for (const CatalogEntry &entry : catalog) {
-        if (!station->add(entry.typeCode, Place::at(station->count()), error)) {
+        const Place place{station->count() / modulesInARack, station->count() % modulesInARack};
+        if (!station->add(entry.typeCode, place, error)) {
             complain(QStringLiteral("%1: %2").arg(entry.name, error));
             return nullptr;
         }
@@ -85,22 +97,11 @@ std::unique_ptr<Station> sampleStation(const PluginLibrary &plugin, const std::v
     return station;
 }
 
-std::unique_ptr<Station> openedStation(const PluginLibrary &plugin, const QString &path, QString &error)
-{
-    ProjectFile file(path);
-    const std::optional<Project> project = file.read();
-    if (!project) {
-        error = file.errorString();
-        return nullptr;
-    }
-    return Station::opened(plugin, sampleOwner(), *project, error);
-}
-
 int printTable(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog, const QString &path)
 {
     QString error;
     const std::unique_ptr<Station> station =
-        path.isEmpty() ? sampleStation(plugin, catalog) : openedStation(plugin, path, error);
+        path.isEmpty() ? sampleStation(plugin, catalog) : openStation(plugin, sampleOwner(), path, error);
     if (!station) {
         if (!error.isEmpty()) {
             complain(QStringLiteral("%1: %2").arg(path, error));
@@ -136,7 +137,8 @@ int run(Options &options, const QCoreApplication &application, bool asTable)
     const bool asBatch = options.parser.isSet(options.batch.batch);
     PluginLibrary plugin;
     if (!plugin.load(options.parser.value(options.plugin))) {
-        complain(QStringLiteral("The plug-in cannot be loaded: %1").arg(plugin.errorString()));
+        complainAtStart(QStringLiteral("The plug-in cannot be loaded: %1").arg(plugin.errorString()),
+                        !asTable && !asBatch);
         return asBatch ? exitUsage : exitFailure;
     }
     if (asBatch) {
@@ -146,8 +148,9 @@ int run(Options &options, const QCoreApplication &application, bool asTable)
     }
     const std::vector<CatalogEntry> catalog = readCatalog();
     if (catalog.empty()) {
-        complain(QStringLiteral("The catalog %1 describes no module.")
-                     .arg(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription)));
+        complainAtStart(QStringLiteral("The catalog %1 describes no module.")
+                            .arg(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription)),
+                        !asTable);
         return exitFailure;
     }
     const QString path = options.parser.positionalArguments().value(0);

@@ -405,16 +405,10 @@ void MainWindow::openRecent(const QString &path)
 bool MainWindow::openFile(const QString &path)
 {
     QString error;
-    ProjectFile file(path);
-    const std::optional<Project> project = file.read();
-    std::unique_ptr<Station> station;
-    if (project) {
-        station = withProgress(tr("Opening %1...").arg(QFileInfo(path).fileName()), [&](const Progress &progress) {
-            return Station::opened(m_plugin, nextMemoryOwner(), *project, error, progress);
+    std::unique_ptr<Station> station =
+        withProgress(tr("Opening %1...").arg(QFileInfo(path).fileName()), [&](const Progress &progress) {
+            return openStation(m_plugin, nextMemoryOwner(), path, error, progress);
         });
-    } else {
-        error = file.errorString();
-    }
     if (!station) {
         if (!error.isEmpty()) {
             showProblem(this, tr("%1 cannot be opened.").arg(shown(path)), error);

@@ -125,24 +125,25 @@ private:
     QString m_errorString;
 };
 
-/// The first complaint of SQLite's own check, which covers the constraints of the tables; empty for a sound file.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ProjectFile)
+};
+
+/// What is wrong with the tables or their rows; empty when nothing is. The tables come first: SQLite's check, which
+/// covers their constraints, must not run those of others.
 QString complaintOf(Database &database)
 {
-    QStringList found;
-    const bool checked = database.select(QStringLiteral("PRAGMA integrity_check(1)"),
-                                         [&](const QSqlQuery &query) { found += query.value(0).toString(); });
-    if (!checked) {
-        return database.errorString();
+    QStringList statements;
+    QStringList findings;
+    database.select(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY rowid"),
+                    [&](const QSqlQuery &query) { statements += query.value(0).toString(); });
+    if (database.errorString().isEmpty() && statements != schema()) {
+        return Texts::tr("its tables are not those of a station");
     }
-    return found == QStringList(QStringLiteral("ok")) ? QString() : found.join(QLatin1Char(' '));
-}
-
-bool hasSchema(Database &database)
-{
-    QStringList found;
-    return database.select(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY rowid"), [&](const QSqlQuery &query) {
-        found += query.value(0).toString();
-    }) && found == schema();
+    database.select(QStringLiteral("PRAGMA integrity_check(1)"),
+                    [&](const QSqlQuery &query) { findings += query.value(0).toString(); });
+    findings.removeAll(QStringLiteral("ok"));
+    return database.errorString().isEmpty() ? findings.join(QLatin1Char(' ')) : database.errorString();
 }
 
 bool insertProject(Database &database, const Project &project)
@@ -253,10 +254,6 @@ std::optional<Project> ProjectFile::read()
         fail(tr("The file is damaged: %1").arg(complaint));
         return std::nullopt;
     }
-    if (!hasSchema(database)) {
-        fail(tr("The file is damaged: its tables are not those of a station."));
-        return std::nullopt;
-    }
     Project project;
     QString storedChecksum;
     database.select(QStringLiteral("SELECT plc_type, sha256 FROM station"), [&](const QSqlQuery &query) {
@@ -297,8 +294,7 @@ bool ProjectFile::write(const Project &project)
 /// A new file gets its name when it is complete.
 bool ProjectFile::createWith(const Project &project)
 {
-    const TemporaryName temporary(m_path + QStringLiteral(".%1.tmp").arg(QCoreApplication::applicationPid()));
-    QFile::remove(temporary.path()); // left behind by a program that was ended
+    const TemporaryName temporary(m_path + QStringLiteral(".%1.tmp").arg(QUuid::createUuid().toString(QUuid::Id128)));
     {
         Database database(temporary.path());
         if (!createDatabase(database, project)) {
@@ -307,4 +303,13 @@ bool ProjectFile::createWith(const Project &project)
     }
     QFile file(temporary.path());
     return file.rename(m_path) || fail(file.errorString());
+}
+
+std::unique_ptr<Station> openStation(const PluginLibrary &plugin, const QString &memoryOwner, const QString &path,
+                                     QString &error, const Progress &progress)
+{
+    ProjectFile file(path);
+    const std::optional<Project> project = file.read();
+    error = file.errorString();
+    return project ? Station::opened(plugin, memoryOwner, *project, error, progress) : nullptr;
 }

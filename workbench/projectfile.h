@@ -1,7 +1,7 @@
 // The file in which a station is kept: a SQLite database with the station, its PLC type and its modules.
 #pragma once
 
-#include "project.h"
+#include "station.h"
 
 #include <QCoreApplication>
 
@@ -36,3 +36,8 @@ private:
     QString m_path;
     QString m_errorString;
 };
+
+/// The station of a project file. Null, with no memory left claimed, when the file is refused (@p error says why) or
+/// @p progress ended the work (@p error is empty).
+std::unique_ptr<Station> openStation(const PluginLibrary &plugin, const QString &memoryOwner, const QString &path,
+                                     QString &error, const Progress &progress = {});

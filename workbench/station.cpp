@@ -91,24 +91,41 @@ bool areHeld(const QString &owner, const std::vector<IoMap> &ranges)
     });
 }
 
-/// Writes a range into a saved state; does nothing where the state's ranges are not read.
-void writeRange(QByteArray &state, const blockdecoder::DecodedBlock &decoded, const QString &name, const IoMap &range)
-{
-    if (const blockdecoder::Field *area = decoded.find(name + QStringLiteral(".area"))) {
-        const QByteArray bytes = QByteArray(1, static_cast<char>(range.area)) + ushortToByteArray(range.start) +
-                                 static_cast<char>(rangeBytes(range));
-        state.replace(area->offset, bytes.size(), bytes);
+/// Fields of a saved state's header that become others; those that the state lacks, or that are not read, stay out.
+class StatePatch {
+public:
+    explicit StatePatch(const QByteArray &state)
+        : m_state(state), m_decoded(blockdecoder::decode(state, blockdecoder::Format::SavedState).constFirst())
+    {
     }
-}
 
-QByteArray withRanges(QByteArray state, const IoMap &in, const IoMap &out)
-{
-    const blockdecoder::DecodedBlock decoded =
-        blockdecoder::decode(state, blockdecoder::Format::SavedState).constFirst();
-    writeRange(state, decoded, QStringLiteral("header.inMap"), in);
-    writeRange(state, decoded, QStringLiteral("header.outMap"), out);
-    return state;
-}
+    /// Writes @p bytes from the field @p name on.
+    void write(const QString &name, const QByteArray &bytes)
+    {
+        if (const blockdecoder::Field *field = m_decoded.find(QStringLiteral("header.") + name)) {
+            m_state.replace(field->offset, bytes.size(), bytes);
+        }
+    }
+    void writeRange(const QString &name, const IoMap &range)
+    {
+        write(name + QStringLiteral(".area"), QByteArray(1, static_cast<char>(range.area)) +
+                                                  ushortToByteArray(range.start) +
+                                                  static_cast<char>(rangeBytes(range)));
+    }
+    void writePlace(Place place)
+    {
+        write(QStringLiteral("rackId"), QByteArray(1, static_cast<char>(place.rack)));
+        write(QStringLiteral("slotId"), QByteArray(1, static_cast<char>(place.slot)));
+        write(QStringLiteral("positionX"), intToByteArray(place.slot));
+        write(QStringLiteral("positionY"), intToByteArray(place.rack));
+    }
+
+    const QByteArray &state() const { return m_state; }
+
+private:
+    QByteArray m_state;
+    blockdecoder::DecodedBlock m_decoded;
+};
 
 } // namespace
 
@@ -372,9 +389,12 @@ bool Station::addCopy(const QByteArray &state, Place place, bool newAddresses, Q
         return false;
     }
     setPlace(probe.get(), place);
+    StatePatch patch(m_exports.save(probe.get()));
+    patch.writeRange(QStringLiteral("inMap"), in);
+    patch.writeRange(QStringLiteral("outMap"), out);
     StoredModule module;
     module.place = place;
-    module.state = withRanges(m_exports.save(probe.get()), in, out);
+    module.state = patch.state();
     ModuleHandle handle = restored(module, error);
     if (!handle) {
         return false;
@@ -392,15 +412,17 @@ bool Station::move(Place from, Place to, QString &error)
     if (!isFree(to, error)) {
         return false;
     }
-    if (!at(index).handle) {
-        error = tr("An unavailable module cannot be moved.");
-        return false;
-    }
-    // Rotates the module to where it belongs, so that no place is searched twice.
     const auto moved = m_modules.begin() + index;
     const auto isBefore = [](const Module &module, int placeIndex) { return module.place.index() < placeIndex; };
     const auto next = std::lower_bound(m_modules.begin(), m_modules.end(), to.index(), isBefore);
-    setPlace(moved->handle.get(), to);
+    if (moved->handle) {
+        setPlace(moved->handle.get(), to);
+    } else {
+        StatePatch patch(moved->kept.state);
+        patch.writePlace(to);
+        moved->kept.state = patch.state();
+        moved->kept.place = to;
+    }
     moved->place = to;
     if (next > moved) {
         std::rotate(moved, moved + 1, next);

@@ -82,7 +82,7 @@ public:
     /// when the plug-in refuses the block or the place or an address is not free; @p code (null is accepted)
     /// receives the plug-in's result code, or -1 where it gave none.
     bool addBlock(const QByteArray &block, qint32 *code, QString &error);
-    /// Moves a module. False, and why in @p error, when @p to is not free or the module unavailable.
+    /// Moves a module. False, and why in @p error, when @p to is not free.
     bool move(Place from, Place to, QString &error);
     /// Opens the plug-in's properties dialog; true when the module is another one afterwards. Does nothing for an
     /// unavailable module.

@@ -135,11 +135,15 @@ bool StationEdits::paste(const QByteArray &state, Place place, QString &error)
 
 bool StationEdits::move(Place from, Place to, QString &error)
 {
+    const StoredModule before = stored(from);
     if (!m_station.move(from, to, error)) {
         return false;
     }
-    if (to != from) {
-        m_stack.push(new MoveModule(m_station, from, to, tr("Move %1").arg(nameAt(to))));
+    const QString text = tr("Move %1").arg(nameAt(to));
+    if (!before.unavailable.isEmpty() && to != from) {
+        pushReplacement({before}, {stored(to)}, text); // moving it back need not give its first bytes
+    } else if (to != from) {
+        m_stack.push(new MoveModule(m_station, from, to, text));
     }
     return true;
 }
