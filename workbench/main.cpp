@@ -28,8 +28,9 @@ QString sampleOwner()
 
 struct Options {
     QCommandLineParser parser;
-    QCommandLineOption plugin{QStringLiteral("plugin"), QStringLiteral("Load the plug-in from <file>."),
-                              QStringLiteral("file")};
+    // Not "plugin": that is an option of Qt's own, which would take it away.
+    QCommandLineOption library{QStringLiteral("library"), QStringLiteral("Load the plug-in from <file>."),
+                               QStringLiteral("file")};
     QCommandLineOption table{QStringLiteral("table"),
                              QStringLiteral("Print the station as a table instead of showing a window.")};
     BatchOptions batch;
@@ -42,7 +43,7 @@ struct Options {
                                      QStringLiteral("[file]"));
         parser.addHelpOption();
         parser.addVersionOption();
-        parser.addOptions({plugin, table});
+        parser.addOptions({library, table});
         batch.addTo(parser);
     }
 };
@@ -136,7 +137,7 @@ int run(Options &options, const QCoreApplication &application, bool asTable)
     options.parser.process(application); // help and version end here
     const bool asBatch = options.parser.isSet(options.batch.batch);
     PluginLibrary plugin;
-    if (!plugin.load(options.parser.value(options.plugin))) {
+    if (!plugin.load(options.parser.value(options.library))) {
         complainAtStart(QStringLiteral("The plug-in cannot be loaded: %1").arg(plugin.errorString()),
                         !asTable && !asBatch);
         return asBatch ? exitUsage : exitFailure;
