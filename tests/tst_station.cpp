@@ -284,7 +284,7 @@ private slots:
         station->add(13655, {0, 0}, error);
         const StoredModule far = [&] {
             StoredModule module = station->take({0, 0});
-            module.state = withField(module.state, "outMap.start", "\x20");
+            module.state = withField(module.state, "outMap.start", QByteArray(1, 0x20));
             return module;
         }();
         QVERIFY(station->put(far));

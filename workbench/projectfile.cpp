@@ -12,6 +12,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -184,7 +185,7 @@ bool replaceContent(Database &database, const Project &project)
 /// A file that is removed with this object unless it has been renamed.
 class TemporaryName {
 public:
-    explicit TemporaryName(const QString &path) : m_path(path) {}
+    explicit TemporaryName(QString path) : m_path(std::move(path)) {}
     ~TemporaryName() { QFile::remove(m_path); }
     Q_DISABLE_COPY_MOVE(TemporaryName)
 

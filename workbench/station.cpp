@@ -280,7 +280,8 @@ void Station::fitPlcType()
 {
     const quint32 ofNewStation = getPrjPlcTypeVersion(QString()).type;
     const QVector<simulatedhost::PlcType> types = simulatedhost::plcTypes();
-    auto type = std::find_if(types.begin(), types.end(), [&](const auto &known) { return known.id == ofNewStation; });
+    const auto *type =
+        std::find_if(types.begin(), types.end(), [&](const auto &known) { return known.id == ofNewStation; });
     QString ignored;
     while (type != types.end() && !setPlcType(type->id, ignored)) {
         ++type;
