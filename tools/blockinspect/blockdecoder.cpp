@@ -88,7 +88,7 @@ private:
             m_cursor.explain(sectionsText(sectionCount()));
         }
         addPart(QStringLiteral("Header"));
-        m_cursor.enter(Place::Frame, QStringLiteral("header."));
+        m_cursor.enter(FieldPlace::Frame, QStringLiteral("header."));
         const int at = m_cursor.offset();
         const int available = m_cursor.remaining();
         if (available < blocklayout::headerFrameSize) {
@@ -122,7 +122,7 @@ private:
 
     void readHeaderFields(FieldCursor &header)
     {
-        header.enter(Place::Header, QStringLiteral("header."));
+        header.enter(FieldPlace::Header, QStringLiteral("header."));
         header.u32FromSignedBytes("objId", m_par.objId);
         if (!header.failed()) {
             m_block.kind = moduleKindText(m_par.objId);
@@ -130,7 +130,7 @@ private:
         blocklayout::walkHeader(header, m_par, m_format);
         readRange(header, "inMap", m_par.inMap);
         readRange(header, "outMap", m_par.outMap);
-        header.enter(Place::Header, QStringLiteral("header."));
+        header.enter(FieldPlace::Header, QStringLiteral("header."));
         readInterruptTable(header);
         header.raw("reservBytes", m_par.reservBytes);
         if (!header.failed()) {
@@ -152,7 +152,7 @@ private:
         }
         QVector<Field> &fields = m_block.parts.last().fields;
         const int firstField = fields.size();
-        header.enter(Place::Range, QStringLiteral("header.%1.").arg(QLatin1String(name)));
+        header.enter(FieldPlace::Range, QStringLiteral("header.%1.").arg(QLatin1String(name)));
         quint8 length = 0;
         blocklayout::walkRange(header, range, length);
         if (m_par.moduleInfo != 0) {
@@ -207,7 +207,7 @@ private:
         peek.u8("type", type);
         const quint8 knownType = claimed < blocklayout::sectionFrameSize ? 0 : type;
         addPart(QStringLiteral("Section %1: %2").arg(number).arg(sectionTypeText(knownType)));
-        frame.enter(Place::Frame, prefix);
+        frame.enter(FieldPlace::Frame, prefix);
         const auto length = static_cast<qint32>(claimed);
         if (length <= 0 || length > available) {
             const bool none = available < static_cast<int>(sizeof claimed);
@@ -228,7 +228,7 @@ private:
 
     void readFramedSection(FieldCursor &section, const QString &prefix, quint8 type, qint32 length)
     {
-        section.enter(Place::Frame, prefix);
+        section.enter(FieldPlace::Frame, prefix);
         if (length < blocklayout::sectionFrameSize) {
             section.report(section.offset(), "length", QStringLiteral("at least %1").arg(blocklayout::sectionFrameSize),
                            QString::number(length), QStringLiteral("the section is left out"));
@@ -275,7 +275,7 @@ private:
 
     void readInputFilter(FieldCursor &section)
     {
-        section.enter(Place::DigitalInput, QStringLiteral("digitalInput."));
+        section.enter(FieldPlace::DigitalInput, QStringLiteral("digitalInput."));
         section.u8("count", m_par.diCount);
         if (section.failed()) {
             return;
@@ -285,13 +285,13 @@ private:
             return;
         }
         m_par.dqCount = 0;
-        section.enter(Place::DigitalOutput, QStringLiteral("digitalOutput."));
+        section.enter(FieldPlace::DigitalOutput, QStringLiteral("digitalOutput."));
         section.imply("count", 0LL, QStringLiteral("cleared by an input filter behind the output table"));
     }
 
     void readOutputTable(FieldCursor &section)
     {
-        section.enter(Place::DigitalOutput, QStringLiteral("digitalOutput."));
+        section.enter(FieldPlace::DigitalOutput, QStringLiteral("digitalOutput."));
         section.u8("count", m_par.dqCount);
         section.u8("dqMode", m_par.dqMode);
         readTable(section, "dqOutTbl", m_par.dqCount, m_outputTable, &Decoder::addStatesByte);
@@ -349,12 +349,12 @@ private:
         const int known = fieldCount();
         if (type == static_cast<quint8>(SectionType::AnalogInput)) {
             m_analogInputs.until = known;
-            section.enter(Place::AnalogInput, QStringLiteral("analogInput."));
+            section.enter(FieldPlace::AnalogInput, QStringLiteral("analogInput."));
             section.u8("count", m_par.aiCount);
             readAnalogRecords(section, m_par.aiCount, m_analogInputs, &Decoder::readAnalogInput);
         } else if (type == static_cast<quint8>(SectionType::AnalogOutput)) {
             m_analogOutputs.until = known;
-            section.enter(Place::AnalogOutput, QStringLiteral("analogOutput."));
+            section.enter(FieldPlace::AnalogOutput, QStringLiteral("analogOutput."));
             section.u8("count", m_par.aqCount);
             readAnalogRecords(section, m_par.aqCount, m_analogOutputs, &Decoder::readAnalogOutput);
         } else {
@@ -366,7 +366,7 @@ private:
 
     void readAnalogRecords(FieldCursor &section, int count, const Replaceable &channels, ReadRecord readRecord)
     {
-        const Place place = &channels == &m_analogInputs ? Place::AnalogInput : Place::AnalogOutput;
+        const FieldPlace place = &channels == &m_analogInputs ? FieldPlace::AnalogInput : FieldPlace::AnalogOutput;
         for (; count > 0 && !section.failed(); --count) {
             const int firstField = m_block.parts.last().fields.size();
             const int at = section.offset();
@@ -391,7 +391,7 @@ private:
     }
 
     /// Names the fields to come after the channel number that stands @p ahead bytes from here, if it does.
-    static void enterChannel(FieldCursor &section, Place place, const QString &prefix, int ahead)
+    static void enterChannel(FieldCursor &section, FieldPlace place, const QString &prefix, int ahead)
     {
         ByteReader peek = section.reader();
         quint8 channel = 0;
@@ -436,11 +436,11 @@ private:
             return;
         }
         section.setCutEffect(dropsChannels);
-        section.enter(Place::Weighing, QStringLiteral("weighing."));
+        section.enter(FieldPlace::Weighing, QStringLiteral("weighing."));
         section.u8("count", m_par.weighCount);
         for (int left = m_par.weighCount; left > 0 && !section.failed(); --left) {
             const int firstField = m_block.parts.last().fields.size();
-            enterChannel(section, Place::Weighing, QStringLiteral("weighing["), 0);
+            enterChannel(section, FieldPlace::Weighing, QStringLiteral("weighing["), 0);
             quint8 channel = 0;
             WeighChannelPar entry;
             section.u8("channel", channel);

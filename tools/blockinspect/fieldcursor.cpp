@@ -8,11 +8,12 @@ using blockdecoder::Field;
 namespace {
 
 /// What serves the block alone and reaches no module.
-bool isFraming(Place place, const char *name)
+bool isFraming(FieldPlace place, const char *name)
 {
     constexpr const char *names[] = {"length", "constant", "marker", "reservBytes", "recordLength"};
-    return place == Place::Frame || std::any_of(std::begin(names), std::end(names),
-                                                [name](const char *framing) { return qstrcmp(framing, name) == 0; });
+    return place == FieldPlace::Frame || std::any_of(std::begin(names), std::end(names), [name](const char *framing) {
+               return qstrcmp(framing, name) == 0;
+           });
 }
 
 QString byteCount(int count)
@@ -27,7 +28,7 @@ FieldCursor::FieldCursor(ByteReader reader, int end, blockdecoder::DecodedBlock 
 {
 }
 
-void FieldCursor::enter(Place place, const QString &prefix)
+void FieldCursor::enter(FieldPlace place, const QString &prefix)
 {
     m_place = place;
     m_prefix = prefix;

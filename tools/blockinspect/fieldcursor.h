@@ -13,7 +13,7 @@ public:
     FieldCursor(ByteReader reader, int end, blockdecoder::DecodedBlock &block, QString cutEffect);
 
     /// From here on fields stand at @p place and their names begin with @p prefix.
-    void enter(Place place, const QString &prefix);
+    void enter(FieldPlace place, const QString &prefix);
     /// Signal family of the analog input whose fields follow.
     void setFamily(quint8 family) { m_family = family; }
 
@@ -115,7 +115,7 @@ private:
     int m_end;
     blockdecoder::DecodedBlock *m_block;
     QString m_cutEffect;
-    Place m_place = Place::Frame;
+    FieldPlace m_place = FieldPlace::Frame;
     QString m_prefix;
     quint8 m_family = 0;
     bool m_damaged = false;

@@ -15,7 +15,7 @@ namespace {
 
 /// One row for a field whose number stands for a choice; the lists by signal family where they differ.
 struct ChoiceRow {
-    Place place;
+    FieldPlace place;
     const char *name;
     std::array<const ChoiceList *, 3> byFamily;
     const char *unit = "";
@@ -27,25 +27,25 @@ constexpr std::array<const ChoiceList *, 3> always(const ChoiceList &list)
 }
 
 const ChoiceRow choiceRows[] = {
-    {Place::AnalogInput, "samples", always(choices::sampleCounts), " samples"},
-    {Place::AnalogInput, "enable", always(choices::enable)},
-    {Place::AnalogInput,
+    {FieldPlace::AnalogInput, "samples", always(choices::sampleCounts), " samples"},
+    {FieldPlace::AnalogInput, "enable", always(choices::enable)},
+    {FieldPlace::AnalogInput,
      "filterTime",
      {&choices::filterTimes, &choices::temperatureFilterTimes, &choices::temperatureFilterTimes}},
-    {Place::AnalogInput,
+    {FieldPlace::AnalogInput,
      "inputRange",
      {&choices::inputRanges, &choices::thermocoupleRanges, &choices::resistanceRanges}},
-    {Place::AnalogInput, "openWire", {&choices::openWire, &choices::enable, &choices::enable}},
-    {Place::AnalogInput, "direction", always(choices::directions)},
-    {Place::AnalogInput, "temperatureScale", always(choices::temperatureScales)},
-    {Place::AnalogInput, "coldJunction", always(choices::enable)},
-    {Place::AnalogInput, "wiringScheme", always(choices::wiringSchemes)},
-    {Place::AnalogOutput, "enable", always(choices::enable)},
-    {Place::AnalogOutput, "range", always(choices::outputRanges)},
-    {Place::Weighing, "enable", always(choices::enable)},
-    {Place::Weighing, "limitFreq", always(choices::limitFrequencies)},
-    {Place::Weighing, "filterMode", always(choices::filterModes)},
-    {Place::Weighing, "sampleFreq", always(choices::sampleFrequencies)},
+    {FieldPlace::AnalogInput, "openWire", {&choices::openWire, &choices::enable, &choices::enable}},
+    {FieldPlace::AnalogInput, "direction", always(choices::directions)},
+    {FieldPlace::AnalogInput, "temperatureScale", always(choices::temperatureScales)},
+    {FieldPlace::AnalogInput, "coldJunction", always(choices::enable)},
+    {FieldPlace::AnalogInput, "wiringScheme", always(choices::wiringSchemes)},
+    {FieldPlace::AnalogOutput, "enable", always(choices::enable)},
+    {FieldPlace::AnalogOutput, "range", always(choices::outputRanges)},
+    {FieldPlace::Weighing, "enable", always(choices::enable)},
+    {FieldPlace::Weighing, "limitFreq", always(choices::limitFrequencies)},
+    {FieldPlace::Weighing, "filterMode", always(choices::filterModes)},
+    {FieldPlace::Weighing, "sampleFreq", always(choices::sampleFrequencies)},
 };
 
 QString choiceText(const ChoiceRow &row, quint8 family, int code)
@@ -127,42 +127,42 @@ QString limitText(double value)
 }
 
 struct NumberRow {
-    Place place;
+    FieldPlace place;
     const char *name;
     QString (*text)(double value);
 };
 
 constexpr NumberRow numberRows[] = {
-    {Place::Header, "objId", [](double objId) { return moduleKindText(static_cast<quint32>(objId)); }},
-    {Place::Header, "rackId", placementText},
-    {Place::Header, "slotId", placementText},
-    {Place::Header, "moduleInfo", moduleInfoText},
-    {Place::Header, "marker",
+    {FieldPlace::Header, "objId", [](double objId) { return moduleKindText(static_cast<quint32>(objId)); }},
+    {FieldPlace::Header, "rackId", placementText},
+    {FieldPlace::Header, "slotId", placementText},
+    {FieldPlace::Header, "moduleInfo", moduleInfoText},
+    {FieldPlace::Header, "marker",
      [](double marker) {
          return marker == 0 ? QStringLiteral("no interrupt table") : QStringLiteral("the interrupt table follows");
      }},
-    {Place::Range, "area", areaText},
-    {Place::Range, "length", [](double /*length*/) { return QStringLiteral("bytes"); }},
-    {Place::DigitalOutput, "dqMode", dqModeText},
-    {Place::AnalogInput, "family", signalFamilyText},
-    {Place::AnalogInput, "filterOn",
+    {FieldPlace::Range, "area", areaText},
+    {FieldPlace::Range, "length", [](double /*length*/) { return QStringLiteral("bytes"); }},
+    {FieldPlace::DigitalOutput, "dqMode", dqModeText},
+    {FieldPlace::AnalogInput, "family", signalFamilyText},
+    {FieldPlace::AnalogInput, "filterOn",
      [](double on) { return on == 1 ? QStringLiteral("filtered") : QStringLiteral("not filtered"); }},
-    {Place::AnalogInput, "deadband", deadbandText},
-    {Place::AnalogOutput, "freezeLast",
+    {FieldPlace::AnalogInput, "deadband", deadbandText},
+    {FieldPlace::AnalogOutput, "freezeLast",
      [](double freeze) {
          return freeze == 1 ? QStringLiteral("freeze output in last state")
                             : QStringLiteral("output takes the stop value");
      }},
-    {Place::AnalogOutput, "stopValue", limitText<-32000, 32000>},
-    {Place::Weighing, "sensitivity", limitText<0, 32>},
-    {Place::Weighing, "filterDepth", limitText<0, 2000>},
-    {Place::Weighing, "subMax", limitText<0, 2000>},
-    {Place::Weighing, "subMin", limitText<0, 2000>},
-    {Place::Weighing, "bootClear", limitText<-99, 99>},
+    {FieldPlace::AnalogOutput, "stopValue", limitText<-32000, 32000>},
+    {FieldPlace::Weighing, "sensitivity", limitText<0, 32>},
+    {FieldPlace::Weighing, "filterDepth", limitText<0, 2000>},
+    {FieldPlace::Weighing, "subMax", limitText<0, 2000>},
+    {FieldPlace::Weighing, "subMin", limitText<0, 2000>},
+    {FieldPlace::Weighing, "bootClear", limitText<-99, 99>},
 };
 
 template <class Row, std::size_t Size>
-const Row *findRow(const Row (&rows)[Size], Place place, const char *name)
+const Row *findRow(const Row (&rows)[Size], FieldPlace place, const char *name)
 {
     const Row *found = std::find_if(std::begin(rows), std::end(rows), [place, name](const Row &row) {
         return row.place == place && qstrcmp(row.name, name) == 0;
@@ -177,9 +177,9 @@ QString outputName(int output)
 
 } // namespace
 
-QString fieldMeaning(Place place, quint8 family, const char *name, double value)
+QString fieldMeaning(FieldPlace place, quint8 family, const char *name, double value)
 {
-    if (place == Place::Frame) {
+    if (place == FieldPlace::Frame) {
         return {};
     }
     if (const ChoiceRow *row = findRow(choiceRows, place, name)) {

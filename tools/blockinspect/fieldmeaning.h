@@ -5,10 +5,10 @@
 #include <QtGlobal>
 
 /// Where a field stands; names repeat from place to place.
-enum class Place { Frame, Header, Range, DigitalInput, DigitalOutput, AnalogInput, AnalogOutput, Weighing };
+enum class FieldPlace { Frame, Header, Range, DigitalInput, DigitalOutput, AnalogInput, AnalogOutput, Weighing };
 
 /// The text of the choice, unit or warning; empty where the number says it all. @p family matters to analog inputs.
-QString fieldMeaning(Place place, quint8 family, const char *name, double value);
+QString fieldMeaning(FieldPlace place, quint8 family, const char *name, double value);
 
 /// "digital module" and so on.
 QString moduleKindText(quint32 objId);
