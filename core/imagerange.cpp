@@ -2,7 +2,6 @@
 
 namespace {
 
-constexpr qint32 memoryHeld = 1;
 constexpr qint32 noRoom = -1;
 
 VarArea areaOf(const IoMap &range)

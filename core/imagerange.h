@@ -6,6 +6,9 @@
 #include "baseservices.h"
 #include "iomap.h"
 
+/// getMemory's only good answer; every other one is an error code.
+constexpr qint32 memoryHeld = 1;
+
 /// Bytes that the channels of a range occupy.
 quint16 rangeLength(const IoMap &range);
 

@@ -3,6 +3,7 @@
 #include "baseservices.h"
 #include "basewidgets.h"
 #include "choices.h"
+#include "imagerange.h"
 #include "simpleextendpar.h"
 
 #include <QGridLayout>
@@ -13,7 +14,6 @@
 
 namespace {
 
-constexpr qint32 memoryHeld = 1; ///< getMemory's only good answer
 constexpr int maximumStart = std::numeric_limits<quint16>::max();
 
 /// The host's name for the size of an area; empty for areas that have none.

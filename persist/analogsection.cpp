@@ -2,10 +2,6 @@
 
 #include "diagnostics.h"
 
-#include <QList>
-
-#include <algorithm>
-
 namespace {
 
 using namespace blocklayout;
@@ -48,9 +44,8 @@ bool writeChannels(BlockWriter &writer, const SimpleExtendPar &par, SectionType 
     }
     const int mark = beginSection(writer, type);
     writer.u8("count", count);
-    QList<quint8> channels = kinds.keys();
-    std::sort(channels.begin(), channels.end());
-    for (const quint8 channel : qAsConst(channels)) {
+    const QList<quint8> channels = sortedChannels(kinds);
+    for (const quint8 channel : channels) {
         writeChannel(writer, par, channel);
     }
     endSection(writer, mark);

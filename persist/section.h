@@ -5,12 +5,26 @@
 #include "blockwriter.h"
 #include "bytereader.h"
 
+#include <QHash>
+#include <QList>
+
+#include <algorithm>
+
 /// A received section; the cursors share the block's bytes.
 struct Section {
     SectionType type;    ///< any byte, also one that is no enumerator
     ByteReader body;     ///< what follows the frame, bounded by the section's length
     ByteReader fromHere; ///< the whole block from the section's first byte on
 };
+
+/// The channels that a hash holds, in the order in which sections write them: ascending.
+template <class Value>
+QList<quint8> sortedChannels(const QHash<quint8, Value> &hash)
+{
+    QList<quint8> channels = hash.keys();
+    std::sort(channels.begin(), channels.end());
+    return channels;
+}
 
 /// Writes the frame; the mark is for endSection.
 inline int beginSection(BlockWriter &writer, SectionType type)

@@ -1,9 +1,5 @@
 #include "weighsection.h"
 
-#include <QList>
-
-#include <algorithm>
-
 void writeWeighSection(BlockWriter &writer, const SimpleExtendPar &par, quint8 &sectionCount)
 {
     if (par.weighCount == 0) {
@@ -13,9 +9,8 @@ void writeWeighSection(BlockWriter &writer, const SimpleExtendPar &par, quint8 &
     const int mark = beginSection(writer, SectionType::Weighing);
     writer.u8("count", par.weighCount);
     if (par.weighPar.size() >= par.weighCount) {
-        QList<quint8> channels = par.weighPar.keys();
-        std::sort(channels.begin(), channels.end());
-        for (const quint8 channel : qAsConst(channels)) {
+        const QList<quint8> channels = sortedChannels(par.weighPar);
+        for (const quint8 channel : channels) {
             writer.u8("channel", channel);
             const WeighChannelPar entry = par.weighPar.value(channel);
             blocklayout::walkWeighing(writer, entry);
