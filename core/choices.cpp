@@ -8,67 +8,53 @@ namespace {
 
 constexpr auto translationContext = "Choices";
 
+/// The choices of a parameter that stores the position of what was chosen.
+template <class... Texts>
+constexpr std::array<Choice, sizeof...(Texts)> positions(Texts... texts)
+{
+    quint16 code = 0;
+    return {Choice{texts, code++}...};
+}
+
 // The last entry has one decimal place where the others have two; it is spelled so on purpose.
-constexpr std::array digitalFilterDelayTable = {Choice{"0.20ms", 0}, Choice{"0.40ms", 1}, Choice{"0.80ms", 2},
-                                                Choice{"1.60ms", 3}, Choice{"3.20ms", 4}, Choice{"6.40ms", 5},
-                                                Choice{"12.8ms", 6}};
+constexpr std::array digitalFilterDelayTable =
+    positions("0.20ms", "0.40ms", "0.80ms", "1.60ms", "3.20ms", "6.40ms", "12.8ms");
 
-constexpr std::array sampleCountTable = {Choice{"2", 0},  Choice{"4", 1},  Choice{"8", 2},   Choice{"16", 3},
-                                         Choice{"32", 4}, Choice{"64", 5}, Choice{"128", 6}, Choice{"256", 7}};
+constexpr std::array sampleCountTable = positions("2", "4", "8", "16", "32", "64", "128", "256");
 
-constexpr std::array enableTable = {Choice{QT_TRANSLATE_NOOP("Choices", "Disable"), 0},
-                                    Choice{QT_TRANSLATE_NOOP("Choices", "Enable"), 1}};
+constexpr std::array enableTable =
+    positions(QT_TRANSLATE_NOOP("Choices", "Disable"), QT_TRANSLATE_NOOP("Choices", "Enable"));
 
-constexpr std::array openWireTable = {Choice{QT_TRANSLATE_NOOP("Choices", "Disable"), 0},
-                                      Choice{QT_TRANSLATE_NOOP("Choices", "Enable"), 1},
-                                      Choice{QT_TRANSLATE_NOOP("Choices", "Invalid"), 2}};
+constexpr std::array openWireTable =
+    positions(QT_TRANSLATE_NOOP("Choices", "Disable"), QT_TRANSLATE_NOOP("Choices", "Enable"),
+              QT_TRANSLATE_NOOP("Choices", "Invalid"));
 
-constexpr std::array filterTimeTable = {Choice{"1ms", 0}, Choice{"10ms", 1}, Choice{"20ms", 2}, Choice{"50ms", 3},
-                                        Choice{"100ms", 4}};
+constexpr std::array filterTimeTable = positions("1ms", "10ms", "20ms", "50ms", "100ms");
 
-constexpr std::array temperatureFilterTimeTable = {Choice{"100ms", 0}, Choice{"200ms", 1}, Choice{"500ms", 2},
-                                                   Choice{"1s", 3}, Choice{"5s", 4}};
+constexpr std::array temperatureFilterTimeTable = positions("100ms", "200ms", "500ms", "1s", "5s");
 
-constexpr std::array inputRangeTable = {Choice{"0~10V", 0}, Choice{"+/-10V", 1}, Choice{"0~20mA", 2},
-                                        Choice{"4~20mA", 3}};
+constexpr std::array inputRangeTable = positions("0~10V", "+/-10V", "0~20mA", "4~20mA");
 
-constexpr std::array thermocoupleRangeTable = {Choice{"B", 0}, Choice{"E", 1}, Choice{"N", 2},
-                                               Choice{"J", 3}, Choice{"K", 4}, Choice{"R", 5},
-                                               Choice{"S", 6}, Choice{"T", 7}, Choice{"+/-80mV", 8}};
+constexpr std::array thermocoupleRangeTable = positions("B", "E", "N", "J", "K", "R", "S", "T", "+/-80mV");
 
-constexpr std::array resistanceRangeTable = {Choice{u8"Pt-100Ω(α=3850ppm)", 0},
-                                             Choice{u8"Pt-100Ω(α=3920ppm)", 1},
-                                             Choice{u8"Pt-100Ω(α=3850.55ppm)", 2},
-                                             Choice{u8"Pt-100Ω(α=3916ppm)", 3},
-                                             Choice{u8"Pt-100Ω(α=3902ppm)", 4},
-                                             Choice{u8"Pt-500Ω(α=3850ppm)", 5},
-                                             Choice{u8"Pt-500Ω(α=3920ppm)", 6},
-                                             Choice{u8"Pt-500Ω(α=3850.55ppm)", 7},
-                                             Choice{u8"Pt-500Ω(α=3916ppm)", 8},
-                                             Choice{u8"Pt-500Ω(α=3902ppm)", 9},
-                                             Choice{u8"Pt-1000Ω(α=3850ppm)", 10},
-                                             Choice{u8"Pt-1000Ω(α=3920ppm)", 11},
-                                             Choice{u8"Pt-1000Ω(α=3850.55ppm)", 12},
-                                             Choice{u8"Pt-1000Ω(α=3916ppm)", 13},
-                                             Choice{u8"Pt-1000Ω(α=3902ppm)", 14},
-                                             Choice{"Cu100", 15},
-                                             Choice{"NTC5K(B=3435)", 16},
-                                             Choice{"NTC5K(B=3950)", 17},
-                                             Choice{"NTC10K(B=3435)", 18},
-                                             Choice{"NTC10K(B=3950)", 19}};
+constexpr std::array resistanceRangeTable =
+    positions(u8"Pt-100Ω(α=3850ppm)", u8"Pt-100Ω(α=3920ppm)", u8"Pt-100Ω(α=3850.55ppm)", u8"Pt-100Ω(α=3916ppm)",
+              u8"Pt-100Ω(α=3902ppm)", u8"Pt-500Ω(α=3850ppm)", u8"Pt-500Ω(α=3920ppm)", u8"Pt-500Ω(α=3850.55ppm)",
+              u8"Pt-500Ω(α=3916ppm)", u8"Pt-500Ω(α=3902ppm)", u8"Pt-1000Ω(α=3850ppm)", u8"Pt-1000Ω(α=3920ppm)",
+              u8"Pt-1000Ω(α=3850.55ppm)", u8"Pt-1000Ω(α=3916ppm)", u8"Pt-1000Ω(α=3902ppm)", "Cu100", "NTC5K(B=3435)",
+              "NTC5K(B=3950)", "NTC10K(B=3435)", "NTC10K(B=3950)");
 
-constexpr std::array directionTable = {Choice{QT_TRANSLATE_NOOP("Choices", "Upscale"), 0},
-                                       Choice{QT_TRANSLATE_NOOP("Choices", "Downscale"), 1}};
+constexpr std::array directionTable =
+    positions(QT_TRANSLATE_NOOP("Choices", "Upscale"), QT_TRANSLATE_NOOP("Choices", "Downscale"));
 
-constexpr std::array wiringSchemeTable = {Choice{QT_TRANSLATE_NOOP("Choices", "2-wire"), 0},
-                                          Choice{QT_TRANSLATE_NOOP("Choices", "3-wire"), 1}};
+constexpr std::array wiringSchemeTable =
+    positions(QT_TRANSLATE_NOOP("Choices", "2-wire"), QT_TRANSLATE_NOOP("Choices", "3-wire"));
 
-constexpr std::array temperatureScaleTable = {Choice{QT_TRANSLATE_NOOP("Choices", "Degrees Celsius"), 0},
-                                              Choice{QT_TRANSLATE_NOOP("Choices", "Degrees Fahrenheit"), 1}};
+constexpr std::array temperatureScaleTable =
+    positions(QT_TRANSLATE_NOOP("Choices", "Degrees Celsius"), QT_TRANSLATE_NOOP("Choices", "Degrees Fahrenheit"));
 
 // The lower-case v tells this list from the input ranges; it is spelled so on purpose.
-constexpr std::array outputRangeTable = {Choice{"0~10V", 0}, Choice{"+/-10v", 1}, Choice{"0~20mA", 2},
-                                         Choice{"4~20mA", 3}};
+constexpr std::array outputRangeTable = positions("0~10V", "+/-10v", "0~20mA", "4~20mA");
 
 constexpr std::array limitFrequencyTable = {
     Choice{"1Hz", 1},    Choice{"2Hz", 2},     Choice{"5Hz", 3},     Choice{"10Hz", 4},   Choice{"15Hz", 5},
@@ -78,7 +64,7 @@ constexpr std::array limitFrequencyTable = {
 constexpr std::array sampleFrequencyTable = {Choice{"50Hz", 1},  Choice{"60Hz", 2},   Choice{"100Hz", 3},
                                              Choice{"400Hz", 4}, Choice{"1200Hz", 5}, Choice{"2400Hz", 6}};
 
-constexpr std::array filterModeTable = {Choice{"Default", 0}, Choice{"Disable", 1}};
+constexpr std::array filterModeTable = positions("Default", "Disable");
 
 constexpr std::array addressUnitTable = {Choice{"Words", 2}, Choice{"Bytes", 1}, Choice{"DWord", 4}};
 
