@@ -317,6 +317,12 @@ private slots:
                 if (const auto *editor = table->cellWidget(0, column)) {
                     ++editors;
                     QCOMPARE(editor->accessibleName(), "Channel 0, " + titles.last());
+                    if (editor->property("minimum").isValid()) {
+                        const QString tip = editor->toolTip(); // tells the limits
+                        QCOMPARE(editor->property("minimum").toDouble(), tip.section('~', 0, 0).toDouble());
+                        QCOMPARE(editor->property("maximum").toDouble(), tip.section('~', 1).toDouble());
+                        QCOMPARE(editor->property("decimals").toInt(), tip.section('.', 1).size());
+                    }
                 }
             }
             QCOMPARE(page->findChildren<QWidget *>(QRegularExpression("_0$")).size(), editors); // each has its place
@@ -356,6 +362,14 @@ private slots:
         page->resize(400, 200);
         page->show();
         QVERIFY(QTest::qWaitForWindowActive(page.get()));
+        // What the mouse finds is in view already, and a window that comes back stays as it was.
+        for (const auto reason : {Qt::MouseFocusReason, Qt::ActiveWindowFocusReason, Qt::ShortcutFocusReason}) {
+            page->setFocus();
+            auto *const first = child(*page, way.section(' ', 0, 0));
+            first->setFocus(reason);
+            QCOMPARE(first->visibleRegion().isEmpty(), reason != Qt::ShortcutFocusReason);
+        }
+        child(*page, way.section(' ', 1, 1))->setFocus();
         child(*page, way.section(' ', 0, 0))->setFocus();
         for (const QString &next : way.split(' ')) {
             const auto *editor = child(*page, next);

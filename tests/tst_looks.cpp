@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLoggingCategory>
+#include <QScrollBar>
 #include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QTabWidget>
@@ -20,6 +21,8 @@
 #include <QtTest>
 
 namespace {
+
+constexpr QSize largeWindow(1400, 900);
 
 /// A text that a widget shows, the size that it needs and the one that it has.
 struct Shown {
@@ -120,6 +123,19 @@ QString cutWidgets(const QWidget &dialog)
     return cut.join(", ");
 }
 
+/// Areas that scroll though the window has room for them.
+QString crampedAreas(const QWidget &dialog)
+{
+    QStringList cramped;
+    for (const auto *area : dialog.findChildren<QAbstractScrollArea *>()) {
+        const bool scrolls = area->isVisible() && area->verticalScrollBar()->maximum() > 0;
+        if (scrolls && dialog.height() >= largeWindow.height() && area->height() < dialog.height() / 2) {
+            cramped.append(area->metaObject()->className() + (' ' + area->objectName()));
+        }
+    }
+    return cramped.join(", ");
+}
+
 QVector<Shown> shownTexts(const QWidget &dialog)
 {
     QVector<Shown> shown;
@@ -205,12 +221,12 @@ private slots:
             dialog.show();
             QApplication::setFont(font);
             auto *tree = dialog.findChild<QTreeWidget *>("tree");
-            for (const QSize &size : {dialog.size(), QSize(0, 0), QSize(1400, 900)}) {
+            for (const QSize &size : {dialog.size(), QSize(0, 0), largeWindow}) {
                 dialog.resize(size);
                 for (int i = 0; i < tree->topLevelItem(0)->childCount(); ++i) {
                     tree->setCurrentItem(tree->topLevelItem(0)->child(i));
                     QCoreApplication::processEvents();
-                    const QString cut = cutTexts(dialog) + cutWidgets(dialog);
+                    const QString cut = cutTexts(dialog) + cutWidgets(dialog) + crampedAreas(dialog);
                     QVERIFY2(cut.isEmpty(), qPrintable(QStringLiteral("%1, %2, %3 pixels wide: %4")
                                                            .arg(sample.name, tree->currentItem()->text(0))
                                                            .arg(dialog.width())
