@@ -20,7 +20,7 @@ struct ModuleKind {
     DirectionKind output;
     /// Bytes per channel of a module that recompile rebuilds; 2 where restore gives 4 (double-word weighing).
     /// The two differ on purpose: hosts rely on what each entry point reports.
-    quint8 recompiledUnit = 1;
+    quint8 recompiledUnit{};
 };
 
 /// The kind of a type code; every code has one, codes outside all ranges are plain.

@@ -123,6 +123,32 @@ QString cutWidgets(const QWidget &dialog)
     return cut.join(", ");
 }
 
+/// Widgets that cover another one beside them, and labels that do not stand in front of what they lead to.
+QString misplacedWidgets(const QWidget &dialog)
+{
+    QStringList misplaced;
+    for (const auto *widget : dialog.findChildren<QWidget *>()) {
+        const auto *const label = qobject_cast<const QLabel *>(widget);
+        if (!widget->isVisible() || widget->isWindow() || (label != nullptr && label->text().isEmpty())) {
+            continue;
+        }
+        for (const auto *other :
+             widget->parentWidget()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (other > widget && other->isVisible() && other->geometry().intersects(widget->geometry())) {
+                misplaced.append(widget->objectName() + " over " + other->objectName());
+            }
+        }
+        if (label != nullptr && label->buddy() != nullptr) {
+            const QRect place = label->geometry();
+            const QRect led = label->buddy()->geometry();
+            if (led.left() <= place.right() || place.center().y() < led.top() || place.center().y() > led.bottom()) {
+                misplaced.append(label->text());
+            }
+        }
+    }
+    return misplaced.join(", ");
+}
+
 /// Areas that scroll though the window has room for them.
 QString crampedAreas(const QWidget &dialog)
 {
@@ -226,7 +252,8 @@ private slots:
                 for (int i = 0; i < tree->topLevelItem(0)->childCount(); ++i) {
                     tree->setCurrentItem(tree->topLevelItem(0)->child(i));
                     QCoreApplication::processEvents();
-                    const QString cut = cutTexts(dialog) + cutWidgets(dialog) + crampedAreas(dialog);
+                    const QString cut =
+                        cutTexts(dialog) + cutWidgets(dialog) + misplacedWidgets(dialog) + crampedAreas(dialog);
                     QVERIFY2(cut.isEmpty(), qPrintable(QStringLiteral("%1, %2, %3 pixels wide: %4")
                                                            .arg(sample.name, tree->currentItem()->text(0))
                                                            .arg(dialog.width())
