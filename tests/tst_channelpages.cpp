@@ -14,6 +14,7 @@
 #include <QTableWidget>
 
 #include <memory>
+#include <numeric>
 
 namespace {
 
@@ -65,7 +66,10 @@ QString entries(const Par &par)
 {
     const auto join = [](auto &...fields) { return QStringList{QString::number(double(fields))...}.join('/'); };
     QStringList texts;
-    for (quint8 channel = 0; channel < par.*Count; ++channel) {
+    const QList<quint8> stored = (par.*Hash).keys(); // which may be more than are counted
+    const int last = std::accumulate(stored.begin(), stored.end(), par.*Count - 1, qMax<int>);
+    for (int i = 0; i <= last; ++i) {
+        const auto channel = quint8(i);
         auto entry = (par.*Hash).value(channel);
         texts.append((par.*Hash).contains(channel) ? std::apply(join, Fields::of(entry)) : "-");
     }
@@ -202,8 +206,8 @@ private slots:
         row("scale codes without a choice", weighing, "2/2/0/15/0/0/2/7", "", "255/2/0/15/0/0/0/0/0");
         row("no filter, no rule", weighing, "1/2/4/1/2000/2000 1/2/4/0/1/1", "",
             "1/2/4/1/2000/2000/0/1/0 1/2/4/0/1/1/0/1/0");
-        row("a filter depth that equals the sum", weighing, "1/2/4/15/7/7 1/2/4/15/7/8 1/2/4/2/3/0",
-            "bootClear_0=5 bootClear_1=6", "1/2/4/15/7/7/0/1/5 1/2/4/15/7/8/0/1/0 1/2/4/2/3/0/0/1/0", "",
+        row("a filter depth that equals the sum", weighing, "1/2/4/15/7/7 1/2/4/2/1/1 1/2/4/2/3/0",
+            "bootClear_0=5 bootClear_1=6", "1/2/4/15/7/7/0/1/5 1/2/4/2/1/1/0/1/0 1/2/4/2/3/0/0/1/0", "",
             "filterDepth_1, information, X: When filtering is enabled,\n"
             "Filter Depth must be greater then the sum of Sub Max and Sub Min.");
     }

@@ -146,6 +146,8 @@ private slots:
             auto *spinBox = child<QSpinBox>(page, "inputStart");
             QCOMPARE(spinBox->value(), int(range.start));
             QCOMPARE(spinBox->isEnabled(), range.count != 0);
+            QVERIFY(child<QLineEdit>(page, "inputEnd")->isReadOnly());
+            QVERIFY(!child(page, "inputLength")->isEnabled() && !child(page, "inputUnit")->isEnabled());
             edit(page, edits);
             if (confirmed) {
                 QTest::keyClicks(spinBox, edits.isEmpty() ? "" : "\r");
