@@ -86,10 +86,10 @@ private slots:
         QCOMPARE(par.objName, letters(30));
         QTEST(par.comment.insert(comment->textCursor().position(), '|'), "saved");
 
-        child<QLineEdit>(page, "nameEdit")->setText(letters(23) + smiley);
+        child<QLineEdit>(page, "nameEdit")->setText(smiley + letters(21) + smiley);
         comment->setPlainText("new");
         QVERIFY(page.saveData());
-        QCOMPARE(par.objName + par.comment, letters(23) + "new");
+        QCOMPARE(par.objName + par.comment, smiley + letters(21) + "new");
     }
 
     void defaultsAreAskedForOnce()
