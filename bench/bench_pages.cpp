@@ -1,6 +1,7 @@
 // How long it takes to construct, show and destroy a page, against the floor: the same editors in the same layout with
-// nothing else to them. Prints the fastest repetition of each and their ratio, in CPU time.
+// nothing else to them.
 #include "baseservices.h"
+#include "comparison.h"
 #include "saifilterwgt.h"
 #include "sairangewgt.h"
 #include "saqouttblwgt.h"
@@ -19,11 +20,9 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMap>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTableWidget>
-#include <QTextStream>
 #include <QVBoxLayout>
 
 #include <benchmark/benchmark.h>
@@ -34,7 +33,6 @@
 
 namespace {
 
-constexpr int repetitions = 15;
 constexpr std::array<quint8, 3> channelCounts = {8, 64, 255};
 constexpr quint8 dialogChannels = 16;
 constexpr QSize pageSize(490, 340); ///< about what the dialog gives to a page
@@ -223,26 +221,6 @@ void constructShowDestroy(benchmark::State &state, const std::function<std::uniq
     }
 }
 
-/// The fastest repetitions, in milliseconds of CPU time.
-class FastestReporter : public benchmark::BenchmarkReporter {
-public:
-    bool ReportContext(const Context & /*context*/) override { return true; }
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        for (const Run &run : runs) {
-            if (run.run_type == Run::RT_Iteration) {
-                double &fastest = m_fastest[QString::fromStdString(run.run_name.function_name)];
-                const double time = run.GetAdjustedCPUTime();
-                fastest = fastest == 0 ? time : qMin(fastest, time);
-            }
-        }
-    }
-    double fastest(const QString &name) const { return m_fastest.value(name); }
-
-private:
-    QMap<QString, double> m_fastest;
-};
-
 enum Variant { Page, Floor, FloorToContents };
 constexpr std::array variantNames = {"page", "floor", "floor, columns resized to contents"};
 
@@ -259,10 +237,7 @@ bool isTable(const Kind &kind)
 template <class Function>
 void add(const QString &name, int iterations, const Function &function)
 {
-    benchmark::RegisterBenchmark(qPrintable(name), function)
-        ->Iterations(iterations)
-        ->Repetitions(repetitions)
-        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(qPrintable(name), function)->Iterations(iterations)->Unit(benchmark::kMillisecond);
 }
 
 void addPages(const Kind &kind, quint8 channels)
@@ -312,48 +287,22 @@ void addDialog(const Module &module)
     });
 }
 
-void printRow(QTextStream &out, const QStringList &cells)
+void addRows(Comparison &comparison)
 {
-    out << cells.at(0).leftJustified(22);
-    for (int i = 1; i < cells.size(); ++i) {
-        out << cells.at(i).rightJustified(12);
-    }
-    out << '\n';
-}
-
-QString number(double value)
-{
-    return QString::number(value, 'f', 2);
-}
-
-void printPages(QTextStream &out, const FastestReporter &reporter)
-{
-    printRow(out, {"", "channels", "page, ms", "us/channel", "floor, ms", "ratio", "to contents", "ratio"});
     for (const Kind &kind : kinds) {
         for (const quint8 channels : channelCounts) {
-            const double page = reporter.fastest(nameOf(kind.name, channels, Page));
-            if (page == 0) {
-                continue; // filtered out
+            const QString work = QStringLiteral("%1, %2 channels").arg(kind.name).arg(channels);
+            const auto addRow = [&](Variant peer) {
+                comparison.add(TimeRow{work, nameOf(kind.name, channels, Page), {nameOf(kind.name, channels, peer)}});
+            };
+            addRow(Floor);
+            if (isTable(kind)) {
+                addRow(FloorToContents);
             }
-            QStringList cells{kind.name, QString::number(channels), number(page), number(page * 1000 / channels)};
-            for (const Variant variant : {Floor, FloorToContents}) {
-                const double floor = reporter.fastest(nameOf(kind.name, channels, variant));
-                if (floor > 0) {
-                    cells << number(floor) << number(page / floor);
-                }
-            }
-            printRow(out, cells);
         }
     }
-}
-
-void printDialogs(QTextStream &out, const FastestReporter &reporter)
-{
-    out << '\n';
-    printRow(out, {"whole dialog", "channels", "ms"});
     for (const Module &module : modules) {
-        printRow(out, {module.name, QString::number(dialogChannels),
-                       number(reporter.fastest(nameOf(module.name, dialogChannels, Page)))});
+        comparison.add(TimeRow{QStringLiteral("whole dialog"), nameOf(module.name, dialogChannels, Page), {}});
     }
 }
 
@@ -362,10 +311,6 @@ void printDialogs(QTextStream &out, const FastestReporter &reporter)
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return 1;
-    }
     for (const Kind &kind : kinds) {
         for (const quint8 channels : channelCounts) {
             addPages(kind, channels);
@@ -374,10 +319,7 @@ int main(int argc, char *argv[])
     for (const Module &module : modules) {
         addDialog(module);
     }
-    FastestReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    QTextStream out(stdout);
-    printPages(out, reporter);
-    printDialogs(out, reporter);
-    return 0;
+    Comparison comparison;
+    addRows(comparison);
+    return comparison.run(argc, argv);
 }
