@@ -7,7 +7,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <numeric>
 
 namespace {
 
@@ -90,6 +89,12 @@ void print(Table table)
                   [&](const QStringList &row) { printRow(row, QLatin1Char(' ')); });
 }
 
+/// A benchmark's name without the row's work in front of it.
+QString sideOf(const QString &name, const QString &work)
+{
+    return name.startsWith(work % QLatin1Char('/')) ? name.mid(work.size() + 1) : name;
+}
+
 /// Nothing where a benchmark of the row did not run.
 QStringList cellsOf(const TimeRow &row, const FastestReporter &reporter)
 {
@@ -99,11 +104,14 @@ QStringList cellsOf(const TimeRow &row, const FastestReporter &reporter)
         return {};
     }
     const double ours = reporter.fastest(row.ours);
-    QStringList cells{row.work, row.ours, row.peers.join(QLatin1String(" + ")), timeText(ours)};
+    double peer = 0;
+    QStringList peerNames;
+    for (const QString &name : row.peers) {
+        peer += reporter.fastest(name);
+        peerNames << sideOf(name, row.work);
+    }
+    QStringList cells{row.work, sideOf(row.ours, row.work), peerNames.join(QLatin1String(" + ")), timeText(ours)};
     if (!row.peers.isEmpty()) {
-        const double peer =
-            std::accumulate(row.peers.begin(), row.peers.end(), 0.0,
-                            [&](double sum, const QString &name) { return sum + reporter.fastest(name); });
         cells << timeText(peer) << verdict(ours / peer, row.goal);
     }
     return cells;
