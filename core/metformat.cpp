@@ -24,7 +24,7 @@ using MemberTypeOf = typename MemberType<decltype(Member)>::type;
 
 // Text that is no number reads as 0; what exceeds the field is cut off.
 template <class Number>
-Number parseNumber(const QString &text, MetValue value)
+Number parseNumber(QStringView text, MetValue value)
 {
     return static_cast<Number>(metNumber(text, metBase(value)).value_or(0));
 }
@@ -44,23 +44,25 @@ constexpr MetKey kept(MetKey key)
     return key;
 }
 
+constexpr MetKey deciding(MetKey key)
+{
+    key.decides = true;
+    return key;
+}
+
 template <auto Member>
 constexpr MetKey text(QLatin1String name)
 {
-    return {name,   MetValue::Text, 0, 0, [](ModuleMetInfo &entry, const QString &value) { entry.*Member = value; },
-            nullptr};
+    return {name, MetValue::Text, 0, 0,
+            [](ModuleMetInfo &entry, QStringView value) { entry.*Member = metText(value); }};
 }
 
 template <auto Member, MetValue Value>
 constexpr MetKey number(QLatin1String name)
 {
     using Number = MemberTypeOf<Member>;
-    return {name,
-            Value,
-            quint32{std::numeric_limits<Number>::max()},
-            0,
-            [](ModuleMetInfo &entry, const QString &value) { entry.*Member = parseNumber<Number>(value, Value); },
-            nullptr};
+    return {name, Value, quint32{std::numeric_limits<Number>::max()}, 0,
+            [](ModuleMetInfo &entry, QStringView value) { entry.*Member = parseNumber<Number>(value, Value); }};
 }
 
 template <auto Member>
@@ -78,64 +80,130 @@ constexpr MetKey hexadecimal(QLatin1String name)
 template <auto Member>
 constexpr MetKey flag(QLatin1String name)
 {
-    return {name,
-            MetValue::Flag,
-            std::numeric_limits<quint32>::max(),
-            0,
-            [](ModuleMetInfo &entry, const QString &value) {
+    return {name, MetValue::Flag, std::numeric_limits<quint32>::max(), 0, [](ModuleMetInfo &entry, QStringView value) {
                 entry.*Member = parseNumber<quint32>(value, MetValue::Flag) != 0;
-            },
-            nullptr};
+            }};
+}
+
+/// Calls @p visit with each item of a list, until it returns false.
+template <class Visitor>
+void visitItems(QStringView list, Visitor &&visit)
+{
+    const auto *item = list.begin();
+    for (;;) {
+        const auto *comma = std::find(item, list.end(), QLatin1Char(','));
+        if (!visit(QStringView(item, comma)) || comma == list.end()) {
+            return;
+        }
+        item = std::next(comma);
+    }
 }
 
 template <auto Member>
-void assignBytes(ModuleMetInfo &entry, const QString &value)
+void assignBytes(ModuleMetInfo &entry, QStringView value)
 {
     auto &bytes = entry.*Member;
-    const QStringList items = value.split(QLatin1Char(','));
-    const auto count = std::min(bytes.size(), static_cast<std::size_t>(items.size()));
-    std::transform(items.begin(), items.begin() + static_cast<int>(count), bytes.begin(),
-                   [](const QString &item) { return parseNumber<quint8>(item, MetValue::Bytes); });
+    auto byte = bytes.begin();
+    visitItems(value, [&byte, &bytes](QStringView item) {
+        *byte = parseNumber<quint8>(item, MetValue::Bytes);
+        return ++byte != bytes.end();
+    });
 }
 
 template <auto Member>
 constexpr MetKey bytes(QLatin1String name)
 {
-    return {name,
-            MetValue::Bytes,
-            std::numeric_limits<quint8>::max(),
-            int{std::tuple_size_v<MemberTypeOf<Member>>},
-            assignBytes<Member>,
-            nullptr};
+    return {name, MetValue::Bytes, std::numeric_limits<quint8>::max(), int{std::tuple_size_v<MemberTypeOf<Member>>},
+            assignBytes<Member>};
 }
 
-void assignVersion(ModuleMetInfo &entry, const QString &value)
+void assignVersion(ModuleMetInfo &entry, QStringView value)
 {
-    entry.fwVersion = parseNumber<quint8>(metVersionDigits(value), MetValue::Version);
+    entry.fwVersion = parseNumber<quint8>(metVersionDigits(metText(value)), MetValue::Version);
 }
 
-void appendNotSupported(ModuleMetInfo &entry, const QString &value)
+void appendNotSupported(ModuleMetInfo &entry, QStringView value)
 {
-    const QStringList items = value.split(QLatin1Char(','));
-    for (const QString &item : items) {
+    visitItems(value, [&entry](QStringView item) {
         entry.notSupported.append(parseNumber<quint32>(item, MetValue::Codes));
+        return true;
+    });
+}
+
+void appendSampPeriods(ModuleMetInfo &entry, QStringView value)
+{
+    visitItems(metText(value), [&entry](QStringView item) {
+        entry.sampPeriodList.append(item.toString());
+        return true;
+    });
+}
+
+constexpr ushort asciiEnd = 0x80;
+
+/// The lower case of an ASCII letter; of anything else no ASCII letter.
+constexpr ushort lowerLetter(ushort character)
+{
+    return character | 0x20U;
+}
+
+/// As the framework's comparison without case, of which only the rare case is left to it: a few characters beyond
+/// ASCII count as the capitals of ASCII letters. @p prefix consists of ASCII letters.
+bool beginsWithLetters(QStringView line, QLatin1String prefix)
+{
+    if (line.size() < prefix.size()) {
+        return false;
     }
+    for (int i = 0; i < prefix.size(); ++i) {
+        const ushort character = line[i].unicode();
+        if (lowerLetter(character) != lowerLetter(static_cast<uchar>(prefix.data()[i]))) {
+            return character >= asciiEnd && line.startsWith(prefix, Qt::CaseInsensitive);
+        }
+    }
+    return true;
 }
 
-void appendSampPeriods(ModuleMetInfo &entry, const QString &value)
+/// Value of a digit of any base; what is none counts as more.
+constexpr quint32 digitOf(ushort character)
 {
-    entry.sampPeriodList += value.split(QLatin1Char(','));
+    constexpr quint32 noDigit = 36;
+    const quint32 lower = lowerLetter(character);
+    if (character >= '0' && character <= '9') {
+        return character - quint32{'0'};
+    }
+    return lower >= 'a' && lower <= 'z' ? lower - 'a' + 10 : noDigit;
 }
 
-bool begins(QStringView line, QLatin1String prefix)
+/// The usual number: up to eight digits and nothing else, so that no base makes it too large.
+std::optional<quint32> plainNumber(QStringView text, quint32 base)
 {
-    return line.startsWith(prefix, Qt::CaseInsensitive);
+    if (text.isEmpty() || text.size() > 8) {
+        return std::nullopt;
+    }
+    quint32 number = 0;
+    for (const QChar character : text) {
+        const quint32 digit = digitOf(character.unicode());
+        if (digit >= base) {
+            return std::nullopt;
+        }
+        number = number * base + digit;
+    }
+    return number;
 }
 
-/// Most keys differ from a line in the first letter already; every key begins with an ASCII letter.
-bool beginsWithKey(QStringView line, ushort foldedInitial, const MetKey &key)
+MetLine markerLine(QStringView line)
 {
-    return (static_cast<uchar>(key.name.data()[0]) | 0x20U) == foldedInitial && begins(line, key.name);
+    if (line.startsWith(QLatin1String("[MODULE START]"), Qt::CaseInsensitive)) {
+        return {MetLineKind::Start, nullptr, line};
+    }
+    const bool isEnd = line.startsWith(QLatin1String("[END]"), Qt::CaseInsensitive);
+    return {isEnd ? MetLineKind::End : MetLineKind::Other, nullptr, line};
+}
+
+MetLine blankedLine(QStringView line)
+{
+    const auto *first = std::find_if(line.begin(), line.end(), [](QChar character) { return !character.isSpace(); });
+    const bool isComment = first != line.end() && *first == QLatin1Char(';');
+    return {isComment ? MetLineKind::Comment : MetLineKind::Other, nullptr, line};
 }
 
 } // namespace
@@ -146,25 +214,25 @@ using Info = ModuleMetInfo;
 // rely on it.
 constexpr std::array<MetKey, 26> metKeys{
     text<&Info::metVersion>("MetVersion"_key),
-    decimal<&Info::needHwCnfgVersion>("NeedHwCnfgVersion"_key),
+    deciding(decimal<&Info::needHwCnfgVersion>("NeedHwCnfgVersion"_key)),
     text<&Info::objName>("ObjName"_key),
     text<&Info::mlfb>("MLFB"_key),
-    hexadecimal<&Info::objId>("ObjID"_key),
+    deciding(hexadecimal<&Info::objId>("ObjID"_key)),
     hexadecimal<&Info::parentObjId>("ParentObjID"_key),
     decimal<&Info::baseType>("BaseType"_key),
     decimal<&Info::numIOModules>("NumIOModules"_key),
-    MetKey{"NotSupported"_key, MetValue::Codes, std::numeric_limits<quint32>::max(), 0, appendNotSupported, nullptr},
+    MetKey{"NotSupported"_key, MetValue::Codes, std::numeric_limits<quint32>::max(), 0, appendNotSupported},
     text<&Info::serverFile>("ServerFile"_key),
     flag<&Info::isCatEntry>("IsCatEntry"_key),
     hexadecimal<&Info::moduleInfo>("ModuleInfo"_key),
     bytes<&Info::intSupported>("IntSupported"_key),
     bytes<&Info::intEnableTbl>("IntEnableTbl"_key),
-    MetKey{"FwVersion"_key, MetValue::Version, std::numeric_limits<quint8>::max(), 0, assignVersion, nullptr},
+    MetKey{"FwVersion"_key, MetValue::Version, std::numeric_limits<quint8>::max(), 0, assignVersion},
     bytes<&Info::buffCnfg>("BuffCnfg"_key),
     bytes<&Info::syncCnfg>("SyncCnfg"_key),
     kept<&Info::supportGrpCnfg>(flag<&Info::supportGrpCnfg>("SupportGrpCnfg"_key)),
     kept<&Info::sampPeriodGrpCnfg>(flag<&Info::sampPeriodGrpCnfg>("SampPeriodGrpCnfg"_key)),
-    kept<&Info::sampPeriodList>(MetKey{"SampPeriodList"_key, MetValue::Texts, 0, 0, appendSampPeriods, nullptr}),
+    kept<&Info::sampPeriodList>(MetKey{"SampPeriodList"_key, MetValue::Texts, 0, 0, appendSampPeriods}),
     kept<&Info::reservBytes>(bytes<&Info::reservBytes>("ReservBytes"_key)),
     kept<&Info::supportEtherCAT>(decimal<&Info::supportEtherCAT>("SupportEtherCAT"_key)),
     flag<&Info::supportCANopen>("SupportCANopen"_key),
@@ -173,31 +241,67 @@ constexpr std::array<MetKey, 26> metKeys{
     flag<&Info::softCtrlRemote>("softCtrlRemote"_key),
 };
 
-MetLine classifyMetLine(QStringView line)
+namespace {
+
+using KeySet = quint32; ///< a bit per key, the first key's the lowest
+static_assert(metKeys.size() < std::numeric_limits<KeySet>::digits);
+constexpr KeySet allKeys = (KeySet{1} << metKeys.size()) - 1;
+
+/// Keys that have the character at @p index of a line there, in either case.
+constexpr std::array<KeySet, asciiEnd> makeKeysByLetter(std::size_t index)
 {
-    const auto *first = std::find_if(line.begin(), line.end(), [](QChar character) { return !character.isSpace(); });
-    if (first == line.end()) {
-        return {MetLineKind::Other, nullptr, line};
+    std::array<KeySet, asciiEnd> keys{};
+    for (std::size_t i = 0; i < metKeys.size(); ++i) {
+        const auto lower = lowerLetter(static_cast<uchar>(metKeys[i].name.data()[index]));
+        keys[lower] |= KeySet{1} << i;
+        keys[lower - 0x20U] |= KeySet{1} << i;
     }
-    if (*first == QLatin1Char(';')) {
-        return {MetLineKind::Comment, nullptr, line};
-    }
-    if (begins(line, QLatin1String("[MODULE START]"))) {
-        return {MetLineKind::Start, nullptr, line};
-    }
-    const ushort initial = line.front().toCaseFolded().unicode();
-    const auto *key = std::find_if(metKeys.begin(), metKeys.end(), [line, initial](const MetKey &candidate) {
-        return beginsWithKey(line, initial, candidate);
-    });
-    if (key != metKeys.end()) {
-        return {MetLineKind::Key, key, line};
-    }
-    return {begins(line, QLatin1String("[END]")) ? MetLineKind::End : MetLineKind::Other, nullptr, line};
+    return keys;
 }
 
-QString metValue(QStringView line)
+constexpr std::array<KeySet, asciiEnd> keysByFirstLetter = makeKeysByLetter(0);
+constexpr std::array<KeySet, asciiEnd> keysBySecondLetter = makeKeysByLetter(1);
+
+/// Keys that the line can begin with; most lines leave one or none.
+KeySet candidatesOf(QStringView line)
 {
-    return line.mid(line.indexOf(QLatin1Char('=')) + 1).toString().simplified();
+    const ushort first = line.front().unicode();
+    const ushort second = line.size() < 2 ? 0 : line[1].unicode();
+    return first < asciiEnd && second < asciiEnd ? keysByFirstLetter[first] & keysBySecondLetter[second] : allKeys;
+}
+
+} // namespace
+
+MetLine classifyMetLine(QStringView line)
+{
+    if (line.isEmpty()) {
+        return {MetLineKind::Other, nullptr, line};
+    }
+    const QChar initial = line.front();
+    if (initial == QLatin1Char('[')) {
+        return markerLine(line);
+    }
+    if (initial == QLatin1Char(';') || initial.isSpace()) {
+        return blankedLine(line);
+    }
+    for (KeySet candidates = candidatesOf(line); candidates != 0; candidates &= candidates - 1) {
+        const MetKey &key = metKeys[qCountTrailingZeroBits(candidates)];
+        if (beginsWithLetters(line, key.name)) {
+            return {MetLineKind::Key, &key, line};
+        }
+    }
+    return {MetLineKind::Other, nullptr, line};
+}
+
+QStringView metValue(const MetLine &line)
+{
+    const auto *sign = std::find(line.text.begin() + line.key->name.size(), line.text.end(), QLatin1Char('='));
+    return sign == line.text.end() ? line.text : QStringView(std::next(sign), line.text.end());
+}
+
+QString metText(QStringView value)
+{
+    return value.toString().simplified();
 }
 
 int metBase(MetValue value)
@@ -205,10 +309,13 @@ int metBase(MetValue value)
     return value == MetValue::Hexadecimal || value == MetValue::Bytes || value == MetValue::Codes ? 16 : 10;
 }
 
-std::optional<quint32> metNumber(const QString &text, int base)
+std::optional<quint32> metNumber(QStringView text, int base)
 {
+    if (const auto number = plainNumber(text, static_cast<quint32>(base))) {
+        return number;
+    }
     bool isNumber = false;
-    const quint32 number = text.toUInt(&isNumber, base);
+    const quint32 number = metText(text).toUInt(&isNumber, base);
     return isNumber ? std::optional(number) : std::nullopt;
 }
 

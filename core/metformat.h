@@ -20,10 +20,11 @@ struct MetKey {
     MetValue value;
     quint32 largest; ///< largest number, also as an item of a list, that the member holds; 0 for texts
     int itemLimit;   ///< items that a list of bytes keeps; 0 = every item, or no list
-    void (*assign)(ModuleMetInfo &entry, const QString &value);
+    void (*assign)(ModuleMetInfo &entry, QStringView value); ///< takes a metValue
     /// Carries the member over into the next entry and tells whether that changed it; null = each entry starts with
     /// the initial value.
-    bool (*keep)(const ModuleMetInfo &before, ModuleMetInfo &entry);
+    bool (*keep)(const ModuleMetInfo &before, ModuleMetInfo &entry) = nullptr;
+    bool decides = false; ///< a look-up needs the member to tell whether it has found its entry
 };
 
 /// All keys in test order: keys match as prefixes, so an earlier key wins over a longer one behind it.
@@ -39,15 +40,17 @@ struct MetLine {
 
 MetLine classifyMetLine(QStringView line);
 
-/// Value of a Key line: what follows the first "=", or the whole line when it has none; trimmed, and every inner run
-/// of white space is one blank.
-QString metValue(QStringView line);
+/// Value of a Key line as it stands there: what follows the first "=", or the whole line when it has none.
+QStringView metValue(const MetLine &line);
+
+/// A value as text: trimmed, and every inner run of white space is one blank.
+QString metText(QStringView value);
 
 /// Number base of a kind of value; 10 for texts.
 int metBase(MetValue value);
 
-/// A number without sign below 2^32, or nothing.
-std::optional<quint32> metNumber(const QString &text, int base);
+/// A number without sign below 2^32, also between blanks, or nothing.
+std::optional<quint32> metNumber(QStringView text, int base);
 
 /// The digits of a version number: the text without its dots.
 QString metVersionDigits(const QString &text);

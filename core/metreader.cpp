@@ -3,12 +3,13 @@
 #include "baseservices.h"
 
 #include <QFile>
+#include <QVarLengthArray>
 
 namespace {
 
-/// Calls @p visit for each entry of the type code's file until it returns false.
+/// Calls @p visit for each line of the type code's file until it returns false.
 template <class Visitor>
-void visitEntries(quint32 typeCode, Visitor &&visit)
+void visitLines(quint32 typeCode, Visitor &&visit)
 {
     // The file is read in one piece: a buffer would only copy it once more.
     QFile file(metFilePath(typeCode));
@@ -17,12 +18,36 @@ void visitEntries(quint32 typeCode, Visitor &&visit)
     }
     QTextCodec::ConverterState state;
     const QString text = decodeMetFile(file.readAll(), QTextCodec::codecForLocale(), state);
-    MetParser parser;
-    visitMetLines(text, [&parser, &visit](QStringView line) {
-        const ModuleMetInfo *entry = parser.feed(classifyMetLine(line));
-        return entry == nullptr || visit(*entry);
-    });
+    visitMetLines(text, [&visit](QStringView line) { return visit(classifyMetLine(line)); });
 }
+
+/// Takes in what decides whether an entry is chosen and what the next one keeps; the rest waits for complete().
+class ChoosingParser {
+public:
+    /// As MetParser. The lines must live as long as the parser.
+    const ModuleMetInfo *feed(const MetLine &line)
+    {
+        if (line.kind == MetLineKind::Start) {
+            m_waiting.clear();
+        }
+        if (line.kind == MetLineKind::Key && !line.key->decides && line.key->keep == nullptr) {
+            m_waiting.append(line);
+            return nullptr;
+        }
+        return m_parser.feed(line);
+    }
+    /// Fills the entry that feed() gave out.
+    void complete()
+    {
+        for (const MetLine &line : m_waiting) {
+            m_parser.feed(line);
+        }
+    }
+
+private:
+    MetParser m_parser;
+    QVarLengthArray<MetLine, 32> m_waiting;
+};
 
 } // namespace
 
@@ -33,7 +58,7 @@ const ModuleMetInfo *MetParser::feed(const MetLine &line)
         startEntry();
         return nullptr;
     case MetLineKind::Key:
-        line.key->assign(m_entry, metValue(line.text));
+        line.key->assign(m_entry, metValue(line));
         return nullptr;
     case MetLineKind::End:
         return &m_entry;
@@ -71,8 +96,11 @@ QString metFilePath(quint32 typeCode)
 QVector<ModuleMetInfo> readMetEntries(quint32 typeCode)
 {
     QVector<ModuleMetInfo> entries;
-    visitEntries(typeCode, [&entries](const ModuleMetInfo &entry) {
-        entries.append(entry);
+    MetParser parser;
+    visitLines(typeCode, [&](const MetLine &line) {
+        if (const ModuleMetInfo *entry = parser.feed(line)) {
+            entries.append(*entry);
+        }
         return true;
     });
     return entries;
@@ -84,15 +112,21 @@ qint32 lookUpMetInfo(quint32 typeCode, ModuleMetInfo &destination)
     const quint32 hostVersion = getAppVerNum();
     qint32 index = 0;
     bool found = false;
-    visitEntries(searched, [&](const ModuleMetInfo &entry) {
-        if (static_cast<quint32>(entry.needHwCnfgVersion) > hostVersion) {
+    ChoosingParser parser;
+    visitLines(searched, [&](const MetLine &line) {
+        const ModuleMetInfo *entry = parser.feed(line);
+        if (entry == nullptr) {
+            return true;
+        }
+        if (static_cast<quint32>(entry->needHwCnfgVersion) > hostVersion) {
             return false;
         }
-        if (entry.objId != searched) {
+        if (entry->objId != searched) {
             ++index;
             return true;
         }
-        destination = entry;
+        parser.complete();
+        destination = *entry;
         destination.objId = typeCode;
         found = true;
         return false;
