@@ -14,26 +14,25 @@ void writeRecordHead(BlockWriter &writer, int fieldsSize, quint8 family, quint8 
     writer.u8("channel", channel);
 }
 
-void writeInput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel)
+void writeInput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel, quint8 family)
 {
-    const quint8 family = par.aiKind.value(channel);
     const AiFilter filter = par.aiFilter.value(channel);
     const AiRange range = par.aiRange.value(channel);
     writeRecordHead(writer, analogInputSize(family), family, channel);
     walkAnalogInput(writer, family, filter, range);
 }
 
-void writeOutput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel)
+void writeOutput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel, quint8 family)
 {
     const AqOutTbl stop = par.aqOutTbl.value(channel);
     const AqOutType type = par.aqOutType.value(channel);
     const int mark = writer.mark();
-    writeRecordHead(writer, analogOutputSize, par.aqKind.value(channel), channel);
+    writeRecordHead(writer, analogOutputSize, family, channel);
     walkAnalogOutput(writer, stop, type);
-    writeDiagnostic(DiagnosticLine::AnalogOutputRecord, ByteReader(writer.writtenSince(mark)));
+    writeDiagnostic(DiagnosticLine::AnalogOutputRecord, writer.writtenSince(mark));
 }
 
-using WriteChannel = void (*)(BlockWriter &, const SimpleExtendPar &, quint8 channel);
+using WriteChannel = void (*)(BlockWriter &, const SimpleExtendPar &, quint8 channel, quint8 family);
 
 /// False when fewer channels are known than counted.
 bool writeChannels(BlockWriter &writer, const SimpleExtendPar &par, SectionType type, quint8 count,
@@ -44,10 +43,7 @@ bool writeChannels(BlockWriter &writer, const SimpleExtendPar &par, SectionType 
     }
     const int mark = beginSection(writer, type);
     writer.u8("count", count);
-    const QList<quint8> channels = sortedChannels(kinds);
-    for (const quint8 channel : channels) {
-        writeChannel(writer, par, channel);
-    }
+    visitChannels(kinds, [&](quint8 channel, quint8 family) { writeChannel(writer, par, channel, family); });
     endSection(writer, mark);
     return true;
 }
@@ -97,21 +93,25 @@ void readChannels(ByteReader &body, SimpleExtendPar &par, quint8 count, ReadChan
     }
 }
 
+/// Empties the hashes and makes room for what the block counts, at most 255 channels whatever it says.
+template <class... Hashes>
+void makeRoom(quint8 count, Hashes &...hashes)
+{
+    (hashes.clear(), ...);
+    (hashes.reserve(count), ...);
+}
+
 void readInputs(ByteReader &body, SimpleExtendPar &par)
 {
-    par.aiKind.clear();
-    par.aiFilter.clear();
-    par.aiRange.clear();
     body.u8("count", par.aiCount);
+    makeRoom(par.aiCount, par.aiKind, par.aiFilter, par.aiRange);
     readChannels(body, par, par.aiCount, readInput);
 }
 
 void readOutputs(ByteReader &body, SimpleExtendPar &par)
 {
-    par.aqKind.clear();
-    par.aqOutTbl.clear();
-    par.aqOutType.clear();
     body.u8("count", par.aqCount);
+    makeRoom(par.aqCount, par.aqKind, par.aqOutTbl, par.aqOutType);
     readChannels(body, par, par.aqCount, readOutput);
 }
 

@@ -75,7 +75,7 @@ bool copyFromCatalog(SimpleExtendPar &par)
         return false;
     }
     info.memoryOwner = par.memoryOwner;
-    static_cast<ModuleMetInfo &>(par) = info;
+    static_cast<ModuleMetInfo &>(par) = std::move(info);
     return true;
 }
 

@@ -2,42 +2,48 @@
 #pragma once
 
 #include "baseservices.h"
+#include "bytereader.h"
 
 #include <QByteArray>
 #include <QString>
+#include <QVarLengthArray>
 
+#include <algorithm>
 #include <array>
 
-/// Writes behind what @p out already holds; does not own it. Numbers are big-endian. The names of the fields are those
-/// that the readers know.
+/// Collects the bytes of a block; numbers are big-endian. The names of the fields are those that the readers know.
 class BlockWriter {
 public:
-    explicit BlockWriter(QByteArray &out) : m_out(out) {}
+    const char *bytes() const { return m_bytes.constData(); }
+    int size() const { return m_bytes.size(); }
 
-    /// Where the next byte goes: a mark for truncate, endLength and writtenSince.
-    int mark() const { return m_out.size(); }
-    void truncate(int mark) { m_out.truncate(mark); }
+    /// Where the next byte goes: a mark for truncate, patch, endLength and writtenSince.
+    int mark() const { return size(); }
+    void truncate(int mark) { m_bytes.resize(mark); }
+    /// Replaces a byte that is there already.
+    void patch(int mark, quint8 value) { m_bytes[mark] = static_cast<char>(value); }
     /// The bytes from @p mark on; shares them, so it must not outlive the next write.
-    QByteArray writtenSince(int mark) const
-    {
-        return QByteArray::fromRawData(m_out.constData() + mark, m_out.size() - mark);
-    }
+    ByteReader writtenSince(int mark) const { return {bytes() + mark, size() - mark}; }
 
     /// Leaves room for a 32-bit length that endLength fills in.
     int beginLength()
     {
         const int lengthMark = mark();
-        m_out.append(4, 0);
+        m_bytes.resize(lengthMark + 4);
         return lengthMark;
     }
     /// The length counts its own four bytes.
-    void endLength(int lengthMark) { m_out.replace(lengthMark, 4, intToByteArray(mark() - lengthMark)); }
+    void endLength(int lengthMark)
+    {
+        const QByteArray length = intToByteArray(mark() - lengthMark);
+        std::copy_n(length.constData(), 4, m_bytes.begin() + lengthMark);
+    }
 
-    void u8(const char * /*name*/, quint8 value) { m_out.append(static_cast<char>(value)); }
-    void u16(const char * /*name*/, quint16 value) { m_out.append(ushortToByteArray(value)); }
-    void i16(const char * /*name*/, qint16 value) { m_out.append(shortToByteArray(value)); }
-    void u32(const char * /*name*/, quint32 value) { m_out.append(intToByteArray(static_cast<qint32>(value))); }
-    void f32(const char * /*name*/, float value) { m_out.append(floatToByteArray(value)); }
+    void u8(const char * /*name*/, quint8 value) { m_bytes.append(static_cast<char>(value)); }
+    void u16(const char * /*name*/, quint16 value) { append(ushortToByteArray(value)); }
+    void i16(const char * /*name*/, qint16 value) { append(shortToByteArray(value)); }
+    void u32(const char * /*name*/, quint32 value) { append(intToByteArray(static_cast<qint32>(value))); }
+    void f32(const char * /*name*/, float value) { append(floatToByteArray(value)); }
     // The readers join these bytes with their signs; the writer has nothing to decide.
     void u32FromSignedBytes(const char *name, quint32 value) { u32(name, value); }
     /// The low 8 bits; which of the two the walk names decides whether they come back with a sign.
@@ -60,15 +66,15 @@ public:
         raw(name, bytes.left(length));
     }
     void textSigned(const char *name, const QString &value) { text(name, value); }
-    void raw(const char * /*name*/, const QByteArray &value) { m_out.append(value); }
+    void raw(const char * /*name*/, const QByteArray &value) { append(value); }
     template <std::size_t Size>
-    void raw(const char *name, const std::array<quint8, Size> &value)
+    void raw(const char * /*name*/, const std::array<quint8, Size> &value)
     {
-        for (const quint8 byte : value) {
-            u8(name, byte);
-        }
+        m_bytes.append(reinterpret_cast<const char *>(value.data()), static_cast<int>(Size));
     }
 
 private:
-    QByteArray &m_out;
+    void append(const QByteArray &value) { m_bytes.append(value.constData(), value.size()); }
+
+    QVarLengthArray<char, 1024> m_bytes; ///< what most modules need, on the stack
 };

@@ -3,6 +3,8 @@
 
 #include "bytereader.h"
 
+#include <QLoggingCategory>
+
 /// Which call a line belongs to. The values are printed and never change: filters of the host look for them.
 enum class DiagnosticLine {
     Compile = 141,
@@ -14,6 +16,13 @@ enum class DiagnosticLine {
     Restore = 1350
 };
 
-/// Writes time, source name, line number and the bytes that @p bytes still holds. Costs nothing but the question
-/// where debug output of the default category is switched off.
-void writeDiagnostic(DiagnosticLine line, const ByteReader &bytes);
+/// Writes time, source name, line number and the bytes that @p bytes still holds.
+void printDiagnostic(DiagnosticLine line, const ByteReader &bytes);
+
+/// The same where debug output of the default category is switched on; elsewhere it costs nothing but the question.
+inline void writeDiagnostic(DiagnosticLine line, const ByteReader &bytes)
+{
+    if (QLoggingCategory::defaultCategory()->isDebugEnabled()) {
+        printDiagnostic(line, bytes);
+    }
+}

@@ -32,23 +32,15 @@ quint8 writeSections(BlockWriter &writer, const SimpleExtendPar &par)
     return sectionCount;
 }
 
-/// Room for every block but the longest names: the header and two section frames stay below 640 bytes, a channel
-/// record below 17.
-int expectedSize(const SimpleExtendPar &par)
-{
-    return 640 + 17 * (par.aiKind.size() + par.aqKind.size() + par.weighPar.size()) + par.diFilter.size() +
-           par.dqOutTbl.size();
-}
-
 void appendBlock(const SimpleExtendPar &par, BlockFormat format, QByteArray &out)
 {
-    out.reserve(out.size() + expectedSize(par));
-    const int countAt = out.size();
-    BlockWriter writer(out);
+    BlockWriter writer;
+    const int countMark = writer.mark();
     writer.u8("count", 1);
     writeHeader(writer, par, format);
     const quint8 sectionCount = writeSections(writer, par);
-    out[countAt] = static_cast<char>(1 + sectionCount);
+    writer.patch(countMark, static_cast<quint8>(1 + sectionCount));
+    out.append(writer.bytes(), writer.size());
 }
 
 void readSection(const Section &section, SimpleExtendPar &par)

@@ -6,9 +6,8 @@
 #include "bytereader.h"
 
 #include <QHash>
-#include <QList>
 
-#include <algorithm>
+#include <limits>
 
 /// A received section; the cursors share the block's bytes.
 struct Section {
@@ -17,13 +16,19 @@ struct Section {
     ByteReader fromHere; ///< the whole block from the section's first byte on
 };
 
-/// The channels that a hash holds, in the order in which sections write them: ascending.
-template <class Value>
-QList<quint8> sortedChannels(const QHash<quint8, Value> &hash)
+/// Calls @p visit with each channel of a hash and its entry, in the order in which sections write them: ascending.
+/// Channels are mostly numbered without gaps, so that this asks little more often than there are channels.
+template <class Value, class Visitor>
+void visitChannels(const QHash<quint8, Value> &hash, Visitor &&visit)
 {
-    QList<quint8> channels = hash.keys();
-    std::sort(channels.begin(), channels.end());
-    return channels;
+    int left = hash.size();
+    for (int channel = 0; left > 0 && channel <= std::numeric_limits<quint8>::max(); ++channel) {
+        const auto entry = hash.find(static_cast<quint8>(channel));
+        if (entry != hash.end()) {
+            visit(entry.key(), entry.value());
+            --left;
+        }
+    }
 }
 
 /// Writes the frame; the mark is for endSection.

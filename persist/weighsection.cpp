@@ -9,12 +9,10 @@ void writeWeighSection(BlockWriter &writer, const SimpleExtendPar &par, quint8 &
     const int mark = beginSection(writer, SectionType::Weighing);
     writer.u8("count", par.weighCount);
     if (par.weighPar.size() >= par.weighCount) {
-        const QList<quint8> channels = sortedChannels(par.weighPar);
-        for (const quint8 channel : channels) {
+        visitChannels(par.weighPar, [&writer](quint8 channel, const WeighChannelPar &entry) {
             writer.u8("channel", channel);
-            const WeighChannelPar entry = par.weighPar.value(channel);
             blocklayout::walkWeighing(writer, entry);
-        }
+        });
     }
     endSection(writer, mark);
 }
