@@ -11,8 +11,8 @@ using namespace sampledescriptions;
 
 namespace {
 
-// QSettings keeps 30 parsed files that nobody uses. Everybody here takes the files in turn, more than that, so that it
-// parses, and so that the caches of the file system are as warm for one as for the other.
+// QSettings keeps the last files that it has parsed, six of this size. Everybody here takes many more in turn, so that
+// it parses, and so that the caches of the file system are as warm for one as for the other.
 constexpr quint32 fileCount = 64;
 
 /// Copies of a file under the type codes from @p first on. The entries before the one that is looked up have another
