@@ -155,7 +155,7 @@ SimpleExtendPar randomRecord(const Golden &golden)
     par.aiKind.clear();
     par.aqKind.clear();
     for (int i = 0; i < inputs; ++i) {
-        const auto channel = static_cast<quint8>(i);
+        const auto channel = static_cast<quint8>(255 - i); // nothing says that the first is 0
         par.aiKind[channel] = *rc::gen::inRange<quint8>(0, 4);
         par.aiFilter[channel] = {any<quint8>(), any<quint16>(), any<quint8>()};
         par.aiRange[channel] = any<AiRange>();
