@@ -3,16 +3,21 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QTemporaryDir>
-#include <QTextStream>
 #include <QtTest>
 
+#include <csignal>
 #include <functional>
+#include <limits>
+#include <sys/ptrace.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using Damage = std::function<void(const QString &path)>;
 Q_DECLARE_METATYPE(Damage)
@@ -75,26 +80,77 @@ bool areSame(const std::optional<Project> &a, const Project &b)
 const Project oldProject = projectOf(150, 'o');
 const Project newProject = projectOf(200, 'n');
 
-/// What the process does that will be killed: saves one project after the other until then.
-int saveForever(const QString &path, bool asNewFile)
+/// Saves in a child process, which is killed at its stop number @p last: it stops at the way into the system and at the
+/// way back, so that every state of the disk that it can leave is there at some stop. Returns the stops it came to, or
+/// -1 when it could not save.
+int saveUntil(int last, const QString &path, const Project &project)
 {
-    QTextStream(stdout) << "saving" << Qt::endl;
-    for (bool old = false;; old = !old) {
-        if (asNewFile) {
-            QFile::remove(path);
-        }
-        if (!ProjectFile(path).write(old ? oldProject : newProject)) {
-            return 1;
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool saved =
+            ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 && raise(SIGSTOP) == 0 && ProjectFile(path).write(project);
+        _exit(saved ? 0 : 1);
+    }
+    int status = 0;
+    int stops = 0;
+    while (waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
+        if (stops < last) {
+            ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+            ++stops;
+        } else {
+            kill(child, SIGKILL);
         }
     }
+    return WIFSIGNALED(status) || WEXITSTATUS(status) == 0 ? stops : -1;
 }
+
+/// While it lives, no file of this process may grow beyond @p bytes: a disk that is full for root too.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    Q_DISABLE_COPY_MOVE(FullDisk)
+
+private:
+    rlimit m_before{};
+};
+
+/// While it lives, nothing may be created in the folder, by root neither: root is somebody else meanwhile.
+class ReadOnlyFolder {
+public:
+    explicit ReadOnlyFolder(const QString &path) : m_path(QFile::encodeName(path))
+    {
+        chmod(m_path.constData(), 0555);
+        m_asNobody = geteuid() == 0 && seteuid(65534) == 0;
+    }
+    ~ReadOnlyFolder()
+    {
+        if (m_asNobody && seteuid(0) != 0) {
+            qFatal("root cannot come back");
+        }
+        chmod(m_path.constData(), 0755);
+    }
+    Q_DISABLE_COPY_MOVE(ReadOnlyFolder)
+
+private:
+    QByteArray m_path;
+    bool m_asNobody = false;
+};
 
 } // namespace
 
 class tst_ProjectFile : public QObject {
     Q_OBJECT
 
-    QTemporaryDir m_folder;
+    // In memory where that is to be had: a killed program leaves there what it leaves on a disk, without waiting for
+    // it.
+    QTemporaryDir m_folder{(QDir("/dev/shm").exists() ? "/dev/shm" : QDir::tempPath()) + "/XXXXXX"};
     QString m_path = m_folder.filePath("test.station");
 
     QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden); }
@@ -102,9 +158,7 @@ class tst_ProjectFile : public QObject {
 private slots:
     void cleanup()
     {
-        for (const QString &file : files()) {
-            QVERIFY(QFile::remove(m_folder.filePath(file)));
-        }
+        QVERIFY(QDir(m_folder.path()).removeRecursively() && QDir().mkdir(m_folder.path()));
         QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
     }
 
@@ -142,7 +196,9 @@ private slots:
         bytes(
             "an empty file", [](const QByteArray &) { return QByteArray(); }, "not a station file");
         bytes(
-            "another kind of file", [](const QByteArray &) { return QByteArray(5000, 'x'); }, "not a station file");
+            "a picture", [](QByteArray file) { return file.replace(0, 8, "\x89PNG\r\n\x1a\n"); }, "not a station file");
+        row(
+            "a folder", [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); }, "directory");
         bytes(
             "cut in its header", [](const QByteArray &file) { return file.left(99); }, "not a station file");
         bytes(
@@ -155,7 +211,13 @@ private slots:
             "checksum");
         row(
             "too large", [](const QString &path) { QFile::resize(path, 65LL << 20); }, "too large");
-        sql("another program's database", {"PRAGMA application_id = 7"}, "another program");
+        row(
+            "another program's database",
+            [](const QString &path) {
+                QFile::remove(path);
+                execute(path, {"CREATE TABLE module (place)"});
+            },
+            "another program");
         sql("another version", {"PRAGMA user_version = 2"}, "version 2");
         sql("a table less", {"DROP TABLE module"}, "tables");
         sql("a view in place of a table", {"DROP TABLE module", "CREATE VIEW module AS SELECT 1"}, "tables");
@@ -182,6 +244,40 @@ private slots:
         QVERIFY(contentOf(m_path) == damaged);
     }
 
+    void isUnchangedWhenItCannotBeWritten()
+    {
+        ProjectFile file(m_path);
+        ProjectFile other(m_folder.filePath("new.station"));
+        QVERIFY(file.write(oldProject));
+        const QByteArray before = contentOf(m_path);
+        QString error;
+        const auto isUnchanged = [&] { return contentOf(m_path) == before && files() == QStringList("test.station"); };
+        {
+            const ReadOnlyFolder folder(m_folder.path());
+            QVERIFY2(areSame(file.read(), oldProject), qPrintable(file.errorString()));
+            QVERIFY(!file.write(newProject) && !other.write(newProject) && !writeFile(m_path, "x", error));
+        }
+        QVERIFY(isUnchanged());
+        for (const QString &text : {file.errorString(), other.errorString(), error}) {
+            QVERIFY2(text.contains(QRegularExpression("folder|denied|protected")), qPrintable(text));
+        }
+        for (rlim_t limit = 0; limit < 36864; limit += 1024) {
+            {
+                const FullDisk disk(limit);
+                QVERIFY(!file.write(newProject) && !other.write(newProject) && !writeFile(m_path, before + "x", error));
+            }
+            QVERIFY(isUnchanged());
+            for (const QString &text : {file.errorString(), other.errorString(), error}) {
+                QVERIFY2(text.contains(QRegularExpression("full|File too large")), qPrintable(text));
+            }
+        }
+        ProjectFile below(m_path + "/x.station");
+        QVERIFY(!below.write(newProject) && below.errorString().contains("folder"));
+        QVERIFY(!writeFile("/dev/full", "x", error) && error.contains("No space left"));
+        QVERIFY(!QFileInfo("/dev/full").isFile());
+        QVERIFY(isUnchanged());
+    }
+
     void isWholeWhenItsWriterIsKilled_data()
     {
         QTest::addColumn<bool>("asNewFile");
@@ -192,37 +288,27 @@ private slots:
     void isWholeWhenItsWriterIsKilled()
     {
         QFETCH(bool, asNewFile);
-        QRandomGenerator random(50);
-        for (int kill = 0; kill < 25; ++kill) {
-            QVERIFY(asNewFile || ProjectFile(m_path).write(oldProject));
-            QProcess writer;
-            writer.start(QCoreApplication::applicationFilePath(),
-                         {asNewFile ? "--save-as-new" : "--save-in-place", m_path}, QIODevice::ReadOnly);
-            QVERIFY(writer.waitForReadyRead());
-            QThread::usleep(static_cast<unsigned long>(random.bounded(40000)));
-            writer.kill();
-            QVERIFY(writer.waitForFinished());
-            QCOMPARE(writer.exitStatus(), QProcess::CrashExit);
-            if (asNewFile && !QFile::exists(m_path)) {
-                continue;
-            }
+        QVERIFY(asNewFile || ProjectFile(m_path).write(oldProject));
+        const QByteArray before = contentOf(m_path);
+        const int stops = saveUntil(std::numeric_limits<int>::max(), m_path, newProject);
+        QVERIFY(stops > 100 && areSame(ProjectFile(m_path).read(), newProject));
+        QRandomGenerator random(500);
+        QMap<QByteArray, int> outcomes;
+        for (int kill = 0; kill < 500; ++kill) {
+            QVERIFY(asNewFile ? QFile::remove(m_path) : (overwrite(m_path, before), true));
+            QVERIFY(saveUntil(random.bounded(stops), m_path, newProject) >= 0);
+            ++outcomes[files().size() > (QFile::exists(m_path) ? 1 : 0) ? "midway" : "clean"];
             ProjectFile file(m_path);
             const std::optional<Project> found = file.read();
-            QVERIFY2(areSame(found, oldProject) || areSame(found, newProject), qPrintable(file.errorString()));
+            ++outcomes[areSame(found, newProject) ? "new" : "old"];
+            QVERIFY2(areSame(found, newProject) || (asNewFile ? !QFile::exists(m_path) : areSame(found, oldProject)),
+                     qPrintable(file.errorString()));
             QVERIFY2(file.write(oldProject) && areSame(file.read(), oldProject), qPrintable(file.errorString()));
+            QCOMPARE(files(), QStringList("test.station"));
         }
+        QCOMPARE(outcomes.size(), 4);
     }
 };
 
-int main(int argc, char *argv[])
-{
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.value(1).startsWith("--save-")) {
-        return saveForever(arguments.value(2), arguments.value(1) == "--save-as-new");
-    }
-    tst_ProjectFile test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_GUILESS_MAIN(tst_ProjectFile)
 #include "tst_projectfile.moc"

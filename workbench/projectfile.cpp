@@ -1,8 +1,10 @@
 #include "projectfile.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -49,6 +51,34 @@ QString checksum(const Project &project)
         hash.addData(module.state);
     }
     return QString::fromLatin1(hash.result().toHex());
+}
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ProjectFile)
+};
+
+QString damaged(const QString &complaint)
+{
+    return Texts::tr("The file is damaged: %1").arg(complaint);
+}
+
+/// A sentence for the user. The lowest byte of SQLite's result codes tells their kind.
+QString textOf(const QSqlError &error)
+{
+    switch (error.nativeErrorCode().toUInt() & 0xffU) {
+    case 5:
+        return Texts::tr("Another program is using the file.");
+    case 8:
+        return Texts::tr("The file or its folder is write-protected.");
+    case 10:
+        return Texts::tr("The disk is full, or it failed to read or write.");
+    case 13:
+        return Texts::tr("The disk is full.");
+    case 14:
+        return Texts::tr("The folder is missing, or no file may be created in it.");
+    default:
+        return damaged(error.text().simplified());
+    }
 }
 
 /// An open database under a connection name of its own, which goes with it. Whatever fails first is kept.
@@ -116,7 +146,7 @@ private:
     bool keep(const QSqlError &error)
     {
         if (error.isValid() && m_errorString.isEmpty()) {
-            m_errorString = error.text().simplified();
+            m_errorString = textOf(error);
         }
         return m_errorString.isEmpty();
     }
@@ -124,10 +154,6 @@ private:
     QString m_name;
     QSqlDatabase m_database;
     QString m_errorString;
-};
-
-struct Texts {
-    Q_DECLARE_TR_FUNCTIONS(ProjectFile)
 };
 
 /// What is wrong with the tables or their rows; empty when nothing is. The tables come first: SQLite's check, which
@@ -139,12 +165,13 @@ QString complaintOf(Database &database)
     database.select(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY rowid"),
                     [&](const QSqlQuery &query) { statements += query.value(0).toString(); });
     if (database.errorString().isEmpty() && statements != schema()) {
-        return Texts::tr("its tables are not those of a station");
+        return damaged(Texts::tr("its tables are not those of a station"));
     }
     database.select(QStringLiteral("PRAGMA integrity_check(1)"),
                     [&](const QSqlQuery &query) { findings += query.value(0).toString(); });
     findings.removeAll(QStringLiteral("ok"));
-    return database.errorString().isEmpty() ? findings.join(QLatin1Char(' ')) : database.errorString();
+    return database.errorString().isEmpty() && !findings.isEmpty() ? damaged(findings.join(QLatin1Char(' ')))
+                                                                   : database.errorString();
 }
 
 bool insertProject(Database &database, const Project &project)
@@ -182,10 +209,13 @@ bool replaceContent(Database &database, const Project &project)
            database.run(QStringLiteral("COMMIT"));
 }
 
-/// A file that is removed with this object unless it has been renamed.
+/// The name of a file beside another one, which is removed with this object unless it has been renamed.
 class TemporaryName {
 public:
-    explicit TemporaryName(QString path) : m_path(std::move(path)) {}
+    explicit TemporaryName(const QString &path)
+        : m_path(path + QStringLiteral(".%1.tmp").arg(QUuid::createUuid().toString(QUuid::Id128)))
+    {
+    }
     ~TemporaryName() { QFile::remove(m_path); }
     Q_DISABLE_COPY_MOVE(TemporaryName)
 
@@ -195,16 +225,46 @@ private:
     QString m_path;
 };
 
+/// A disk that is filling up takes a part first; what is wrong it says when it is given the rest.
+bool writeAll(QFileDevice &file, const QByteArray &bytes)
+{
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        const qint64 taken = file.write(bytes.constData() + done, bytes.size() - done);
+        if (taken <= 0) {
+            return false;
+        }
+        done += taken;
+    }
+    return file.flush();
+}
+
+/// Removes the files under temporary names that programs left when they were killed.
+void removeLeftovers(const QString &path)
+{
+    static const QRegularExpression ending(QStringLiteral("^\\.[0-9a-f]{32}\\.tmp(-journal)?$"));
+    const QString name = QFileInfo(path).fileName();
+    QDir folder = QFileInfo(path).dir();
+    for (const QString &other : folder.entryList(QDir::Files | QDir::Hidden)) {
+        if (other.startsWith(name) && ending.match(other.mid(name.size())).hasMatch()) {
+            folder.remove(other);
+        }
+    }
+}
+
 } // namespace
 
 bool writeFile(const QString &path, const QByteArray &bytes, QString &error)
 {
+    const QFileInfo target(path);
+    QFile device(path);
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) {
-        return true;
-    }
-    error = file.errorString();
-    return false;
+    // A device or a pipe must not be replaced by a file.
+    const bool isDevice = target.exists() && !target.isFile() && !target.isDir();
+    QFileDevice &out = isDevice ? static_cast<QFileDevice &>(device) : file;
+    const bool written = out.open(QIODevice::WriteOnly) && writeAll(out, bytes) && (isDevice || file.commit());
+    error = out.errorString();
+    return written;
 }
 
 ProjectFile::ProjectFile(const QString &path) : m_path(QFileInfo(path).absoluteFilePath()) {}
@@ -252,7 +312,7 @@ std::optional<Project> ProjectFile::read()
     database.run(QStringLiteral("BEGIN"));
     const QString complaint = complaintOf(database);
     if (!complaint.isEmpty()) {
-        fail(tr("The file is damaged: %1").arg(complaint));
+        fail(complaint);
         return std::nullopt;
     }
     Project project;
@@ -270,11 +330,11 @@ std::optional<Project> ProjectFile::read()
                                                    {}});
                     });
     if (!database.errorString().isEmpty()) {
-        fail(tr("The file is damaged: %1").arg(database.errorString()));
+        fail(database.errorString());
         return std::nullopt;
     }
     if (storedChecksum != checksum(project)) {
-        fail(tr("The file is damaged: its modules do not match its checksum."));
+        fail(damaged(tr("its modules do not match its checksum")));
         return std::nullopt;
     }
     return project;
@@ -282,6 +342,7 @@ std::optional<Project> ProjectFile::read()
 
 bool ProjectFile::write(const Project &project)
 {
+    removeLeftovers(m_path);
     if (!QFileInfo::exists(m_path)) {
         return createWith(project);
     }
@@ -295,7 +356,7 @@ bool ProjectFile::write(const Project &project)
 /// A new file gets its name when it is complete.
 bool ProjectFile::createWith(const Project &project)
 {
-    const TemporaryName temporary(m_path + QStringLiteral(".%1.tmp").arg(QUuid::createUuid().toString(QUuid::Id128)));
+    const TemporaryName temporary(m_path);
     {
         Database database(temporary.path());
         if (!createDatabase(database, project)) {

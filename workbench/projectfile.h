@@ -7,7 +7,8 @@
 
 #include <optional>
 
-/// Replaces the file as a whole. False, and why in @p error, when that fails; an existing file is then unchanged.
+/// Replaces the file as a whole, or writes to the device that has this name. False, and why in @p error, when that
+/// fails; an existing file is then unchanged.
 bool writeFile(const QString &path, const QByteArray &bytes, QString &error);
 
 /// One project file. Whatever ends the program or the power while it is written, the file is the old project or the
@@ -23,7 +24,8 @@ public:
     /// The project; nothing, and why in errorString(), when there is none.
     std::optional<Project> read();
     /// Writes the project to a new file or in place of the one that the file holds. False, and why in errorString(),
-    /// when that fails or the file is not a project; it is then unchanged.
+    /// when that fails or the file is not a project; it is then unchanged. Removes what a program that was killed in
+    /// its first writing has left beside the file.
     bool write(const Project &project);
 
     const QString &errorString() const { return m_errorString; }

@@ -678,12 +678,32 @@
         <translation>文件已损坏：%1</translation>
     </message>
     <message>
-        <source>The file is damaged: its tables are not those of a station.</source>
-        <translation>文件已损坏：其中的表不属于一个站。</translation>
+        <source>Another program is using the file.</source>
+        <translation>文件正被其他程序使用。</translation>
     </message>
     <message>
-        <source>The file is damaged: its modules do not match its checksum.</source>
-        <translation>文件已损坏：模块与校验和不符。</translation>
+        <source>The file or its folder is write-protected.</source>
+        <translation>文件或其所在文件夹有写保护。</translation>
+    </message>
+    <message>
+        <source>The disk is full, or it failed to read or write.</source>
+        <translation>磁盘已满，或读写失败。</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>磁盘已满。</translation>
+    </message>
+    <message>
+        <source>The folder is missing, or no file may be created in it.</source>
+        <translation>文件夹不存在，或不允许在其中创建文件。</translation>
+    </message>
+    <message>
+        <source>its tables are not those of a station</source>
+        <translation>其中的表不属于一个站</translation>
+    </message>
+    <message>
+        <source>its modules do not match its checksum</source>
+        <translation>其中的模块与校验和不符</translation>
     </message>
 </context>
 <context>
@@ -767,10 +787,6 @@
     <message>
         <source>The block is damaged.</source>
         <translation>数据块已损坏。</translation>
-    </message>
-    <message>
-        <source>An unavailable module cannot be moved.</source>
-        <translation>不可用的模块不能移动。</translation>
     </message>
     <message>
         <source>Its saved state belongs into rack %1, slot %2.</source>
