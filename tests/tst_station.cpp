@@ -12,6 +12,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QMap>
+#include <QProcess>
 #include <QRandomGenerator>
 #include <QUndoStack>
 
@@ -401,7 +402,7 @@ private slots:
         const QString project = path("batch.station");
         QCOMPARE(run({"workbench", "--new", project, "--modules", "40"}), NoFindings);
         QCOMPARE(run({"workbench", "--new", project, "--modules", "40"}), UsageOrUnreadable);
-        QVERIFY(err.contains("exists"));
+        QVERIFY2(err.contains("batch.station: The file exists"), qPrintable(err));
         QCOMPARE(run({"workbench", project, "--verify"}), NoFindings);
         QCOMPARE(run({"workbench", project, "--list"}), NoFindings);
         QCOMPARE(out.count('\n'), 41);
@@ -410,10 +411,30 @@ private slots:
         QCOMPARE(run({"workbench", path("again.station"), "--decompile", path("batch.blk")}), NoFindings);
         QCOMPARE(textsOf(*ProjectFile(path("again.station")).read()), textsOf(*ProjectFile(project).read()));
         QCOMPARE(run({"workbench", path("x.station"), "--decompile", project}), Findings);
-        QCOMPARE(run({"workbench", "--new", path("big.station"), "--modules", "5000"}), Findings);
-        QVERIFY(!QFileInfo::exists(path("big.station")));
+        QCOMPARE(run({"workbench", "--new", path("x.station"), "--modules", "5000"}), Findings);
+        QVERIFY(!QFileInfo::exists(path("x.station")));
         QCOMPARE(run({"workbench", path("none.station"), "--list"}), UsageOrUnreadable);
         QCOMPARE(run({"workbench", project, "--list", "--verify"}), UsageOrUnreadable);
+    }
+
+    void keepsNamesThatTheLocaleLacks()
+    {
+        CatalogFolder catalog;
+        catalog.writeModule(13650, 8, u8"ObjName=\u00e4\u4e2d\n");
+        QProcess workbench;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("LC_ALL", "C");
+        workbench.setProcessEnvironment(environment);
+        const QString project = path("names.station");
+        for (const QStringList &task : {QStringList{"--new", project, "--modules", "2"},
+                                        {project, "--verify"},
+                                        {project, "--compile", path("names.blk")},
+                                        {path("names again.station"), "--decompile", path("names.blk")}}) {
+            workbench.start(QCoreApplication::applicationDirPath() + "/workbench", task + QStringList{"--batch"});
+            QVERIFY(workbench.waitForFinished());
+            QVERIFY2(workbench.exitCode() == NoFindings, workbench.readAllStandardError().constData());
+        }
+        QCOMPARE(ProjectFile(path("names again.station")).read()->modules[1].name, QStringLiteral(u"\u00e4\u4e2d"));
     }
 
     void namesAMissingExport()

@@ -103,6 +103,10 @@ public:
                   << ": " << QStringList{result.error, result.unread}.join(QLatin1Char(' ')).trimmed() << '\n';
             ++m_findings;
         }
+        if (m_station->count() == 0) { // most likely a file of something else
+            m_out << "No project is written.\n";
+            return finish();
+        }
         return writeNew(path) ? finish() : UsageOrUnreadable;
     }
 
