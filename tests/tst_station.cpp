@@ -312,8 +312,10 @@ private slots:
         QTest::newRow("cut in its header") << good.left(40) << "damaged";
         QTest::newRow("a type that the catalog lacks") << withField(good, "objId", {"\0\0\0\1", 4}) << "hw00000001.met";
         QTest::newRow("of another place") << first << "rack 0, slot 0";
-        QTest::newRow("at addresses of another module")
-            << withField(good, "outMap.start", {"\0\1", 2}) << "already in use";
+        for (const char start : {'\0', '\1'}) { // the same range, and an overlapping one
+            QTest::addRow("at address %d of another module", start)
+                << withField(good, "outMap.start", QByteArray(1, '\0') + start) << "already in use";
+        }
         QTest::newRow("outside its area") << withField(good, "inMap.start", "\xff\xff") << "lie outside";
         QTest::newRow("with another length") << withField(good, "inMap.area", {"\x81\0\2\1", 4}) << "lengths";
     }

@@ -8,9 +8,7 @@
 #include <QPoint>
 
 #include <algorithm>
-#include <array>
-#include <set>
-#include <tuple>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -49,45 +47,55 @@ VarArea areaOf(const IoMap &range)
     return static_cast<VarArea>(range.area);
 }
 
-/// Those of a module's two ranges that take memory.
-std::vector<IoMap> rangesOf(const PluginExports &exports, SimpleExtendPar *handle)
+/// Those of a module's two ranges that take memory; none of a null handle.
+std::vector<MemoryRange> rangesOf(const PluginExports &exports, SimpleExtendPar *handle)
 {
-    std::vector<IoMap> ranges;
+    std::vector<MemoryRange> ranges;
+    if (handle == nullptr) {
+        return ranges;
+    }
     for (const IoMap &range : {exports.getInMap(handle), exports.getOutMap(handle)}) {
         if (rangeBytes(range) != 0) {
-            ranges.push_back(range);
+            ranges.emplace_back(areaOf(range), range.start, rangeBytes(range));
         }
     }
     return ranges;
 }
 
-bool giveBack(const QString &owner, const IoMap &range)
+qint32 take(const QString &owner, const MemoryRange &range)
 {
-    return freeMemory(owner, areaOf(range), range.start, rangeBytes(range));
+    const auto &[area, start, length] = range;
+    return getMemory(owner, area, start, length);
+}
+
+bool giveBack(const QString &owner, const MemoryRange &range)
+{
+    const auto &[area, start, length] = range;
+    return freeMemory(owner, area, start, length);
 }
 
 /// Whether all ranges could be taken at this moment; else the host's words for the first that could not.
-bool areFree(const QString &owner, const std::vector<IoMap> &ranges, QString &reason)
+bool areFree(const QString &owner, const std::vector<MemoryRange> &ranges, QString &reason)
 {
-    std::vector<IoMap> taken;
-    for (const IoMap &range : ranges) {
-        const qint32 code = getMemory(owner, areaOf(range), range.start, rangeBytes(range));
+    std::vector<MemoryRange> taken;
+    for (const MemoryRange &range : ranges) {
+        const qint32 code = take(owner, range);
         if (code != memoryHeld) {
             reason = getMemoryErrStrByErrCode(code);
             break;
         }
         taken.push_back(range);
     }
-    std::for_each(taken.begin(), taken.end(), [&](const IoMap &range) { giveBack(owner, range); });
+    std::for_each(taken.begin(), taken.end(), [&](const MemoryRange &range) { giveBack(owner, range); });
     return taken.size() == ranges.size();
 }
 
 /// A restored module does not tell whether the host gave it its addresses. Giving a range back and taking it again
 /// does: one that was refused, or taken with another length, is not there to be given back.
-bool areHeld(const QString &owner, const std::vector<IoMap> &ranges)
+bool areHeld(const QString &owner, const std::vector<MemoryRange> &ranges)
 {
-    return std::all_of(ranges.begin(), ranges.end(), [&](const IoMap &range) {
-        return giveBack(owner, range) && getMemory(owner, areaOf(range), range.start, rangeBytes(range)) == memoryHeld;
+    return std::all_of(ranges.begin(), ranges.end(), [&](const MemoryRange &range) {
+        return giveBack(owner, range) && take(owner, range) == memoryHeld;
     });
 }
 
@@ -150,26 +158,24 @@ std::unique_ptr<Station> Station::opened(const PluginLibrary &plugin, const QStr
             return nullptr;
         }
     }
-    station->freeStrays();
+    station->settleMemory();
     return station;
 }
 
-/// Gives back what no module of the station holds: what a module claimed before it turned out not to be one.
-void Station::freeStrays() const
+/// Makes the host's map what the modules hold. A refused module can leave ranges claimed, and when it goes it gives
+/// back those that it shares with another one.
+void Station::settleMemory() const
 {
-    std::set<std::tuple<VarArea, qint32, qint32>> held;
-    for (const Module &module : m_modules) {
-        if (module.handle) {
-            for (const IoMap &range : rangesOf(m_exports, module.handle.get())) {
-                held.emplace(areaOf(range), range.start, rangeBytes(range));
-            }
-        }
-    }
+    std::set<MemoryRange> claimed;
     for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(m_memoryOwner)) {
-        if (held.count({range.area, range.start, range.length}) == 0) {
-            freeMemory(m_memoryOwner, range.area, range.start, range.length);
-        }
+        claimed.emplace(range.area, range.start, range.length);
     }
+    std::vector<MemoryRange> strays;
+    std::set_difference(claimed.begin(), claimed.end(), m_held.begin(), m_held.end(), std::back_inserter(strays));
+    std::for_each(strays.begin(), strays.end(), [this](const MemoryRange &range) { giveBack(m_memoryOwner, range); });
+    std::vector<MemoryRange> lost;
+    std::set_difference(m_held.begin(), m_held.end(), claimed.begin(), claimed.end(), std::back_inserter(lost));
+    std::for_each(lost.begin(), lost.end(), [this](const MemoryRange &range) { ::take(m_memoryOwner, range); });
 }
 
 int Station::unavailableCount() const
@@ -294,7 +300,8 @@ void Station::insert(Module module)
     const auto next =
         std::upper_bound(m_modules.begin(), m_modules.end(), place.index(),
                          [](int placeIndex, const Module &other) { return placeIndex < other.place.index(); });
-    m_modules.insert(next, std::move(module));
+    const auto inserted = m_modules.insert(next, std::move(module));
+    hold(inserted->handle.get());
     emit moduleAdded(place);
 }
 
@@ -305,7 +312,7 @@ bool Station::add(quint32 typeCode, Place place, QString &error)
     }
     ModuleHandle handle = m_plugin.own(m_exports.createObject(typeCode, m_memoryOwner));
     if (!handle) {
-        freeStrays(); // a module that finds no room for its outputs leaves its inputs claimed
+        settleMemory(); // a module that finds no room for its outputs leaves its inputs claimed
         error = whyNotCreated(typeCode);
         return false;
     }
@@ -333,7 +340,7 @@ QString Station::whyNotCreated(quint32 typeCode) const
 /// Sets the starts of two ranges that the host would give to a new module. False when an area is full.
 bool Station::findRoom(IoMap &in, IoMap &out, QString &error) const
 {
-    std::vector<IoMap> taken;
+    std::vector<MemoryRange> taken;
     bool found = true;
     for (IoMap *range : {&in, &out}) {
         const int length = rangeBytes(*range);
@@ -347,9 +354,9 @@ bool Station::findRoom(IoMap &in, IoMap &out, QString &error) const
             break;
         }
         range->start = static_cast<quint16>(start);
-        taken.push_back(*range);
+        taken.emplace_back(areaOf(*range), start, length);
     }
-    std::for_each(taken.begin(), taken.end(), [this](const IoMap &range) { giveBack(m_memoryOwner, range); });
+    std::for_each(taken.begin(), taken.end(), [this](const MemoryRange &range) { giveBack(m_memoryOwner, range); });
     return found;
 }
 
@@ -380,7 +387,7 @@ bool Station::addBlock(const QByteArray &block, qint32 *code, QString &error)
 /// from a configuration block are saved with the length of words.
 bool Station::addCopy(const QByteArray &state, Place place, bool newAddresses, QString &error)
 {
-    const ModuleHandle probe = probed(state, 0, error);
+    const ModuleHandle probe = read({place, 0, {}, state, {}}, QString(), error);
     if (!probe) {
         return false;
     }
@@ -441,7 +448,9 @@ bool Station::configure(Place place, QWidget *parent)
         return false;
     }
     const QByteArray before = m_exports.save(handle);
+    letGo(handle);
     m_exports.config(handle, m_memoryOwner, parent, false);
+    hold(handle);
     const bool changed = m_exports.save(handle) != before;
     if (changed) {
         emit moduleChanged(place);
@@ -453,6 +462,7 @@ StoredModule Station::take(Place place)
 {
     const int index = *moduleAt(place);
     StoredModule module = stored(index);
+    letGo(at(index).handle.get());
     m_modules.erase(m_modules.begin() + index);
     emit moduleRemoved(place);
     return module;
@@ -470,45 +480,60 @@ bool Station::put(const StoredModule &module)
     return available;
 }
 
-/// The module of a saved state, holding its addresses, or null. A first copy without an owner, which claims nothing,
-/// tells the addresses: a second one that was refused them would give back those of another module when it goes.
+void Station::hold(SimpleExtendPar *handle)
+{
+    for (const MemoryRange &range : rangesOf(m_exports, handle)) {
+        m_held.insert(range);
+    }
+}
+
+void Station::letGo(SimpleExtendPar *handle)
+{
+    for (const MemoryRange &range : rangesOf(m_exports, handle)) {
+        m_held.erase(range);
+    }
+}
+
+/// The module of a saved state, holding its addresses, or null.
 ModuleHandle Station::restored(const StoredModule &module, QString &reason) const
 {
-    const ModuleHandle probe = probed(module.state, module.typeCode, reason);
-    if (!probe) {
-        return m_plugin.own(nullptr);
-    }
-    const Place place = placeOf(probe.get());
-    if (place != module.place) {
-        reason = tr("Its saved state belongs into rack %1, slot %2.").arg(place.rack).arg(place.slot);
-        return m_plugin.own(nullptr);
-    }
-    if (!areFree(m_memoryOwner, rangesOf(m_exports, probe.get()), reason)) {
-        return m_plugin.own(nullptr);
-    }
-    ModuleHandle handle = m_plugin.own(m_exports.restore(module.state, m_memoryOwner));
-    if (!handle || !areHeld(m_memoryOwner, rangesOf(m_exports, handle.get()))) {
-        handle.reset();
-        freeStrays();
+    ModuleHandle handle = read(module, m_memoryOwner, reason);
+    std::vector<MemoryRange> ranges;
+    if (handle && placeOf(handle.get()) == module.place) {
+        ranges = rangesOf(m_exports, handle.get());
+        const bool isShared = std::any_of(ranges.begin(), ranges.end(),
+                                          [this](const MemoryRange &range) { return m_held.count(range) != 0; });
+        if (!isShared && areHeld(m_memoryOwner, ranges)) {
+            return handle;
+        }
         reason = tr("The lengths of its address ranges are not those of its type.");
+    } else if (handle) {
+        const Place place = placeOf(handle.get());
+        reason = tr("Its saved state belongs into rack %1, slot %2.").arg(place.rack).arg(place.slot);
     }
+    handle.reset();
+    settleMemory();
+    areFree(m_memoryOwner, ranges, reason); // where it is not, the host says more
     return handle;
 }
 
-/// The module of a saved state without addresses, or null. @p typeCode is what else is known of a state that is
-/// damaged.
-ModuleHandle Station::probed(const QByteArray &state, quint32 typeCode, QString &reason) const
+/// The module of a saved state, or null. It may have been refused its addresses.
+ModuleHandle Station::read(const StoredModule &module, const QString &memoryOwner, QString &reason) const
 {
-    const bool isTooLong = state.size() > StoredModule::largestState;
-    ModuleHandle probe = m_plugin.own(isTooLong ? nullptr : m_exports.restore(state, QString()));
-    reason = probe ? QString() : tr("Its saved state is damaged.");
-    const quint32 type = probe ? static_cast<quint32>(m_exports.getNodeId(probe.get())) : typeCode;
-    // Of a type that the catalog lacks the plug-in makes a blank record.
+    const bool isTooLong = module.state.size() > StoredModule::largestState;
+    ModuleHandle handle = m_plugin.own(isTooLong ? nullptr : m_exports.restore(module.state, memoryOwner));
+    if (handle && !m_exports.getName(handle.get()).isEmpty()) {
+        return handle;
+    }
+    // Of a type that the catalog lacks the plug-in makes a blank record. The type that is known besides is for a state
+    // that is damaged.
+    reason = handle ? QString() : tr("Its saved state is damaged.");
+    const quint32 type = handle ? static_cast<quint32>(m_exports.getNodeId(handle.get())) : module.typeCode;
     if (const QString problem = type != 0 ? catalogProblem(type) : QString(); !problem.isEmpty()) {
         reason = problem;
-        probe.reset();
+        handle.reset();
     }
-    return probe;
+    return handle;
 }
 
 StoredModule Station::stored(int index) const

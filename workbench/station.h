@@ -1,6 +1,7 @@
 // One station: its modules in racks and slots, as the plug-in's handles.
 #pragma once
 
+#include "baseservices.h"
 #include "pluginlibrary.h"
 #include "project.h"
 
@@ -9,9 +10,14 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
+#include <tuple>
 #include <vector>
 
 class QWidget;
+
+/// Area, start and length in bytes.
+using MemoryRange = std::tuple<VarArea, qint32, qint32>;
 
 /// Told of every module that a long work is done with; false ends the work.
 using Progress = std::function<bool(int done, int total)>;
@@ -121,14 +127,17 @@ private:
     void setPlace(SimpleExtendPar *handle, Place place) const;
     void insert(Module module);
     ModuleHandle restored(const StoredModule &module, QString &reason) const;
-    ModuleHandle probed(const QByteArray &state, quint32 typeCode, QString &reason) const;
+    ModuleHandle read(const StoredModule &module, const QString &memoryOwner, QString &reason) const;
     QString whyNotCreated(quint32 typeCode) const;
     bool findRoom(IoMap &in, IoMap &out, QString &error) const;
     bool addCopy(const QByteArray &state, Place place, bool newAddresses, QString &error);
-    void freeStrays() const;
+    void hold(SimpleExtendPar *handle);
+    void letGo(SimpleExtendPar *handle);
+    void settleMemory() const;
 
     const PluginLibrary &m_plugin;
     const PluginExports &m_exports;
     QString m_memoryOwner;
     std::vector<Module> m_modules; ///< by rising place
+    std::set<MemoryRange> m_held;  ///< by the modules
 };
