@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <array>
 #include <csignal>
 #include <functional>
 #include <limits>
@@ -104,44 +105,29 @@ int saveUntil(int last, const QString &path, const Project &project)
     return WIFSIGNALED(status) || WEXITSTATUS(status) == 0 ? stops : -1;
 }
 
-/// While it lives, no file of this process may grow beyond @p bytes: a disk that is full for root too.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    Q_DISABLE_COPY_MOVE(FullDisk)
+/// While the answer lives, no file of this process may grow beyond @p bytes: a disk that is full for root too.
+auto fullDisk(rlim_t bytes)
+{
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit limit{bytes, before.rlim_max};
+    signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    return qScopeGuard([before] { setrlimit(RLIMIT_FSIZE, &before); });
+}
 
-private:
-    rlimit m_before{};
-};
-
-/// While it lives, nothing may be created in the folder, by root neither: root is somebody else meanwhile.
-class ReadOnlyFolder {
-public:
-    explicit ReadOnlyFolder(const QString &path) : m_path(QFile::encodeName(path))
-    {
-        chmod(m_path.constData(), 0555);
-        m_asNobody = geteuid() == 0 && seteuid(65534) == 0;
-    }
-    ~ReadOnlyFolder()
-    {
-        if (m_asNobody && seteuid(0) != 0) {
+/// While the answer lives, nothing may be created in the folder, by root neither, who is nobody meanwhile.
+auto readOnly(const QByteArray &folder)
+{
+    chmod(folder.constData(), 0555);
+    const bool isRoot = geteuid() == 0 && seteuid(65534) == 0;
+    return qScopeGuard([=] {
+        if (isRoot && seteuid(0) != 0) {
             qFatal("root cannot come back");
         }
-        chmod(m_path.constData(), 0755);
-    }
-    Q_DISABLE_COPY_MOVE(ReadOnlyFolder)
-
-private:
-    QByteArray m_path;
-    bool m_asNobody = false;
-};
+        chmod(folder.constData(), 0755);
+    });
+}
 
 } // namespace
 
@@ -188,36 +174,22 @@ private slots:
             row(
                 name, [statements](const QString &path) { execute(path, statements); }, reason);
         };
-        const auto bytes = [&row](const char *name, const std::function<QByteArray(QByteArray)> &change,
-                                  const char *reason) {
-            row(
-                name, [change](const QString &path) { overwrite(path, change(contentOf(path))); }, reason);
+        const auto bytes = [&row](const char *name, const char *reason,
+                                  const std::function<QByteArray(QByteArray)> &change) {
+            const auto damage = [change](const QString &path) { overwrite(path, change(contentOf(path))); };
+            row(name, damage, reason);
         };
-        bytes(
-            "an empty file", [](const QByteArray &) { return QByteArray(); }, "not a station file");
-        bytes(
-            "a picture", [](QByteArray file) { return file.replace(0, 8, "\x89PNG\r\n\x1a\n"); }, "not a station file");
-        row(
-            "a folder", [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); }, "directory");
-        bytes(
-            "cut in its header", [](const QByteArray &file) { return file.left(99); }, "not a station file");
-        bytes(
-            "cut in half", [](const QByteArray &file) { return file.left(file.size() / 2); }, "damaged");
-        bytes(
-            "a page of zeros", [](QByteArray file) { return file.replace(3 * 4096, 4096, QByteArray(4096, '\0')); },
-            "damaged");
-        bytes(
-            "a changed state", [](QByteArray file) { return file.replace(file.lastIndexOf("oooooooo"), 1, "p"); },
-            "checksum");
-        row(
-            "too large", [](const QString &path) { QFile::resize(path, 65LL << 20); }, "too large");
-        row(
-            "another program's database",
-            [](const QString &path) {
-                QFile::remove(path);
-                execute(path, {"CREATE TABLE module (place)"});
-            },
-            "another program");
+        bytes("an empty file", "not a station file", [](const QByteArray &) { return QByteArray(); });
+        bytes("a picture", "not a station file", [](QByteArray f) { return f.replace(0, 8, "\x89PNG\r\n\x1a\n"); });
+        bytes("cut in its header", "not a station file", [](const QByteArray &f) { return f.left(99); });
+        bytes("cut in half", "damaged", [](const QByteArray &f) { return f.left(f.size() / 2); });
+        bytes("a page of zeros", "damaged",
+              [](QByteArray f) { return f.replace(12288, 4096, QByteArray(4096, '\0')); });
+        bytes("a changed state", "checksum", [](QByteArray f) { return f.replace(f.lastIndexOf("oooooooo"), 1, "p"); });
+        bytes("too large", "too large", [](const QByteArray &f) { return f.leftJustified(65 << 20, '\0'); });
+        const auto folder = [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); };
+        row("a folder", folder, "directory");
+        sql("another program's database", {"PRAGMA application_id = 0"}, "another program");
         sql("another version", {"PRAGMA user_version = 2"}, "version 2");
         sql("a table less", {"DROP TABLE module"}, "tables");
         sql("a view in place of a table", {"DROP TABLE module", "CREATE VIEW module AS SELECT 1"}, "tables");
@@ -247,35 +219,32 @@ private slots:
     void isUnchangedWhenItCannotBeWritten()
     {
         ProjectFile file(m_path);
-        ProjectFile other(m_folder.filePath("new.station"));
         QVERIFY(file.write(oldProject));
         const QByteArray before = contentOf(m_path);
+        ProjectFile other(m_folder.filePath("new.station"));
+        ProjectFile below(m_path + "/x.station");
         QString error;
-        const auto isUnchanged = [&] { return contentOf(m_path) == before && files() == QStringList("test.station"); };
+        QStringList texts;
+        const auto refuses = [&](const char *reason) {
+            const bool written = file.write(newProject) || other.write(newProject) || below.write(newProject) ||
+                                 writeFile(m_path, before + "x", error);
+            texts = QStringList{file.errorString(), other.errorString(), error};
+            return !written && contentOf(m_path) == before && files() == QStringList("test.station") &&
+                   below.errorString().contains("folder") && texts.filter(QRegularExpression(reason)) == texts;
+        };
         {
-            const ReadOnlyFolder folder(m_folder.path());
+            const auto guard = readOnly(QFile::encodeName(m_folder.path()));
             QVERIFY2(areSame(file.read(), oldProject), qPrintable(file.errorString()));
-            QVERIFY(!file.write(newProject) && !other.write(newProject) && !writeFile(m_path, "x", error));
-        }
-        QVERIFY(isUnchanged());
-        for (const QString &text : {file.errorString(), other.errorString(), error}) {
-            QVERIFY2(text.contains(QRegularExpression("folder|denied|protected")), qPrintable(text));
+            QVERIFY2(refuses("folder|denied|protected"), qPrintable(texts.join('\n')));
         }
         for (rlim_t limit = 0; limit < 36864; limit += 1024) {
-            {
-                const FullDisk disk(limit);
-                QVERIFY(!file.write(newProject) && !other.write(newProject) && !writeFile(m_path, before + "x", error));
-            }
-            QVERIFY(isUnchanged());
-            for (const QString &text : {file.errorString(), other.errorString(), error}) {
-                QVERIFY2(text.contains(QRegularExpression("full|File too large")), qPrintable(text));
-            }
+            const auto guard = fullDisk(limit);
+            QVERIFY2(refuses("full|too large"), qPrintable(texts.join('\n')));
         }
-        ProjectFile below(m_path + "/x.station");
-        QVERIFY(!below.write(newProject) && below.errorString().contains("folder"));
-        QVERIFY(!writeFile("/dev/full", "x", error) && error.contains("No space left"));
-        QVERIFY(!QFileInfo("/dev/full").isFile());
-        QVERIFY(isUnchanged());
+        std::array<int, 2> pipeEnds{};
+        char byte = 0;
+        QVERIFY(pipe(pipeEnds.data()) == 0 && writeFile(QString("/dev/fd/%1").arg(pipeEnds[1]), "x", error));
+        QVERIFY(::read(pipeEnds[0], &byte, 1) == 1 && byte == 'x'); // written to, not replaced by a file
     }
 
     void isWholeWhenItsWriterIsKilled_data()
