@@ -419,11 +419,12 @@ private slots:
         CatalogFolder catalog;
         catalog.writeModule(13650, 8, u8"ObjName=\u00e4\u4e2d\n");
         const QString project = path("names.station");
-        for (const QStringList &task : {QStringList{"--new", project, "--modules", "2"},
-                                        {project, "--verify"},
-                                        {project, "--compile", path("names.blk")},
-                                        {path("names again.station"), "--decompile", path("names.blk")}}) {
-            const QStringList command{"LC_ALL=C", QCoreApplication::applicationDirPath() + "/workbench", "--batch"};
+        for (const QStringList &task : {QStringList{"--batch", "--new", project, "--modules", "2"},
+                                        {"--batch", project, "--verify"},
+                                        {"--table", project},
+                                        {"--batch", project, "--compile", path("names.blk")},
+                                        {"--batch", path("names again.station"), "--decompile", path("names.blk")}}) {
+            const QStringList command{"LC_ALL=C", QCoreApplication::applicationDirPath() + "/workbench"};
             QCOMPARE(QProcess::execute("env", command + task), int{NoFindings});
         }
         QCOMPARE(ProjectFile(path("names again.station")).read()->modules[1].name, QStringLiteral(u"\u00e4\u4e2d"));
