@@ -1,4 +1,5 @@
 #include "baseservices.h"
+#include "faults.h"
 
 #include <QDir>
 #include <QFile>
@@ -65,7 +66,13 @@ QString getHwcnfgComponentPath(HwcnfgComponent component)
     static const QString kShipped = shippedCatalog();
     const QString chosen = QFile::decodeName(qgetenv("SIMHOST_COMPONENTS"));
     const QString root = chosen.isEmpty() ? kShipped : QDir::cleanPath(QDir(chosen).absolutePath());
-    return QDir(root).filePath(QString::number(static_cast<qint32>(component))) + QLatin1Char('/');
+    using simulatedhost::HostCall;
+    const bool isDescription = component == HwcnfgComponent::ModuleDescription;
+    const bool isMissing = callFails(isDescription ? HostCall::FindDescriptions : HostCall::FindComponents);
+    return QStringLiteral("%1/%2%3/")
+        .arg(root)
+        .arg(static_cast<qint32>(component))
+        .arg(QLatin1String(isMissing ? "/missing" : ""));
 }
 
 quint32 getAppVerNum()

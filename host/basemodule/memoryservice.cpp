@@ -1,4 +1,5 @@
 #include "bytemap.h"
+#include "faults.h"
 #include "plctypes.h"
 #include "simulatedbase.h"
 
@@ -26,6 +27,7 @@ struct Refusal {
 struct HostState {
     std::map<QString, Station> stations;
     Refusal latest;
+    std::function<bool(HostCall)> faults;
 };
 
 HostState &state()
@@ -82,6 +84,9 @@ QString generalText(qint32 code)
 
 qint32 getMemory(const QString &owner, VarArea area, qint32 start, qint32 length)
 {
+    if (callFails(HostCall::TakeMemory)) {
+        return refuse(Overlap, QStringLiteral("The addresses from %1 are refused on demand.").arg(start));
+    }
     if (length <= 0) {
         return refuse(EmptyRange, QStringLiteral("A range of %1 bytes at address %2 of %3 holds no address.")
                                       .arg(length)
@@ -116,7 +121,7 @@ qint32 autoMallocMemory(const QString &owner, VarArea area, qint32 length)
 {
     constexpr qint32 noRoom = -1;
     const AreaDescription *known = findArea(area);
-    if (owner.isEmpty() || known == nullptr || length <= 0) {
+    if (callFails(HostCall::ClaimMemory) || owner.isEmpty() || known == nullptr || length <= 0) {
         return noRoom;
     }
     ByteMap &held = stationOf(owner).memory[area];
@@ -164,11 +169,24 @@ QString getMemoryErrStrByErrCode(qint32 code)
 
 PlcTypeVersion getPrjPlcTypeVersion(const QString &owner)
 {
+    if (callFails(HostCall::FindController)) {
+        return {};
+    }
     const PlcDescription *plc = stationOf(owner).plc;
     return {plc->id, plc->version};
 }
 
+bool callFails(HostCall call)
+{
+    return state().faults && state().faults(call);
+}
+
 namespace simulatedhost {
+
+void setFaults(const std::function<bool(HostCall call)> &fails)
+{
+    state().faults = fails;
+}
 
 void resetBase()
 {

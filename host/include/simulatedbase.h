@@ -6,6 +6,8 @@
 
 #include <QVector>
 
+#include <functional>
+
 namespace simulatedhost {
 
 /// What getMemory answers.
@@ -30,6 +32,14 @@ struct ClaimedRange {
     qint32 start;
     qint32 length;
 };
+
+/// Calls that can be made to fail: getMemory, autoMallocMemory, getHwcnfgComponentPath for either folder and
+/// getPrjPlcTypeVersion.
+enum class HostCall { TakeMemory, ClaimMemory, FindDescriptions, FindComponents, FindController };
+
+/// @p fails is asked at each such call. Where it says so the addresses are in use, the area has no room, the folder or
+/// the controller is one that does not exist. An empty function ends that, as resetBase does.
+BASEMODULE_EXPORT void setFaults(const std::function<bool(HostCall call)> &fails);
 
 /// Forgets every owner: held ranges, snapshots, PLC types and the details of the latest refusal.
 BASEMODULE_EXPORT void resetBase();
