@@ -3,6 +3,7 @@
 #include "goldenblocks.h"
 #include "modulestate.h"
 #include "recordinghost.h"
+#include "rows.h"
 #include "simpleextendpar.h"
 
 #include <QTextCodec>
@@ -254,38 +255,9 @@ private slots:
         }));
     }
 
-    void damage_data() { golden_data(); }
-    void damage()
-    {
-        QFETCH(int, index);
-        QFETCH(bool, saved);
-        const QByteArray whole = goldenBlock(goldens().at(index), saved);
-        const int headerEnd = 1 + header(headerFields(goldens().at(index), saved)).size();
-        for (int size = 0; size < whole.size(); ++size) {
-            QCOMPARE(reread(whole.left(size), saved) != nullptr, size >= headerEnd);
-        }
-        for (int at = 0; at < whole.size(); ++at) {
-            for (const char value : {'\x00', '\x7F', '\x80', '\xFF'}) {
-                QByteArray bytes = whole;
-                bytes[at] = value;
-                recordingHost().calls.clear();
-                const auto read = reread(bytes, saved);
-                QVERIFY(recordingHost().calls.size() <= 2);
-                if (read) {
-                    QVERIFY(rewritten(*read, saved).size() > 60);
-                }
-            }
-        }
-    }
-
     void headerLength_data()
     {
-        QTest::addColumn<qint64>("length");
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<quint32>("objId");
-        const auto row = [](const char *name, qint64 length, bool accepted, quint32 objId) {
-            QTest::newRow(name) << length << accepted << objId;
-        };
+        const Rows<qint64, bool, quint32> row("length", "accepted", "objId");
         row("honest", honest, true, 13650);
         row("0 leaves no fields", 0, true, 0);
         row("7 leaves no fields", 7, true, 0);
@@ -368,8 +340,8 @@ private slots:
         row("record length 0 does not skip", 13395, section(37, hex("01 0000 00 03 01 02 0140 01 02 03 04 05")),
             "ai 1 3:0,1,2,320/0102030405000000 aq 0");
         row("record beyond its section", 13395,
-            section(37, hex("01 0001 00 03 01")) + section(38, hex("01 0007 05 09 01 8000 02 03")),
-            "ai 1 aq 1 9:5,1,-32768,2,3");
+            section(37, hex("01 0001 00 03 01")) + section(38, hex("02 0007 05 09 01 8000 02 03 0002 05 08")),
+            "ai 1 aq 2 9:5,1,-32768,2,3");
         row("unknown family has no range bytes", 13395, section(37, hex("01 0006 07 03 01 02 0140")),
             "ai 1 3:7,1,2,320/0000000000000000 aq 0");
 
@@ -427,27 +399,6 @@ private slots:
         QCOMPARE(saveModule(weighing).right(9).toHex(), hex("00000009 00 29 0000 02").toHex());
     }
 
-    void unknownTypeCode()
-    {
-        qint32 result = 0;
-        const QByteArray bytes = block(header(be32(13400) + hex("0102")), {section(38, hex("00"))});
-        QVERIFY(!recompileModule(bytes, owner, &result));
-        QCOMPARE(result, 129);
-        const auto read = restoreModule(bytes, owner);
-        QVERIFY(read);
-        QCOMPARE((QList<int>{int(read->objId), read->rackId, read->inMap.unit}), (QList<int>{13400, -1, 2}));
-    }
-
-    void missingComponentFile()
-    {
-        m_catalog->remove(QStringLiteral("9/module.cmp"));
-        qint32 result = 55;
-        QVERIFY(!restoreModule(goldenBlock(goldens().at(3), true), owner));
-        QVERIFY(!recompileModule(goldenBlock(goldens().at(3), false), owner, &result));
-        QCOMPARE(result, 0);
-        QCOMPARE(recordingHost().calls, goldens().at(3).claims + goldens().at(3).claims);
-    }
-
     void markerZeroClearsTheInterruptTable()
     {
         QByteArray bytes = goldenBlock(goldens().last(), true);
@@ -474,14 +425,12 @@ private slots:
 
     void textLengths_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("comment");
+        const Rows<QString, QString, QString> row("text", "name", "comment");
         const auto letters = [](int count) { return QString(count, QLatin1Char('x')); };
-        QTest::newRow("127 bytes") << letters(127) << letters(127) << letters(127);
-        QTest::newRow("128 bytes read as a negative name length") << letters(128) << QString() << letters(128);
-        QTest::newRow("255 bytes") << letters(255) << QString() << letters(255);
-        QTest::newRow("260 bytes are cut to 4") << letters(260) << letters(4) << letters(4);
+        row("127 bytes", letters(127), letters(127), letters(127));
+        row("128 bytes read as a negative name length", letters(128), QString(), letters(128));
+        row("255 bytes", letters(255), QString(), letters(255));
+        row("260 bytes are cut to 4", letters(260), letters(4), letters(4));
     }
     void textLengths()
     {

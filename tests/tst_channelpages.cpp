@@ -1,6 +1,7 @@
 // The pages with a row per channel, driven through their widgets.
 #include "boxrecorder.h"
 #include "pagefixture.h"
+#include "rows.h"
 #include "saifilterwgt.h"
 #include "sairangewgt.h"
 #include "saqouttblwgt.h"
@@ -240,14 +241,8 @@ private slots:
 
     void offers_data()
     {
-        QTest::addColumn<const Kind *>("kind");
-        QTest::addColumn<QString>("record");
-        QTest::addColumn<QString>("titles");      // of a table's columns; else the labels and where they lead
-        QTest::addColumn<QStringList>("choices"); // of each combo box of channel 0, from left to right
-        const auto row = [](const char *name, const Kind &kind, const char *record, const QString &titles,
-                            const QStringList &choices) {
-            QTest::newRow(name) << &kind << QString(record) << titles << choices;
-        };
+        // Titles of a table's columns, else the labels and where they lead; choices of each combo box of channel 0.
+        const Rows<const Kind *, QString, QString, QStringList> row("kind", "record", "titles", "choices");
         const QString onOff = "Disable|Enable";
         const QString slow = "100ms|200ms|500ms|1s|5s";
         const QString ways = "Upscale|Downscale";
@@ -264,27 +259,27 @@ private slots:
         const QString common = "Channel|Enable|Filter Time|Input Range|Open Wire Detect|Direction";
         const QString cold = common + "|Cold Junction|Temperature Scale";
         const QString wires = common + "|Wiring Scheme|Temperature Scale";
-        row("voltage and current", aiRange<13395>, "0:-", common, volts);
-        row("a thermocouple among them", aiRange<13395>, "1:-", common, couple.mid(0, volts.size()));
-        row("thermocouple without channels", aiRange<13396>, "", cold, {});
-        row("voltage among resistances", aiRange<13397>, "0:-", wires, volts);
-        row("another code, no channel", aiRange<13570>, "", common, {});
-        row("another code, first channel thermocouple", aiRange<13398>, "1:- 2:-", cold, couple);
-        row("another code, first channel resistance", aiRange<13399>, "2:-", wires, resistance);
-        row("another code, family unknown", aiRange<13399>, "9:-", common, {});
-        row("weighing", weighing, "-",
+        row("voltage and current", &aiRange<13395>, "0:-", common, volts);
+        row("a thermocouple among them", &aiRange<13395>, "1:-", common, couple.mid(0, volts.size()));
+        row("thermocouple without channels", &aiRange<13396>, "", cold, {});
+        row("voltage among resistances", &aiRange<13397>, "0:-", wires, volts);
+        row("another code, no channel", &aiRange<13570>, "", common, {});
+        row("another code, first channel thermocouple", &aiRange<13398>, "1:- 2:-", cold, couple);
+        row("another code, first channel resistance", &aiRange<13399>, "2:-", wires, resistance);
+        row("another code, family unknown", &aiRange<13399>, "9:-", common, {});
+        row("weighing", &weighing, "-",
             "Channel|Enable|Sensitivity|Limit Freq|Filter Depth|Sub Max|Sub Min|Filter Mode|Sample Freq|Boot Clear",
             {"0=Disable|1=Enable",
              "1=1Hz|2=2Hz|3=5Hz|4=10Hz|5=15Hz|6=25Hz|7=30Hz|8=50Hz|9=60Hz|10=100Hz|11=500Hz|12=1000Hz|13=2000Hz|"
              "14=3000Hz",
              "0=Default|1=Disable", "1=50Hz|2=60Hz|3=100Hz|4=400Hz|5=1200Hz|6=2400Hz"});
-        row("input filter delays", diFilter, "16 0000",
+        row("input filter delays", &diFilter, "16 0000",
             "I0.0 - I0.3filter_0|I0.4 - I0.7filter_1|I1.0 - I1.3filter_2|I1.4 - I1.7filter_3",
             {"0.20ms|0.40ms|0.80ms|1.60ms|3.20ms|6.40ms|12.8ms"});
-        row("digital outputs", dqTable, "16 0000", "Q0.xoutput_0|Q1.xoutput_8", {});
-        row("samples", aiFilter, "-", "", {"2|4|8|16|32|64|128|256"});
-        row("stop values", aqTable, "- - -", "AQW0:stopValue_0|AQW2:stopValue_1|AQW4:stopValue_2", {});
-        row("output types", aqType, "- -", "Channel 0:enable_0|Channel 1:enable_1",
+        row("digital outputs", &dqTable, "16 0000", "Q0.xoutput_0|Q1.xoutput_8", {});
+        row("samples", &aiFilter, "-", "", {"2|4|8|16|32|64|128|256"});
+        row("stop values", &aqTable, "- - -", "AQW0:stopValue_0|AQW2:stopValue_1|AQW4:stopValue_2", {});
+        row("output types", &aqType, "- -", "Channel 0:enable_0|Channel 1:enable_1",
             {onOff, "0~10V|+/-10v|0~20mA|4~20mA"});
     }
     void offers()
@@ -349,13 +344,9 @@ private slots:
 
     void leadsTheKeyboardToHiddenRows_data()
     {
-        QTest::addColumn<const Kind *>("kind");
-        QTest::addColumn<QString>("way");
-        const auto row = [](const char *name, const Kind &kind, const char *way) {
-            QTest::newRow(name) << &kind << QString(way);
-        };
-        row("a table", weighing, "filterMode_200 sampleFreq_200 bootClear_200 enable_201");
-        row("rows that scroll", aiFilter, "deadband_99 filterOn_100 samples_100 deadband_100");
+        const Rows<const Kind *, QString> row("kind", "way");
+        row("a table", &weighing, "filterMode_200 sampleFreq_200 bootClear_200 enable_201");
+        row("rows that scroll", &aiFilter, "deadband_99 filterOn_100 samples_100 deadband_100");
     }
     void leadsTheKeyboardToHiddenRows()
     {

@@ -2,6 +2,7 @@
 #include "boxrecorder.h"
 #include "defaultbuilder.h"
 #include "modulestate.h"
+#include "rows.h"
 #include "simpleextendcfgdlg.h"
 #include "simulatedbase.h"
 #include "simulatedhelp.h"
@@ -324,12 +325,11 @@ private slots:
     // before every way out.
     void startsAgreeWithTheMap_data()
     {
-        QTest::addColumn<QString>("wayOut");
-        QTest::addColumn<int>("steps");
-        QTest::newRow("accepted in the end") << "ok" << 3;
-        QTest::newRow("cancelled") << "cancel" << 3;
-        QTest::newRow("closed") << "close" << 1;
-        QTest::newRow("escaped") << "escape" << 1;
+        const Rows<QString, int> row("wayOut", "steps");
+        row("accepted in the end", "ok", 3);
+        row("cancelled", "cancel", 3);
+        row("closed", "close", 1);
+        row("escaped", "escape", 1);
     }
     void startsAgreeWithTheMap()
     {

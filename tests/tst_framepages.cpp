@@ -2,6 +2,7 @@
 #include "boxrecorder.h"
 #include "pagefixture.h"
 #include "recordinghost.h"
+#include "rows.h"
 #include "saddrmapwgt.h"
 #include "sgeneralwgt.h"
 #include "simpleextendpar.h"
@@ -50,12 +51,8 @@ private slots:
 
     void general_data()
     {
-        QTest::addColumn<QString>("before"); // the comment; the bar is the cursor
-        QTest::addColumn<QString>("pasted");
-        QTest::addColumn<QString>("saved");
-        const auto row = [](const char *name, const QString &before, const QString &pasted, const QString &saved) {
-            QTest::newRow(name) << before << pasted << saved;
-        };
+        // before: the comment; the bar is the cursor
+        const Rows<QString, QString, QString> row("before", "pasted", "saved");
         const QString inside = letters(100) + '|' + letters(150);
         row("too much into an empty comment", "|", letters(300), letters(250) + '|');
         row("into the middle of a full comment", inside, "b", inside);
@@ -117,13 +114,8 @@ private slots:
 
     void address_data()
     {
-        QTest::addColumn<IoMap>("range");
-        QTest::addColumn<QString>("edits");
-        QTest::addColumn<int>("start");
-        QTest::addColumn<QString>("shown"); // maximum, tool tip, length, unit, end, memory
-        const auto row = [](const char *name, const IoMap &range, int start, const char *shown, const char *edits) {
-            QTest::newRow(name) << range << QString(edits) << start << QString(shown);
-        };
+        // shown: maximum, tool tip, length, unit, end, memory
+        const Rows<IoMap, int, QString, QString> row("range", "start", "shown", "edits");
         row("words", {6, 10, 4, 1, 2}, 24, "1000 0~1000 4 Words 31 AI", "inputStart=24");
         row("odd words snap back", {6, 10, 4, 1, 2}, 10, "1000 0~1000 4 Words 17 AI", "inputStart=25");
         row("an odd place may stay", {6, 11, 4, 1, 2}, 11, "1000 0~1000 4 Words 18 AI", "inputStart=13");
@@ -165,12 +157,7 @@ private slots:
 
     void saveCalls_data()
     {
-        QTest::addColumn<QString>("edits");
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<QString>("done"); // calls and starts
-        const auto row = [](const char *name, const char *edits, int answer, const QString &done) {
-            QTest::newRow(name) << QString(edits) << answer << "backup plc, " + done;
-        };
+        const Rows<QString, int, QString> row("edits", "answer", "done");
         const QString in = "free plc 6 2 8, get plc 6 20 8, ";
         const QString out = "free plc 7 4 4, get plc 7 30 4, ";
         row("nothing moves, the snapshot stays open", "", 1, "2 4");
@@ -194,7 +181,8 @@ private slots:
         BoxRecorder boxes;
         QCOMPARE(page.saveData(), held);
         const QString starts = QStringLiteral("%1 %2").arg(par.inMap.start).arg(par.outMap.start);
-        QTEST((recordingHost().takeCalls() << starts).join(", "), "done");
+        QCOMPARE(recordingHost().calls.takeFirst(), QString("backup plc"));
+        QTEST((recordingHost().takeCalls() << starts).join(", "), "done"); // calls and starts
         QCOMPARE(boxes.told, held ? QStringList() : QStringList{"warning, X: " + getMemoryErrStrByErrCode(answer)});
     }
 

@@ -1,4 +1,5 @@
 // The simulated host: memory service against a byte-per-byte model, conversions, catalog, help.
+#include "rows.h"
 #include "simulatedhost.h"
 
 #include <QDir>
@@ -109,11 +110,8 @@ private slots:
 
     void refusalsNameAreaAndAddresses_data()
     {
-        QTest::addColumn<QVector<int>>("request"); // area, start, length; the answer
-        QTest::addColumn<QString>("told");         // parts of the error text
-        const auto row = [](const char *name, const QVector<int> &request, const char *told) {
-            QTest::newRow(name) << request << QString(told);
-        };
+        // request: area, start, length; the answer; told: parts of the error text
+        const Rows<QVector<int>, QString> row("request", "told");
         row("no owner", {6, 0, 8, NoOwner}, "0 to 7.*analog inputs");
         row("an area that no controller has", {131, 4, 8, UnknownArea}, "4 to 11.*area 131");
         row("no byte", {7, 20, 0, EmptyRange}, "20.*analog outputs");

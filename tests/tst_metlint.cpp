@@ -5,6 +5,7 @@
 #include "metfields.h"
 #include "metreader.h"
 #include "recordinghost.h"
+#include "rows.h"
 
 #include <QProcess>
 #include <QTextCodec>
@@ -93,13 +94,7 @@ private slots:
     // The rule that a row is about stands first, where the file breaks several.
     void finding_data()
     {
-        QTest::addColumn<QString>("found");
-        QTest::addColumn<QByteArray>("written");
-        QTest::addColumn<QByteArray>("meant");
-        QTest::addColumn<QString>("reads");
-        const auto row = [](const char *found, const QByteArray &written, const QByteArray &meant, const char *reads) {
-            QTest::newRow(found) << QString::fromLatin1(found) << written << meant << QString::fromUtf8(reads);
-        };
+        const Rows<QByteArray, QByteArray, QString> row("written", "meant", "reads");
         const auto line = [&row](const char *found, const char *written, const char *meant, const char *reads) {
             row(found, entry(written + QByteArray(1, '\n')), entry(meant + QByteArray(1, '\n')), reads);
         };
@@ -171,7 +166,7 @@ private slots:
     }
     void finding()
     {
-        QFETCH(QString, found);
+        const QString found = QTest::currentDataTag();
         QFETCH(QByteArray, written);
         QFETCH(QByteArray, meant);
         QFETCH(QString, reads);
@@ -190,15 +185,14 @@ private slots:
 
     void fileName_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<quint32>("code");
-        QTest::newRow("lower-case digits") << "hw00003a00.met" << 0x3A00U;
-        QTest::newRow("without leading zeros") << "hw3A00.met" << 0x3A00U;
-        QTest::newRow("code 4 is looked up as 3") << "hw00000004.met" << 4U;
+        const Rows<quint32> row("code"); // that the file of this name describes
+        row("hw00003a00.met", 0x3A00);   // lower-case digits
+        row("hw3A00.met", 0x3A00);       // without leading zeros
+        row("hw00000004.met", 4);        // looked up as 3
     }
     void fileName()
     {
-        QFETCH(QString, name);
+        const QString name = QTest::currentDataTag();
         QFETCH(quint32, code);
         CatalogFolder catalog;
         const QByteArray content = entry().replace("3453", QByteArray::number(code, 16));
@@ -246,12 +240,8 @@ private slots:
 
     void program_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("exitCode");
-        QTest::addColumn<QString>("output"); // "@DIR@" stands for the catalog's folder
-        const auto row = [](const char *name, const QStringList &arguments, int exitCode, const char *output) {
-            QTest::newRow(name) << arguments << exitCode << QString::fromUtf8(output);
-        };
+        // output: "@DIR@" stands for the catalog's folder
+        const Rows<QStringList, int, QString> row("arguments", "exitCode", "output");
         const char *message =
             "@DIR@/6/hw00003453.met:5:9: warning: the quotation marks are part of ObjName [quoted-value]\n";
         const char *json =
