@@ -27,6 +27,12 @@ if(SIMPLEEXTEND_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(SIMPLEEXTEND_COVERAGE)
+    # Every program and library writes its counters when it ends, processes at the same time add theirs up.
+    add_compile_options(--coverage -O0)
+    add_link_options(--coverage)
+endif()
+
 if(SIMPLEEXTEND_FUZZ)
     if(NOT CMAKE_CXX_COMPILER_ID MATCHES Clang)
         message(FATAL_ERROR "SIMPLEEXTEND_FUZZ needs clang's fuzzing engine")
