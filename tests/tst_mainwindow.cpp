@@ -6,6 +6,7 @@
 #include "mainwindow.h"
 #include "memoryview.h"
 #include "rackview.h"
+#include "rows.h"
 #include "simulatedhost.h"
 
 #include <QAction>
@@ -17,6 +18,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QProcess>
 #include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
@@ -163,10 +165,20 @@ private slots:
         QVERIFY(cell({0, 1}).endsWith("Q 2..3"));
         press(m_racks, Qt::Key_Down, Qt::ControlModifier); // the pasted one is current
         QVERIFY(cell({1, 1}).endsWith("Q 2..3"));
+        answerNext<QDialog>([](QDialog *dialog) {
+            const auto *ok = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+            dialog->findChild<QSpinBox *>("rackSpin")->setValue(0);
+            dialog->findChild<QSpinBox *>("slotSpin")->setValue(0);
+            const bool offersTakenSlot = ok->isEnabled();
+            dialog->findChild<QSpinBox *>("slotSpin")->setValue(5);
+            dialog->done(ok->isEnabled() && !offersTakenSlot ? QDialog::Accepted : QDialog::Rejected);
+        });
+        trigger("placeAction");
+        QVERIFY(cell({0, 5}).endsWith("Q 2..3"));
         m_racks->setCurrentPlace({0, 0});
         press(m_racks, Qt::Key_Delete);
         QCOMPARE(cell({0, 0}), QString("Rack 0, slot 0: free"));
-        for (int step = 0; step < 3; ++step) {
+        for (int step = 0; step < 4; ++step) {
             press(m_racks, Qt::Key_Z, Qt::ControlModifier);
         }
         QCOMPARE(cell({0, 0}), placed);
@@ -243,6 +255,28 @@ private slots:
         trigger("newAction");
         QVERIFY(cell({0, 0}).contains("Relay"));
         QVERIFY(m_window->isWindowModified());
+    }
+
+    void programWithoutAWindow_data()
+    {
+        const Rows<int, QString> row("exitCode", "output"); // of the program with these arguments
+        row("--table", 0, "19 modules, \\d+ bytes compiled; 0 round trips failed\\.\n\\(\\*\\) A double-word.*\n$");
+        row("--table --library absent.so", 1, "^The plug-in cannot be loaded: .*absent.so");
+        row("--table absent.station", 1, "^absent.station: No such file or directory\n$");
+        row("--unknown --table", 2, "^Unknown option 'unknown'");
+        row("--batch", 2, "^--batch takes a project file");
+        row("--table --version", 0, "^workbench \\d");
+    }
+    void programWithoutAWindow()
+    {
+        QFETCH(QString, output);
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(WORKBENCH_PROGRAM, QString(QTest::currentDataTag()).split(' '));
+        QVERIFY(process.waitForFinished());
+        QTEST(process.exitCode(), "exitCode");
+        const QString written = process.readAll();
+        QVERIFY2(written.contains(QRegularExpression(output)), qPrintable(written));
     }
 };
 
