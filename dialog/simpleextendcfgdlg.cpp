@@ -21,7 +21,6 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -293,8 +292,6 @@ void SimpleExtendcfgdlg::revealField(QWidget *field)
     field->setFocus(Qt::OtherFocusReason); // its page scrolls to it
     if (auto *spinBox = qobject_cast<QAbstractSpinBox *>(field)) {
         spinBox->selectAll();
-    } else if (auto *lineEdit = qobject_cast<QLineEdit *>(field)) {
-        lineEdit->selectAll();
     }
 }
 

@@ -38,7 +38,7 @@ protected:
     void setUp();
 
     virtual void initUI() = 0;
-    virtual void initConnect() {}
+    virtual void initConnect() = 0;
     /// Sets the sizes that depend on the font; called once the page is built and whenever its font changes.
     virtual void fitToFont() {}
     bool eventFilter(QObject *watched, QEvent *event) override;
