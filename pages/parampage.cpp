@@ -140,6 +140,11 @@ QPushButton *ParamPage::newDefaultsButton()
     return m_btnDefault;
 }
 
+void ParamPage::addDefaultsButton(QBoxLayout *layout)
+{
+    layout->addWidget(newDefaultsButton(), 0, Qt::AlignRight);
+}
+
 QPushButton *ParamPage::newButton(const QString &text, const QString &objectName)
 {
     auto *button = new QPushButton(text);
@@ -180,6 +185,7 @@ QVBoxLayout *ParamPage::newPageLayout()
 
 QWidget *ParamPage::newRowArea(QWidget *rows)
 {
+    rows->layout()->setAlignment(Qt::AlignTop);
     auto *area = new RowArea;
     showSeamlessly(area, rows);
     return area;

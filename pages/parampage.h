@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QWidget>
 
+class QBoxLayout;
 class QComboBox;
 class QLabel;
 class QPushButton;
@@ -52,6 +53,8 @@ protected:
     static QLabel *newDescription(const QString &text);
     /// The "Defaults" button, which the page places.
     QPushButton *newDefaultsButton();
+    /// The same button in its usual place, at the right of a row of its own.
+    void addDefaultsButton(QBoxLayout *layout);
     static QPushButton *newButton(const QString &text, const QString &objectName);
     /// A label that leads to @p editor.
     static QLabel *newLabel(const QString &text, QWidget *editor);
@@ -63,7 +66,7 @@ protected:
     /// The layout for all that the page consists of; a page that is larger than its place scrolls.
     QVBoxLayout *newPageLayout();
     /// The rows of a page, as many as there are channels: they scroll by themselves, so that the buttons below them
-    /// can be seen. The area becomes the parent of @p rows, which has its layout.
+    /// can be seen, and stay together at the top. The area becomes the parent of @p rows, which has its layout.
     static QWidget *newRowArea(QWidget *rows);
 
     SimpleExtendPar *m_par;

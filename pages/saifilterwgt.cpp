@@ -34,7 +34,7 @@ void SAIFilterWgt::initUI()
         tr("The analog value the PLC used is the average of the number of samples taken,if the Analog Input Filter is "
            "selected. If the actual analog value exceeds the average value by more than the deadband, the average "
            "will be replaced with the actual value.")));
-    layout->addWidget(newDefaultsButton(), 0, Qt::AlignRight);
+    addDefaultsButton(layout);
 
     auto *frame = new QFrame;
     frame->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -44,7 +44,7 @@ void SAQOutTblWgt::initUI()
     QVBoxLayout *layout = newPageLayout();
     layout->addWidget(newDescription(
         tr("You can configure the value of each analog output on transition from RUN to STOP of the PLC.")));
-    layout->addWidget(newDefaultsButton(), 0, Qt::AlignRight);
+    addDefaultsButton(layout);
 
     auto *group = new QGroupBox(tr("Values on transition from RUN to STOP"));
     group->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -69,7 +69,6 @@ void SAQOutTblWgt::initUI()
         m_freeze.append(freeze);
         m_stopValues.append(stopValue);
     }
-    grid->setRowStretch(m_par->aqCount, 1);
     auto *groupLayout = new QVBoxLayout(group);
     groupLayout->addWidget(newRowArea(channels));
     layout->addWidget(group);

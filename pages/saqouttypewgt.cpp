@@ -32,7 +32,7 @@ void SAQOutTypeWgt::initUI()
 {
     QVBoxLayout *layout = newPageLayout();
     layout->addWidget(newDescription(tr("You can configure the value of each analog output type of the PLC.")));
-    layout->addWidget(newDefaultsButton(), 0, Qt::AlignRight);
+    addDefaultsButton(layout);
 
     // The title is that of the output table page on purpose, although this page sets types.
     auto *group = new QGroupBox(tr("Values on transition from RUN to STOP"));

@@ -62,7 +62,6 @@ void SDIFilterWgt::initUI()
         grid->addWidget(filter, row, 1);
         m_filters.append(filter);
     }
-    grid->setRowStretch(rowCount, 1);
 
     auto *groupLayout = new QVBoxLayout(group);
     groupLayout->setContentsMargins(50, 9, 50, 9);
@@ -70,7 +69,7 @@ void SDIFilterWgt::initUI()
     groupLayout->addWidget(newDescription(
         tr("You can select the time that the input must remain constant before the signalis caught by the PLC.")));
     groupLayout->addWidget(newRowArea(rows), 1);
-    groupLayout->addWidget(newDefaultsButton(), 0, Qt::AlignRight);
+    addDefaultsButton(groupLayout);
     QVBoxLayout *layout = newPageLayout();
     layout->addWidget(group);
 }

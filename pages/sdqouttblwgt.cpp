@@ -92,7 +92,6 @@ QWidget *SDQOutTblWgt::newOutputGrid()
         m_outputs.append(box);
     }
     grid->setColumnStretch(outputsPerByte + 1, 1);
-    grid->setRowStretch(grid->rowCount(), 1);
     return outputs;
 }
 

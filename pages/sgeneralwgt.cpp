@@ -75,7 +75,7 @@ void SGeneralWgt::initUI()
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(newDescription(tr("You can adjust the name and comment for the object.")));
-    layout->addWidget(newDefaultsButton(), 0, Qt::AlignRight);
+    addDefaultsButton(layout);
     auto *information = new QGroupBox(tr("Information"));
     layout->addWidget(information);
 
