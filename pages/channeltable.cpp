@@ -1,22 +1,76 @@
 #include "channeltable.h"
 
-#include <QHeaderView>
+#include "basewidgets.h"
+#include "choices.h"
 
-ChannelTable::ChannelTable(int channels, const QStringList &titles, QWidget *parent)
-    : QTableWidget(channels, titles.size(), parent)
+#include <QHeaderView>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+
+namespace {
+
+/// Gives the whole cell to its editor, without asking the editor for its least size: the columns are wide enough.
+class CellDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                              const QModelIndex & /*index*/) const override
+    {
+        editor->setGeometry(option.rect);
+    }
+};
+
+/// The row headers. Their numbers are as wide as the last one, so that a hundred need not be measured.
+class NumberHeader : public QHeaderView {
+public:
+    explicit NumberHeader(QWidget *parent) : QHeaderView(Qt::Vertical, parent)
+    {
+        setSectionsClickable(true);
+        setHighlightSections(true);
+    }
+
+    QSize sizeHint() const override
+    {
+        return count() == 0 ? QHeaderView::sizeHint() : sectionSizeFromContents(count() - 1);
+    }
+};
+
+} // namespace
+
+ChannelTable::ChannelTable(int channels, const QStringList &titles, QWidget *parent) : QTableWidget(parent)
 {
+    setItemDelegate(new CellDelegate(this));
+    setVerticalHeader(new NumberHeader(this));
+    setColumnCount(titles.size());
+    setRowCount(channels);
     setHorizontalHeaderLabels(titles);
     setAutoScroll(false);
     // The Tab key goes from editor to editor, which the table's own navigation between cells would prevent.
     setTabKeyNavigation(false);
     setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    const QSignalBlocker blocker(model()); // nobody has seen the empty cells
     for (int channel = 0; channel < channels; ++channel) {
-        auto *number = new QTableWidgetItem(QString::number(channel));
+        const QString text = QString::number(channel);
+        setVerticalHeaderItem(channel, new QTableWidgetItem(text));
+        auto *number = new QTableWidgetItem(text);
         number->setTextAlignment(Qt::AlignCenter);
         number->setFlags(number->flags() & ~Qt::ItemIsEditable);
         setItem(channel, 0, number);
     }
+}
+
+QComboBox *ChannelTable::newComboBox(const ChoiceList &choices)
+{
+    auto texts = m_texts.find(&choices);
+    if (texts == m_texts.end()) {
+        texts = m_texts.insert(&choices, choices.texts());
+    }
+    auto *editor = new MComboBoxEx(viewport());
+    const QSignalBlocker blocker(editor->model()); // which would select the first text
+    editor->addItems(*texts);
+    return editor;
 }
 
 void ChannelTable::setEditor(int channel, int column, QWidget *editor)

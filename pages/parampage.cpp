@@ -161,8 +161,9 @@ QLabel *ParamPage::newLabel(const QString &text, QWidget *editor)
 
 void ParamPage::nameEditor(QWidget *editor, const QString &stem, int channel, const QString &column)
 {
-    editor->setObjectName(QStringLiteral("%1_%2").arg(stem).arg(channel));
-    editor->setAccessibleName(tr("Channel %1, %2").arg(channel).arg(column));
+    const QString number = QString::number(channel);
+    editor->setObjectName(stem + QLatin1Char('_') + number);
+    editor->setAccessibleName(tr("Channel %1, %2").arg(number, column));
 }
 
 void ParamPage::storeSelection(const QComboBox *editor, quint8 &stored)

@@ -1,10 +1,10 @@
 #include "sairangewgt.h"
 
-#include "basewidgets.h"
 #include "channeltable.h"
 #include "choices.h"
 #include "modulekind.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -131,13 +131,9 @@ void SAIRangeWgt::initUI()
     }
     m_table = new ChannelTable(m_par->aiCount, titles);
     m_table->setObjectName(QStringLiteral("rangeTable"));
-    QStringList numbers;
-    ChoiceTexts texts;
     for (int channel = 0; channel < m_par->aiCount; ++channel) {
-        numbers.append(QString::number(channel));
-        m_rows.append(newRow(channel, texts));
+        m_rows.append(newRow(channel));
     }
-    m_table->setVerticalHeaderLabels(numbers);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(newDescription(tr("You can adjust the range parameters.")));
@@ -145,7 +141,7 @@ void SAIRangeWgt::initUI()
     layout->addWidget(m_table);
 }
 
-SAIRangeWgt::Row SAIRangeWgt::newRow(int channel, ChoiceTexts &texts)
+SAIRangeWgt::Row SAIRangeWgt::newRow(int channel)
 {
     Row row{};
     const int family = channelFamily(channel);
@@ -153,14 +149,7 @@ SAIRangeWgt::Row SAIRangeWgt::newRow(int channel, ChoiceTexts &texts)
     const QVector<const RangeColumn *> columns = columnsOf(family).mid(0, m_table->columnCount() - 1);
     for (int i = 0; i < columns.size(); ++i) {
         const RangeColumn &column = *columns.at(i);
-        const ChoiceList *const choices = column.choices.at(static_cast<std::size_t>(family));
-        auto list = texts.find(choices);
-        if (list == texts.end()) {
-            list = texts.insert(choices, choices->texts());
-        }
-        auto *editor = new MComboBoxEx(m_table);
-        editor->addItems(*list);
-        editor->setCurrentIndex(-1);
+        QComboBox *editor = m_table->newComboBox(*column.choices.at(static_cast<std::size_t>(family)));
         nameEditor(editor, QString::fromLatin1(column.stem), channel, tr(column.title));
         m_table->setEditor(channel, i + 1, editor);
         row.at(column.byte) = editor;

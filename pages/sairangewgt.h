@@ -4,14 +4,11 @@
 #include "parampage.h"
 #include "simpleextendpar.h"
 
-#include <QHash>
-#include <QStringList>
 #include <QVector>
 
 #include <array>
 
 class ChannelTable;
-class ChoiceList;
 class QComboBox;
 
 /// Range, filter time and wiring of each analog input, with the editors of the channel's signal family.
@@ -37,12 +34,9 @@ private:
     /// Editors of a channel by AiRangeByte, null where its signal family has none.
     using Row = std::array<QComboBox *, AiRangeByteCount>;
 
-    /// The texts of every list in use, made once for all rows.
-    using ChoiceTexts = QHash<const ChoiceList *, QStringList>;
-
     int headerFamily() const;
     int channelFamily(int channel) const;
-    Row newRow(int channel, ChoiceTexts &texts);
+    Row newRow(int channel);
     static void showWireDetection(const Row &row);
 
     ChannelTable *m_table = nullptr;

@@ -1,10 +1,10 @@
 #include "sweightparcfgwgt.h"
 
-#include "basewidgets.h"
 #include "channeltable.h"
 #include "choices.h"
 #include "simpleextendpar.h"
 
+#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -82,16 +82,13 @@ constexpr std::array weighColumns = {
 };
 constexpr std::size_t filterDepthPlace = 3;
 
-/// @p texts are those of the column's choices, made once for all rows.
-QComboBox *newComboBox(const WeighColumn &column, const QStringList &texts, QWidget *parent)
+QComboBox *newComboBox(const ChoiceList &choices, ChannelTable *table)
 {
-    auto *editor = new MComboBoxEx(parent);
-    editor->addItems(texts);
+    QComboBox *editor = table->newComboBox(choices);
     const QSignalBlocker blocker(editor->model()); // the codes change nothing that is shown
-    for (int i = 0; i < texts.size(); ++i) {
-        editor->setItemData(i, column.choices->at(i).code);
+    for (int i = 0; i < choices.size(); ++i) {
+        editor->setItemData(i, choices.at(i).code);
     }
-    editor->setCurrentIndex(-1);
     return editor;
 }
 
@@ -104,15 +101,15 @@ SpinBox *newSpinBox(const WeighColumn &column, QWidget *parent)
     return editor;
 }
 
-QWidget *newEditor(const WeighColumn &column, const QStringList &texts, QWidget *parent)
+QWidget *newEditor(const WeighColumn &column, ChannelTable *table)
 {
     if (column.choices != nullptr) {
-        return newComboBox(column, texts, parent);
+        return newComboBox(*column.choices, table);
     }
     if (column.decimals == 0) {
-        return newSpinBox<QSpinBox>(column, parent);
+        return newSpinBox<QSpinBox>(column, table->viewport());
     }
-    auto *editor = newSpinBox<QDoubleSpinBox>(column, parent);
+    auto *editor = newSpinBox<QDoubleSpinBox>(column, table->viewport());
     editor->setDecimals(column.decimals);
     editor->setMinimumWidth(sensitivityWidth);
     return editor;
@@ -151,12 +148,8 @@ SWeightParCfgWgt::SWeightParCfgWgt(SimpleExtendPar *par, SimpleExtendPar * /*def
 void SWeightParCfgWgt::initUI()
 {
     QStringList titles{tr("Channel")};
-    std::array<QStringList, editorCount> texts;
-    for (std::size_t i = 0; i < weighColumns.size(); ++i) {
-        titles.append(tr(weighColumns.at(i).title));
-        if (weighColumns.at(i).choices != nullptr) {
-            texts.at(i) = weighColumns.at(i).choices->texts();
-        }
+    for (const WeighColumn &column : weighColumns) {
+        titles.append(tr(column.title));
     }
     m_table = new ChannelTable(m_par->weighCount, titles);
     m_table->setObjectName(QStringLiteral("weighTable"));
@@ -168,7 +161,7 @@ void SWeightParCfgWgt::initUI()
         Row row{};
         for (std::size_t i = 0; i < weighColumns.size(); ++i) {
             const int place = static_cast<int>(i) + 1;
-            row.at(i) = newEditor(weighColumns.at(i), texts.at(i), m_table);
+            row.at(i) = newEditor(weighColumns.at(i), m_table);
             nameEditor(row.at(i), QString::fromLatin1(weighColumns.at(i).stem), channel, titles.at(place));
             m_table->setEditor(channel, place, row.at(i));
         }
