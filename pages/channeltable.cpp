@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QSignalBlocker>
+#include <QStandardItemModel>
 #include <QStyledItemDelegate>
 
 namespace {
@@ -36,6 +37,16 @@ public:
     }
 };
 
+QStandardItemModel *itemModelOf(QComboBox *editor)
+{
+    auto *model = qobject_cast<QStandardItemModel *>(editor->model());
+    if (model == nullptr) { // the combo boxes are the host's, which may come with a model of another kind
+        model = new QStandardItemModel(editor);
+        editor->setModel(model);
+    }
+    return model;
+}
+
 } // namespace
 
 ChannelTable::ChannelTable(int channels, const QStringList &titles, QWidget *parent) : QTableWidget(parent)
@@ -61,15 +72,34 @@ ChannelTable::ChannelTable(int channels, const QStringList &titles, QWidget *par
     }
 }
 
-QComboBox *ChannelTable::newComboBox(const ChoiceList &choices)
+const QStandardItem &ChannelTable::itemsOf(const ChoiceList &choices, ItemData itemData)
 {
-    auto texts = m_texts.find(&choices);
-    if (texts == m_texts.end()) {
-        texts = m_texts.insert(&choices, choices.texts());
+    QStandardItem &list = m_items[{&choices, itemData}];
+    if (!list.hasChildren()) {
+        const QStringList texts = choices.texts();
+        for (int i = 0; i < choices.size(); ++i) {
+            auto *item = new QStandardItem(texts.at(i));
+            if (itemData == Codes) {
+                item->setData(choices.at(i).code, Qt::UserRole);
+            }
+            list.appendRow(item);
+        }
+    }
+    return list;
+}
+
+QComboBox *ChannelTable::newComboBox(const ChoiceList &choices, ItemData itemData)
+{
+    const QStandardItem &list = itemsOf(choices, itemData);
+    QList<QStandardItem *> items;
+    items.reserve(list.rowCount());
+    for (int i = 0; i < list.rowCount(); ++i) {
+        items.append(list.child(i)->clone()); // shares the text with its original
     }
     auto *editor = new MComboBoxEx(viewport());
-    const QSignalBlocker blocker(editor->model()); // which would select the first text
-    editor->addItems(*texts);
+    QStandardItemModel *model = itemModelOf(editor);
+    const QSignalBlocker blocker(model); // or the first text would be selected
+    model->invisibleRootItem()->appendRows(items);
     return editor;
 }
 

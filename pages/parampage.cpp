@@ -83,7 +83,8 @@ void ParamPage::setUp()
         if (turnsWithWheel(control)) {
             control->setFocusPolicy(Qt::StrongFocus);
         }
-        if ((control->focusPolicy() & Qt::TabFocus) != 0) {
+        const bool takesFocus = (control->focusPolicy() & Qt::TabFocus) != 0 && control->focusProxy() == nullptr;
+        if (takesFocus) {
             control->installEventFilter(this);
         }
     }

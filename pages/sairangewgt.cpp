@@ -149,7 +149,8 @@ SAIRangeWgt::Row SAIRangeWgt::newRow(int channel)
     const QVector<const RangeColumn *> columns = columnsOf(family).mid(0, m_table->columnCount() - 1);
     for (int i = 0; i < columns.size(); ++i) {
         const RangeColumn &column = *columns.at(i);
-        QComboBox *editor = m_table->newComboBox(*column.choices.at(static_cast<std::size_t>(family)));
+        QComboBox *editor =
+            m_table->newComboBox(*column.choices.at(static_cast<std::size_t>(family)), ChannelTable::NoData);
         nameEditor(editor, QString::fromLatin1(column.stem), channel, tr(column.title));
         m_table->setEditor(channel, i + 1, editor);
         row.at(column.byte) = editor;

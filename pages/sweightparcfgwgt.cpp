@@ -82,16 +82,6 @@ constexpr std::array weighColumns = {
 };
 constexpr std::size_t filterDepthPlace = 3;
 
-QComboBox *newComboBox(const ChoiceList &choices, ChannelTable *table)
-{
-    QComboBox *editor = table->newComboBox(choices);
-    const QSignalBlocker blocker(editor->model()); // the codes change nothing that is shown
-    for (int i = 0; i < choices.size(); ++i) {
-        editor->setItemData(i, choices.at(i).code);
-    }
-    return editor;
-}
-
 template <class SpinBox>
 SpinBox *newSpinBox(const WeighColumn &column, QWidget *parent)
 {
@@ -104,7 +94,7 @@ SpinBox *newSpinBox(const WeighColumn &column, QWidget *parent)
 QWidget *newEditor(const WeighColumn &column, ChannelTable *table)
 {
     if (column.choices != nullptr) {
-        return newComboBox(*column.choices, table);
+        return table->newComboBox(*column.choices, ChannelTable::Codes);
     }
     if (column.decimals == 0) {
         return newSpinBox<QSpinBox>(column, table->viewport());
