@@ -137,7 +137,7 @@ void SAIRangeWgt::initUI()
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(newDescription(tr("You can adjust the range parameters.")));
-    layout->addWidget(newDefaultsButton(), 0, Qt::AlignRight);
+    addDefaultsButton(layout);
     layout->addWidget(m_table);
 }
 

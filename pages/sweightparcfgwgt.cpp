@@ -158,7 +158,7 @@ void SWeightParCfgWgt::initUI()
         m_rows.append(row);
     }
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(newDefaultsButton(), 0, Qt::AlignRight);
+    addDefaultsButton(layout);
     layout->addWidget(m_table);
 }
 
