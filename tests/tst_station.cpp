@@ -312,14 +312,14 @@ private slots:
                 << withField(good, "outMap.start", QByteArray(1, '\0') + start) << "already in use";
         }
         QTest::newRow("outside its area") << withField(good, "inMap.start", "\xff\xff") << "lie outside";
-        QTest::newRow("with another length") << withField(good, "inMap.area", {"\x81\0\2\1", 4}) << "lengths";
+        QTest::newRow("with another length") << withField(good, "inMap.area", {"\x81\0\4\1", 4}) << "lengths";
     }
 
     void keepsWhatCannotBeRestored()
     {
         QFETCH(QByteArray, state);
         QFETCH(QString, reason);
-        Project project = stationOf({13656, 13656}, otherOwner)->project();
+        Project project = stationOf({13656, 13656, 13656}, otherOwner)->project();
         project.modules[1].state = state;
         QString error;
         const auto station = Station::opened(m_plugin, owner, project, error);
@@ -330,7 +330,7 @@ private slots:
         StationEdits edits(*station, stack);
         QVERIFY(edits.move({0, 1}, {9, 9}, error));
         edits.remove({{9, 9}});
-        edits.remove({{0, 0}});
+        edits.remove({{0, 0}, {0, 2}});
         QCOMPARE(claims(owner), QStringList());
         stack.setIndex(0);
         QVERIFY(!station->module(1).unavailable.isEmpty());

@@ -152,29 +152,53 @@ std::unique_ptr<Station> Station::opened(const PluginLibrary &plugin, const QStr
     if (!station->setPlcType(project.plcType, error)) {
         return nullptr;
     }
-    for (const StoredModule &module : project.modules) {
-        station->put(module);
-        if (progress && !progress(station->count(), static_cast<int>(project.modules.size()))) {
-            return nullptr;
-        }
+    bool ended = false;
+    const auto putAll = [&](bool verified) {
+        station->m_modules.reserve(project.modules.size());
+        return std::all_of(project.modules.begin(), project.modules.end(), [&](const StoredModule &module) {
+            const bool available = station->put(module, verified);
+            ended = progress && !progress(station->count(), static_cast<int>(project.modules.size()));
+            return !ended && (available || verified);
+        });
+    };
+    // One look at the whole map does where nothing is wrong; else each module has to tell by itself.
+    const bool good = putAll(false) && station->holdsItsMemory();
+    if (!good && !ended) {
+        station->m_modules.clear();
+        station->m_held.clear();
+        station->settleMemory();
+        putAll(true);
     }
     station->settleMemory();
-    return station;
+    return ended ? nullptr : std::move(station);
+}
+
+/// What the host says that the station's modules hold, in rising order.
+std::vector<MemoryRange> Station::claimed() const
+{
+    std::vector<MemoryRange> ranges;
+    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(m_memoryOwner)) {
+        ranges.emplace_back(range.area, range.start, range.length);
+    }
+    return ranges;
+}
+
+bool Station::holdsItsMemory() const
+{
+    const std::vector<MemoryRange> present = claimed();
+    return std::includes(present.begin(), present.end(), m_held.begin(), m_held.end());
 }
 
 /// Makes the host's map what the modules hold. A refused module can leave ranges claimed, and when it goes it gives
 /// back those that it shares with another one.
 void Station::settleMemory() const
 {
-    std::set<MemoryRange> claimed;
-    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(m_memoryOwner)) {
-        claimed.emplace(range.area, range.start, range.length);
-    }
+    const std::vector<MemoryRange> present = claimed();
     std::vector<MemoryRange> strays;
-    std::set_difference(claimed.begin(), claimed.end(), m_held.begin(), m_held.end(), std::back_inserter(strays));
+    std::set_difference(present.begin(), present.end(), m_held.begin(), m_held.end(), std::back_inserter(strays));
     std::for_each(strays.begin(), strays.end(), [this](const MemoryRange &range) { giveBack(m_memoryOwner, range); });
     std::vector<MemoryRange> lost;
-    std::set_difference(m_held.begin(), m_held.end(), claimed.begin(), claimed.end(), std::back_inserter(lost));
+    std::set_difference(m_held.begin(), m_held.end(), present.begin(), present.end(), std::back_inserter(lost));
     std::for_each(lost.begin(), lost.end(), [this](const MemoryRange &range) { ::take(m_memoryOwner, range); });
 }
 
@@ -403,7 +427,7 @@ bool Station::addCopy(const QByteArray &state, Place place, bool newAddresses, Q
     StoredModule module;
     module.place = place;
     module.state = patch.state();
-    ModuleHandle handle = restored(module, error);
+    ModuleHandle handle = restored(module, true, error);
     if (!handle) {
         return false;
     }
@@ -470,10 +494,15 @@ StoredModule Station::take(Place place)
 
 bool Station::put(const StoredModule &module)
 {
+    return put(module, true);
+}
+
+bool Station::put(const StoredModule &module, bool verified)
+{
     StoredModule kept = module;
     ModuleHandle handle = m_plugin.own(nullptr);
     if (kept.unavailable.isEmpty()) {
-        handle = restored(module, kept.unavailable);
+        handle = restored(module, verified, kept.unavailable);
     }
     const bool available = handle != nullptr;
     insert({module.place, std::move(handle), available ? StoredModule() : kept});
@@ -494,8 +523,8 @@ void Station::letGo(SimpleExtendPar *handle)
     }
 }
 
-/// The module of a saved state, holding its addresses, or null.
-ModuleHandle Station::restored(const StoredModule &module, QString &reason) const
+/// The module of a saved state, holding its addresses as far as that is @p verified, or null.
+ModuleHandle Station::restored(const StoredModule &module, bool verified, QString &reason) const
 {
     ModuleHandle handle = read(module, m_memoryOwner, reason);
     std::vector<MemoryRange> ranges;
@@ -503,7 +532,7 @@ ModuleHandle Station::restored(const StoredModule &module, QString &reason) cons
         ranges = rangesOf(m_exports, handle.get());
         const bool isShared = std::any_of(ranges.begin(), ranges.end(),
                                           [this](const MemoryRange &range) { return m_held.count(range) != 0; });
-        if (!isShared && areHeld(m_memoryOwner, ranges)) {
+        if (!isShared && (!verified || areHeld(m_memoryOwner, ranges))) {
             return handle;
         }
         reason = tr("The lengths of its address ranges are not those of its type.");

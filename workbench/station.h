@@ -126,13 +126,16 @@ private:
     Place placeOf(SimpleExtendPar *handle) const;
     void setPlace(SimpleExtendPar *handle, Place place) const;
     void insert(Module module);
-    ModuleHandle restored(const StoredModule &module, QString &reason) const;
+    bool put(const StoredModule &module, bool verified);
+    ModuleHandle restored(const StoredModule &module, bool verified, QString &reason) const;
     ModuleHandle read(const StoredModule &module, const QString &memoryOwner, QString &reason) const;
     QString whyNotCreated(quint32 typeCode) const;
     bool findRoom(IoMap &in, IoMap &out, QString &error) const;
     bool addCopy(const QByteArray &state, Place place, bool newAddresses, QString &error);
     void hold(SimpleExtendPar *handle);
     void letGo(SimpleExtendPar *handle);
+    std::vector<MemoryRange> claimed() const;
+    bool holdsItsMemory() const;
     void settleMemory() const;
 
     const PluginLibrary &m_plugin;
