@@ -11,6 +11,8 @@
 #include "simpleextendpar.h"
 #include "sweightparcfgwgt.h"
 
+#include <QCheckBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QTableWidget>
 
@@ -277,7 +279,7 @@ private slots:
             "I0.0 - I0.3filter_0|I0.4 - I0.7filter_1|I1.0 - I1.3filter_2|I1.4 - I1.7filter_3",
             {"0.20ms|0.40ms|0.80ms|1.60ms|3.20ms|6.40ms|12.8ms"});
         row("digital outputs", &dqTable, "16 0000", "Q0.xoutput_0|Q1.xoutput_8", {});
-        row("samples", &aiFilter, "-", "", {"2|4|8|16|32|64|128|256"});
+        row("samples", &aiFilter, "- -", "AIW0|AIW2", {"2|4|8|16|32|64|128|256"});
         row("stop values", &aqTable, "- - -", "AQW0:stopValue_0|AQW2:stopValue_1|AQW4:stopValue_2", {});
         row("output types", &aqType, "- -", "Channel 0:enable_0|Channel 1:enable_1",
             {onOff, "0~10V|+/-10v|0~20mA|4~20mA"});
@@ -305,6 +307,9 @@ private slots:
                 titles.append(label->text() + label->buddy()->objectName());
             }
         }
+        for (const auto *box : page->findChildren<QCheckBox *>(QRegularExpression("filterOn_"))) {
+            titles.append(box->text());
+        }
         if (const auto *table = page->findChild<QTableWidget *>()) {
             const bool ranges = page->inherits("SAIRangeWgt");
             QVERIFY(!ranges || QMetaObject::invokeMethod(page.get(), "slot_inputRangeChange")); // no sender
@@ -312,9 +317,10 @@ private slots:
             int editors = 0;
             for (int column = 0; column < table->columnCount(); ++column) {
                 titles.append(table->horizontalHeaderItem(column)->text());
-                QVERIFY(table->columnWidth(column) >= widths.value(column));
+                int width = qMax(widths.value(column), table->horizontalHeader()->sectionSizeHint(column));
                 if (const auto *editor = table->cellWidget(0, column)) {
                     ++editors;
+                    width = qMax(width, qMax(editor->sizeHint().width(), editor->minimumWidth()) + 1); // grid line
                     QCOMPARE(editor->accessibleName(), "Channel 0, " + titles.last());
                     if (editor->property("minimum").isValid()) {
                         const QString tip = editor->toolTip(); // tells the limits
@@ -323,6 +329,7 @@ private slots:
                         QCOMPARE(editor->property("decimals").toInt(), tip.section('.', 1).size());
                     }
                 }
+                QVERIFY(par.aiKind.size() > 1 || table->columnWidth(column) == width);
             }
             QCOMPARE(page->findChildren<QWidget *>(QRegularExpression("_0$")).size(), editors); // each has its place
             QCOMPARE(table->rowCount(), record.split(' ', Qt::SkipEmptyParts).size());
