@@ -241,37 +241,6 @@ constexpr std::array<MetKey, 26> metKeys{
     flag<&Info::softCtrlRemote>("softCtrlRemote"_key),
 };
 
-namespace {
-
-using KeySet = quint32; ///< a bit per key, the first key's the lowest
-static_assert(metKeys.size() < std::numeric_limits<KeySet>::digits);
-constexpr KeySet allKeys = (KeySet{1} << metKeys.size()) - 1;
-
-/// Keys that have the character at @p index of a line there, in either case.
-constexpr std::array<KeySet, asciiEnd> makeKeysByLetter(std::size_t index)
-{
-    std::array<KeySet, asciiEnd> keys{};
-    for (std::size_t i = 0; i < metKeys.size(); ++i) {
-        const auto lower = lowerLetter(static_cast<uchar>(metKeys[i].name.data()[index]));
-        keys[lower] |= KeySet{1} << i;
-        keys[lower - 0x20U] |= KeySet{1} << i;
-    }
-    return keys;
-}
-
-constexpr std::array<KeySet, asciiEnd> keysByFirstLetter = makeKeysByLetter(0);
-constexpr std::array<KeySet, asciiEnd> keysBySecondLetter = makeKeysByLetter(1);
-
-/// Keys that the line can begin with; most lines leave one or none.
-KeySet candidatesOf(QStringView line)
-{
-    const ushort first = line.front().unicode();
-    const ushort second = line.size() < 2 ? 0 : line[1].unicode();
-    return first < asciiEnd && second < asciiEnd ? keysByFirstLetter[first] & keysBySecondLetter[second] : allKeys;
-}
-
-} // namespace
-
 MetLine classifyMetLine(QStringView line)
 {
     if (line.isEmpty()) {
@@ -284,13 +253,9 @@ MetLine classifyMetLine(QStringView line)
     if (initial == QLatin1Char(';') || initial.isSpace()) {
         return blankedLine(line);
     }
-    for (KeySet candidates = candidatesOf(line); candidates != 0; candidates &= candidates - 1) {
-        const MetKey &key = metKeys[qCountTrailingZeroBits(candidates)];
-        if (beginsWithLetters(line, key.name)) {
-            return {MetLineKind::Key, &key, line};
-        }
-    }
-    return {MetLineKind::Other, nullptr, line};
+    const auto *key = std::find_if(metKeys.begin(), metKeys.end(),
+                                   [line](const MetKey &candidate) { return beginsWithLetters(line, candidate.name); });
+    return key == metKeys.end() ? MetLine{MetLineKind::Other, nullptr, line} : MetLine{MetLineKind::Key, key, line};
 }
 
 QStringView metValue(const MetLine &line)
