@@ -40,11 +40,11 @@ struct WeighColumn {
     double (*value)(const WeighChannelPar &weighing);
     void (*store)(WeighChannelPar &weighing, double value);
     const ChoiceList *choices = nullptr; ///< null = spin boxes
-    quint8 withoutChoice = 0;            ///< what a combo box without a selection stores
-    int minimum = 0;
-    int maximum = 0;
+    quint8 withoutChoice{};              ///< what a combo box without a selection stores
+    int minimum{};
+    int maximum{};
     const char *toolTip = nullptr;
-    int decimals = 0;
+    int decimals{};
 };
 
 template <auto Field>
