@@ -13,8 +13,7 @@ class BoxRecorder : public QObject {
 public:
     BoxRecorder() { qApp->installEventFilter(this); }
 
-    QStringList told; ///< icon, title and text
-    QStringList titles;
+    QStringList told;                                                               ///< icon, title and text
     std::function<void(const QMessageBox &box)> onBox = [](const QMessageBox &) {}; ///< before the answer
 
     bool eventFilter(QObject *watched, QEvent *event) override
@@ -23,7 +22,6 @@ public:
         if (box != nullptr && event->type() == QEvent::Show) {
             const QString icon = box->icon() == QMessageBox::Warning ? "warning" : "information";
             told << QStringLiteral("%1, %2: %3").arg(icon, box->windowTitle(), box->text());
-            titles << box->windowTitle();
             onBox(*box);
             QMetaObject::invokeMethod(box, &QDialog::accept, Qt::QueuedConnection);
         }

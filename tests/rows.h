@@ -12,5 +12,8 @@ public:
     {
         (QTest::addColumn<Columns>(names), ...);
     }
-    void operator()(const char *name, const Columns &...values) const { (QTest::newRow(name) << ... << values); }
+    void operator()(const QByteArray &name, const Columns &...values) const
+    {
+        (QTest::newRow(name.constData()) << ... << values);
+    }
 };

@@ -3,12 +3,10 @@
 #include "blockagreement.h"
 #include "blockcheck.h"
 #include "catalogfolder.h"
+#include "claims.h"
 #include "goldenblocks.h"
 #include "pluginlibrary.h"
-#include "simulatedhost.h"
-
-#include <QRandomGenerator>
-#include <QTextCodec>
+#include "rows.h"
 
 using namespace blockbuilder;
 using namespace blockdecoder;
@@ -18,29 +16,19 @@ namespace {
 const QString owner = QStringLiteral("station");
 const QString model = QStringLiteral("model"); // holds what the blocks say that the owner holds
 
-using Claims = QList<QVector<int>>;
-
-Claims claimsOf(const QString &station)
+/// At most two ranges are held, inside their areas and apart from each other.
+bool isConsistent()
 {
-    Claims claims;
-    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(station)) {
-        claims << QVector<int>{static_cast<int>(range.area), range.start, range.length};
-    }
-    return claims;
-}
-
-/// At most two, inside their areas and apart from each other.
-bool isConsistent(const Claims &claims)
-{
-    for (int i = 0; i < claims.size(); ++i) {
-        const QVector<int> before = i == 0 ? QVector<int>{-1, 0, 0} : claims[i - 1];
-        const int lowest = before[0] == claims[i][0] ? before[1] + before[2] : 0;
-        const int size = simulatedhost::areaSize(owner, static_cast<VarArea>(claims[i][0]));
-        if (claims[i][1] < lowest || claims[i][1] + claims[i][2] > size) {
+    simulatedhost::ClaimedRange before{};
+    const auto ranges = simulatedhost::claimedRanges(owner);
+    for (const auto &range : ranges) {
+        const qint32 lowest = before.area == range.area ? before.start + before.length : 0;
+        if (range.start < lowest || range.start + range.length > simulatedhost::areaSize(owner, range.area)) {
             return false;
         }
+        before = range;
     }
-    return claims.size() <= 2 && simulatedhost::openSnapshots(owner) == 0;
+    return ranges.size() <= 2 && simulatedhost::openSnapshots(owner) == 0;
 }
 
 /// The number in the header's first field of that name, or -1.
@@ -112,7 +100,7 @@ class TestDamage : public QObject {
         const PluginExports &host = m_plugin.exports();
         ModuleHandle module = m_plugin.own(saved ? host.restore(bytes, owner) : host.recompile(bytes, owner, nullptr));
         claimForModel(decoded);
-        if (!isConsistent(claimsOf(owner)) || claimsOf(owner) != claimsOf(model)) {
+        if (!isConsistent() || claims(owner) != claims(model)) {
             return QStringLiteral("claims");
         }
         if (!module) {
@@ -128,7 +116,7 @@ class TestDamage : public QObject {
             freeMemory(model, static_cast<VarArea>(map.area), map.start, length);
         }
         module.reset();
-        return claimsOf(owner) == claimsOf(model) ? fault : fault + QStringLiteral("claims left");
+        return claims(owner) == claims(model) ? fault : fault + QStringLiteral("claims left");
     }
 
     void offer(const QByteArray &bytes, BlockFormat format)
@@ -153,11 +141,11 @@ private slots:
 
     void every_data()
     {
-        QTest::addColumn<QByteArray>("whole");
-        QTest::addColumn<BlockFormat>("format");
+        const Rows<QByteArray, BlockFormat> row("whole", "format");
         for (const Golden &golden : goldens()) {
-            QTest::addRow("%s, saved state", golden.name) << goldenBlock(golden, true) << BlockFormat::SavedState;
-            QTest::addRow("%s, configuration", golden.name) << goldenBlock(golden, false) << BlockFormat::Configuration;
+            const QByteArray name = golden.name;
+            row(name + ", saved state", goldenBlock(golden, true), BlockFormat::SavedState);
+            row(name + ", configuration", goldenBlock(golden, false), BlockFormat::Configuration);
         }
     }
     void every()
@@ -167,7 +155,7 @@ private slots:
         QCOMPARE(faultOf(whole, format), QString());
         // Double words are counted as words after recompile, so that the claim of a block that counts them right stays.
         const bool staysClaimed = whole.mid(9, 4) == be32(14418) && format == BlockFormat::Configuration;
-        QCOMPARE(claimsOf(owner), staysClaimed ? Claims({{132, 8, 4}}) : Claims());
+        QCOMPARE(claims(owner), staysClaimed ? QStringList("132 8+4") : QStringList());
         for (int size = 0; size < whole.size(); ++size) {
             offer(whole.left(size), format);
         }

@@ -1,24 +1,21 @@
 // The properties dialog: its groups, the ways out of it and what they leave behind.
 #include "boxrecorder.h"
+#include "catalog.h"
+#include "claims.h"
 #include "defaultbuilder.h"
 #include "modulestate.h"
+#include "pagefixture.h"
 #include "rows.h"
 #include "simpleextendcfgdlg.h"
-#include "simulatedbase.h"
-#include "simulatedhelp.h"
+#include "simulatedhost.h"
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QLoggingCategory>
 #include <QPushButton>
-#include <QRandomGenerator>
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QTextEdit>
 #include <QTreeWidget>
-#include <QtTest>
 
 #include <cmath>
 
@@ -49,11 +46,7 @@ public:
     template <class Widget>
     Widget *find(const char *name)
     {
-        auto *found = m_dialog->findChild<Widget *>(name);
-        if (found == nullptr) {
-            qFatal("The dialog has no %s", name);
-        }
-        return found;
+        return child<Widget>(*m_dialog, name);
     }
     void press(const char *button) { find<QPushButton>(button)->click(); }
     void show()
@@ -70,21 +63,6 @@ public:
 private:
     QScopedPointer<SimpleExtendcfgdlg> m_dialog;
 };
-
-QString describe(VarArea area, int start, int length)
-{
-    return QStringLiteral("%1:%2+%3").arg(int(area)).arg(start).arg(length);
-}
-
-/// What the host's map holds.
-QStringList heldRanges()
-{
-    QStringList ranges;
-    for (const auto &range : simulatedhost::claimedRanges(owner)) {
-        ranges << describe(range.area, range.start, range.length);
-    }
-    return ranges;
-}
 
 /// Gives every editor of the dialog some value that it allows.
 void changeEverything(OpenDialog &opened, QRandomGenerator &random)
@@ -117,58 +95,45 @@ class TestDialog : public QObject {
 
 private slots:
     void initTestCase() { QLoggingCategory::setFilterRules("default.debug=false"); }
-    void cleanup()
-    {
-        simulatedhost::resetBase();
-        simulatedhost::resetHelp();
-    }
+    void cleanup() { simulatedhost::reset(); }
 
     void groups_data()
     {
-        QTest::addColumn<quint32>("code");
-        QTest::addColumn<QPoint>("areas"); // of input and output
-        QTest::addColumn<bool>("channels");
-        QTest::addColumn<QString>("heading"); // root item, help keyword
-        QTest::addColumn<QString>("tabs");
-        const auto row = [](const char *name, quint32 code, QPoint areas, const char *heading, const char *tabs,
-                            bool channels = true) {
-            QTest::newRow(name) << code << areas << channels << heading << tabs;
-        };
-        const char *const inputs = "General,Address,Input Filter,Range";
-        const char *const common = "General,Address";
-        const char *const analog = "General,Address,Input Filter,Range,Output Tables,Output Type";
-        const char *const digital = "General,Address,Input Filter,Output Tables";
-        const char *const analogHeading = "Analog Module: Analog Modules Properties";
-        const char *const digitalHeading = "Digital Module: Digital Modules Properties";
-        const char *const weighHeading = "Weight Module: Weight Modules Properties";
+        // areas: of input and output, without channels below 0; heading: root item, help keyword
+        const Rows<quint32, QPoint, QString, QString> row("code", "areas", "heading", "tabs");
+        const QString common = "General,Address";
+        const QString inputs = common + ",Input Filter,Range";
+        const QString analog = inputs + ",Output Tables,Output Type";
+        const QString digital = common + ",Input Filter,Output Tables";
+        const QString analogHeading = "Analog Module: Analog Modules Properties";
+        const QString digitalHeading = "Digital Module: Digital Modules Properties";
+        const QString weighHeading = "Weight Module: Weight Modules Properties";
         row("first analog", 13395, {6, 7}, analogHeading, analog);
         row("last analog", 13570, {6, 0}, analogHeading, inputs);
         row("thermocouples", 13396, {6, 0}, "TC: TC/RTD Modules Properties", inputs);
-        row("thermometers", 13397, {0, 7}, "RTD: TC/RTD Modules Properties",
-            "General,Address,Output Tables,Output Type");
+        row("thermometers", 13397, {0, 7}, "RTD: TC/RTD Modules Properties", common + ",Output Tables,Output Type");
         row("first digital", 13650, {129, 130}, digitalHeading, digital);
-        row("last digital", 13907, {0, 130}, digitalHeading, "General,Address,Output Tables");
-        row("no channels", 13395, {6, 7}, analogHeading, common, false);
+        row("last digital", 13907, {0, 130}, digitalHeading, common + ",Output Tables");
+        row("no channels", 13395, {-6, -7}, analogHeading, common);
         row("areas of another direction", 13395, {7, 6}, analogHeading, common);
-        row("weighing, double words", 14418, {132, 132}, weighHeading, "General,Address,Weight Param");
-        row("weighing, double words, later", 14420, {6, 7}, weighHeading, "General,Address,Weight Param");
+        row("weighing, double words", 14418, {132, 132}, weighHeading, common + ",Weight Param");
+        row("weighing, double words, later", 14420, {6, 7}, weighHeading, common + ",Weight Param");
         row("weighing, words", 14419, {6, 7}, weighHeading, common);
         row("weighing, words, later", 14421, {6, 7}, weighHeading, common);
         for (const quint32 code : {13394U, 13571U, 13649U, 13908U, 14417U, 14422U}) {
-            row(qPrintable(QStringLiteral("plain %1").arg(code)), code, {6, 130}, ": ",
-                "General,Address,Input Filter,Range,Output Tables");
+            row("plain " + QByteArray::number(code), code, {6, 130}, ": ", inputs + ",Output Tables");
         }
     }
     void groups()
     {
         QFETCH(quint32, code);
         QFETCH(QPoint, areas);
-        QFETCH(bool, channels);
+        const quint8 channels = areas.x() < 0 ? 0 : 1;
         SimpleExtendPar par;
         par.objId = code;
         par.objName = "Rack %1";
-        par.inMap = {quint8(areas.x()), 0, quint8(channels ? 1 : 0), 1, 2};
-        par.outMap = {quint8(areas.y()), 0, quint8(channels ? 1 : 0), 1, 2};
+        par.inMap = {quint8(qAbs(areas.x())), 0, channels, 1, 2};
+        par.outMap = {quint8(qAbs(areas.y())), 0, channels, 1, 2};
         OpenDialog opened(&par);
         QCOMPARE(opened->windowTitle(), QStringLiteral("Properties - Rack %1"));
         const auto *tree = opened.find<QTreeWidget>("tree");
@@ -228,7 +193,7 @@ private slots:
         par->objName = "mine";
         par->aiFilter[1].samples = 0;
         const QByteArray before = saveModule(*par);
-        const QStringList held = heldRanges();
+        const QStringList held = claims(owner);
         OpenDialog opened(par.get());
         opened.find<QSpinBox>("inputStart")->setValue(40);
         opened.press("defaultAllButton");
@@ -236,7 +201,7 @@ private slots:
         QCOMPARE(opened.find<QComboBox>("samples_1")->currentIndex(), 5);
         QCOMPARE(opened.find<QSpinBox>("inputStart")->value(), 40);
         QCOMPARE(saveModule(*par), before);
-        QCOMPARE(heldRanges(), held);
+        QCOMPARE(claims(owner), held);
         QVERIFY(opened->slot_returnDefaultParam() == opened->slot_returnDefaultParam());
     }
 
@@ -257,7 +222,7 @@ private slots:
         opened.press("okButton");
         const QString address = QStringLiteral("SAddrMapWgt Address inputStart");
         QCOMPARE(shown, QStringList({address, "SAIFilterWgt Input Filter deadband_1"}));
-        QCOMPARE(boxes.titles, QStringList({opened->windowTitle(), opened->windowTitle()}));
+        QCOMPARE(boxes.told.filter(", " + opened->windowTitle() + ": ").size(), shown.size());
         QVERIFY(opened->isVisible());
         QCOMPARE(opened.shownPage() + ' ' + opened->focusWidget()->objectName(), address);
         QCOMPARE(opened.find<QSpinBox>("inputStart")->findChild<QLineEdit *>()->selectedText(),
@@ -267,18 +232,15 @@ private slots:
 
     void nothingChangesUnedited()
     {
-        int modules = 0;
-        for (quint32 code = 0x3453; code <= 0x3855; ++code) {
-            const auto par = buildDefault(code, owner);
-            if (par == nullptr) {
-                continue;
-            }
-            ++modules;
+        const std::vector<CatalogEntry> catalog = readCatalog();
+        QCOMPARE(catalog.size(), std::size_t{19});
+        for (const CatalogEntry &entry : catalog) {
+            const auto par = buildDefault(entry.typeCode, owner);
             if (par->diCount % 8 == 4) { // the filter page empties the half of the last byte that has no row
                 par->diFilter.back() = char(par->diFilter.back() & 0x0F);
             }
             const QByteArray before = saveModule(*par);
-            const QStringList held = heldRanges();
+            const QStringList held = claims(owner);
             OpenDialog(par.get()).press("okButton");
             QCOMPARE(saveModule(*par), before);
             {
@@ -289,23 +251,19 @@ private slots:
                 opened.press("cancelButton");
             }
             QCOMPARE(saveModule(*par), before);
-            QCOMPARE(heldRanges(), held);
+            QCOMPARE(claims(owner), held);
         }
-        QCOMPARE(modules, 18);
     }
 
     void acceptedEditsAreShownAgain()
     {
         BoxRecorder boxes; // some edits break a rule
-        for (quint32 code = 0x3453; code <= 0x3855; ++code) {
-            if (buildDefault(code, owner) == nullptr) {
-                continue;
-            }
+        for (const CatalogEntry &entry : readCatalog()) {
             int accepted = 0;
             for (quint32 seed = 0; accepted < 3; ++seed) {
-                QVERIFY2(seed < 500, qPrintable(QStringLiteral("Module %1 accepts nothing").arg(code)));
+                QVERIFY2(seed < 500, qPrintable(QStringLiteral("Module %1 accepts nothing").arg(entry.typeCode)));
                 simulatedhost::resetBase();
-                const auto par = buildDefault(code, owner);
+                const auto par = buildDefault(entry.typeCode, owner);
                 QRandomGenerator random(seed);
                 OpenDialog edited(par.get());
                 changeEverything(edited, random);
@@ -316,7 +274,8 @@ private slots:
                 ++accepted;
                 const QByteArray after = saveModule(*par);
                 OpenDialog(par.get()).press("okButton");
-                QVERIFY2(saveModule(*par) == after, qPrintable(QStringLiteral("Module %1 %2").arg(code).arg(seed)));
+                QVERIFY2(saveModule(*par) == after,
+                         qPrintable(QStringLiteral("Module %1 %2").arg(entry.typeCode).arg(seed)));
             }
         }
     }
@@ -365,13 +324,13 @@ private slots:
                 }
                 QCOMPARE(opened->result() == QDialog::Accepted, wayOut == "ok");
             }
-            const QStringList expected{
-                describe(VarArea::AnalogInput, par->inMap.start, 8), describe(VarArea::AnalogInput, taken, 8),
-                describe(VarArea::AnalogOutput, par->outMap.start, 4), describe(VarArea::AnalogOutput, taken, 4)};
-            QVERIFY2(heldRanges() == expected,
+            QStringList expected{claimText(6, par->inMap.start, 8), claimText(6, taken, 8),
+                                 claimText(7, par->outMap.start, 4), claimText(7, taken, 4)};
+            expected.sort();
+            QVERIFY2(claims(owner) == expected,
                      qPrintable(QStringLiteral("Walk %1: the host holds %2, the record says %3")
                                     .arg(walk)
-                                    .arg(heldRanges().join(' '), expected.join(' '))));
+                                    .arg(claims(owner).join(' '), expected.join(' '))));
         }
     }
 

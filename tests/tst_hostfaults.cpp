@@ -2,14 +2,12 @@
 // one call after the other. Afterwards memory and records stand as the rules of the memory protocol have it.
 #include "boxrecorder.h"
 #include "catalogfolder.h"
+#include "claims.h"
 #include "pagefixture.h"
 #include "pluginlibrary.h"
+#include "rows.h"
 #include "simpleextendpar.h"
 #include "simulatedhost.h"
-
-#include <QDialog>
-#include <QLoggingCategory>
-#include <QTimer>
 
 using simulatedhost::HostCall;
 
@@ -67,10 +65,7 @@ struct Scene {
         QString text;
         QDebug debug(&text);
         debug << "module" << exists << "answer" << answer << "boxes" << boxes << "snapshots"
-              << simulatedhost::openSnapshots(station) << "holding";
-        for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(station)) {
-            debug << int(range.area) << range.start << range.length << ';';
-        }
+              << simulatedhost::openSnapshots(station) << "holding" << claims(station);
         for (const IoMap &range : exists ? ranges : std::array<IoMap, 2>()) {
             debug << range.area << range.start << range.count << range.unit;
         }
@@ -310,9 +305,9 @@ private slots:
 
     void everyCallFails_data()
     {
-        QTest::addColumn<const Operation *>("operation");
+        const Rows<const Operation *> row("operation");
         for (const Operation &operation : operations) {
-            QTest::newRow(operation.name) << &operation;
+            row(operation.name, &operation);
         }
     }
     void everyCallFails()

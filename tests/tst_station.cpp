@@ -3,17 +3,13 @@
 #include "blockdecoder.h"
 #include "catalog.h"
 #include "catalogfolder.h"
+#include "claims.h"
 #include "imagerangetext.h"
 #include "projectfile.h"
-#include "simulatedbase.h"
+#include "rows.h"
 #include "stationblocks.h"
 #include "stationcommands.h"
 
-#include <QCommandLineParser>
-#include <QFileInfo>
-#include <QMap>
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QUndoStack>
 
 namespace {
@@ -21,17 +17,6 @@ namespace {
 const QString owner = QStringLiteral("owner");
 const QString otherOwner = QStringLiteral("other");
 constexpr quint32 largePlc = 3;
-
-/// Claimed ranges as text, so that a failure shows them.
-QStringList claims(const QString &memoryOwner)
-{
-    QStringList texts;
-    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(memoryOwner)) {
-        texts += QStringLiteral("%1 %2+%3").arg(static_cast<int>(range.area)).arg(range.start).arg(range.length);
-    }
-    texts.sort();
-    return texts;
-}
 
 /// The ranges that the modules of a station say they have.
 QStringList rangesOf(const Station &station)
@@ -41,7 +26,7 @@ QStringList rangesOf(const Station &station)
         const ModuleView module = station.module(i);
         for (const IoMap &range : {module.in, module.out}) {
             if (rangeBytes(range) != 0) {
-                texts += QStringLiteral("%1 %2+%3").arg(range.area).arg(range.start).arg(rangeBytes(range));
+                texts += claimText(range.area, range.start, rangeBytes(range));
             }
         }
     }
@@ -106,33 +91,30 @@ private slots:
 
     void createsEveryType_data()
     {
-        QTest::addColumn<QStringList>("ranges"); // of the first and the second module, each input and output
-        const auto row = [](int type, const QStringList &ranges) { QTest::addRow("%d", type) << ranges; };
-        for (const int type : {13395, 13396, 13397}) {
+        const Rows<QStringList> row("ranges"); // of the first and the second module, each input and output
+        for (const char *type : {"13395", "13396", "13397"}) {
             row(type, {"AI 0..7", "", "AI 8..15", ""});
         }
-        row(13398, {"AI 0..15", "", "AI 16..31", ""});
-        row(13399, {"", "AQ 0..3", "", "AQ 4..7"});
-        row(13400, {"", "AQ 0..7", "", "AQ 8..15"});
-        row(13401, {"AI 0..7", "AQ 0..3", "AI 8..15", "AQ 4..7"});
-        row(13650, {"I 0", "", "I 1", ""});
-        row(13651, {"I 0..1", "", "I 2..3", ""});
-        row(13652, {"I 0..3", "", "I 4..7", ""});
-        row(13653, {"", "Q 0", "", "Q 1"});
-        row(13654, {"", "Q 0..1", "", "Q 2..3"});
-        row(13655, {"I 0", "Q 0", "I 1", "Q 1"});
-        row(13656, {"I 0..1", "Q 0..1", "I 2..3", "Q 2..3"});
-        row(14418, {"V 0..3", "", "V 4..7", ""});
-        row(14419, {"AI 0..1", "", "AI 2..3", ""});
-        row(14420, {"V 0..7", "V 8..11", "V 12..19", "V 20..23"});
-        row(14421, {"AI 0..3", "AQ 0..1", "AI 4..7", "AQ 2..3"});
-        row(14848, {"", "", "", ""});
+        row("13398", {"AI 0..15", "", "AI 16..31", ""});
+        row("13399", {"", "AQ 0..3", "", "AQ 4..7"});
+        row("13400", {"", "AQ 0..7", "", "AQ 8..15"});
+        row("13401", {"AI 0..7", "AQ 0..3", "AI 8..15", "AQ 4..7"});
+        row("13650", {"I 0", "", "I 1", ""});
+        row("13651", {"I 0..1", "", "I 2..3", ""});
+        row("13652", {"I 0..3", "", "I 4..7", ""});
+        row("13653", {"", "Q 0", "", "Q 1"});
+        row("13654", {"", "Q 0..1", "", "Q 2..3"});
+        row("13655", {"I 0", "Q 0", "I 1", "Q 1"});
+        row("13656", {"I 0..1", "Q 0..1", "I 2..3", "Q 2..3"});
+        row("14418", {"V 0..3", "", "V 4..7", ""});
+        row("14419", {"AI 0..1", "", "AI 2..3", ""});
+        row("14420", {"V 0..7", "V 8..11", "V 12..19", "V 20..23"});
+        row("14421", {"AI 0..3", "AQ 0..1", "AI 4..7", "AQ 2..3"});
+        row("14848", {"", "", "", ""});
     }
-
     /// The second one is a copy of the first, with addresses of its own.
     void createsEveryType()
     {
-        QFETCH(QStringList, ranges);
         auto station = stationOf({QByteArray(QTest::currentDataTag()).toUInt()});
         QString error;
         QVERIFY2(station->paste(station->stored(0).state, {0, 1}, error), qPrintable(error));
@@ -141,7 +123,7 @@ private slots:
             found << rangeText(station->module(i).in) << rangeText(station->module(i).out);
             QVERIFY(station->roundTrip(i).isGood());
         }
-        QCOMPARE(found, ranges);
+        QTEST(found, "ranges");
         QCOMPARE(claims(owner), rangesOf(*station));
         station->take({0, 0});
         QCOMPARE(claims(owner), rangesOf(*station));
@@ -156,7 +138,6 @@ private slots:
             QTest::addRow("seed %u", seed) << seed;
         }
     }
-
     /// The model knows which type is where. What a step made, undo and redo must make again, byte by byte.
     void randomEditsAgreeWithAPlainModel()
     {
@@ -288,7 +269,6 @@ private slots:
         QVERIFY2(error.contains("area Q"), qPrintable(error));
         // Outputs without room: the inputs must not stay claimed.
         Station full(m_plugin, otherOwner);
-        const QByteArray all(1, '\0');
         for (int i = 0; i < simulatedhost::areaSize(otherOwner, VarArea::DigitalOutput); ++i) {
             QVERIFY(full.add(13653, Place::at(i), error));
         }
@@ -299,22 +279,18 @@ private slots:
 
     void keepsWhatCannotBeRestored_data()
     {
-        QTest::addColumn<QByteArray>("state"); // of the second module, in slot 1
-        QTest::addColumn<QString>("reason");
+        const Rows<QByteArray, QString> row("state", "reason"); // of the second module, in slot 1
         const auto station = stationOf({13656, 13656});
         const QByteArray good = station->stored(1).state;
         const QByteArray first = station->stored(0).state;
-        QTest::newRow("cut in its header") << good.left(40) << "damaged";
-        QTest::newRow("a type that the catalog lacks") << withField(good, "objId", {"\0\0\0\1", 4}) << "hw00000001.met";
-        QTest::newRow("of another place") << first << "rack 0, slot 0";
-        for (const char start : {'\0', '\1'}) { // the same range, and an overlapping one
-            QTest::addRow("at address %d of another module", start)
-                << withField(good, "outMap.start", QByteArray(1, '\0') + start) << "already in use";
-        }
-        QTest::newRow("outside its area") << withField(good, "inMap.start", "\xff\xff") << "lie outside";
-        QTest::newRow("with another length") << withField(good, "inMap.area", {"\x81\0\4\1", 4}) << "lengths";
+        row("cut in its header", good.left(40), "damaged");
+        row("a type that the catalog lacks", withField(good, "objId", {"\0\0\0\1", 4}), "hw00000001.met");
+        row("of another place", first, "rack 0, slot 0");
+        row("at another module's address", withField(good, "outMap.start", {"\0\0", 2}), "already in use");
+        row("overlapping another module", withField(good, "outMap.start", {"\0\1", 2}), "already in use");
+        row("outside its area", withField(good, "inMap.start", "\xff\xff"), "lie outside");
+        row("with another length", withField(good, "inMap.area", {"\x81\0\4\1", 4}), "lengths");
     }
-
     void keepsWhatCannotBeRestored()
     {
         QFETCH(QByteArray, state);
