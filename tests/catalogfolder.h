@@ -1,9 +1,6 @@
 // A module catalog in a temporary folder, which the simulated host uses while the object lives.
 #pragma once
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 class CatalogFolder {
@@ -18,10 +15,14 @@ public:
     ~CatalogFolder() { qunsetenv("SIMHOST_COMPONENTS"); }
     Q_DISABLE_COPY_MOVE(CatalogFolder)
 
-    void writeFile(const QString &path, const QByteArray &content)
+    /// Gives the whole path.
+    QString writeFile(const QString &path, const QByteArray &content)
     {
         QFile file(m_folder.filePath(path));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+            qFatal("cannot write %s", qPrintable(path));
+        }
+        return file.fileName();
     }
     void remove(const QString &path) { QVERIFY(QFile::remove(m_folder.filePath(path))); }
 

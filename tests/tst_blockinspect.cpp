@@ -6,12 +6,6 @@
 #include "modulestate.h"
 #include "rows.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QLoggingCategory>
-#include <QProcess>
-#include <QTextCodec>
-
 using namespace blockbuilder;
 using namespace blockdecoder;
 
@@ -114,11 +108,9 @@ private slots:
 
     void meanings_data()
     {
-        QTest::addColumn<quint32>("objId");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("meaning");
-        const auto row = [](quint32 objId, const char *name, const char *meaning) {
-            QTest::addRow("%u %s", objId, name) << objId << name << QString::fromUtf8(meaning);
+        const Rows<quint32, QString, QString> named("objId", "name", "meaning");
+        const auto row = [&named](quint32 objId, const char *name, const char *meaning) {
+            named(QByteArray::number(objId) + ' ' + name, objId, name, meaning);
         };
         row(13650, "header.objId", "digital module");
         row(13650, "header.rackId", "");
@@ -228,9 +220,7 @@ private slots:
         QCOMPARE(blocks.at(1).offset, sample(13650, false).size());
         QCOMPARE(blocks.at(2).offset + blocks.at(2).size, station.size());
         QCOMPARE(blocks.at(1).find(QStringLiteral("header.objId"))->offset, blocks.at(1).offset + 9);
-
-        const QVector<DecodedBlock> states = decode(station, Format::SavedState);
-        QCOMPARE(states.size(), 1);
+        QCOMPARE(decode(station, Format::SavedState).size(), 1);
     }
 
     void exitStatuses()
@@ -243,9 +233,9 @@ private slots:
         const Run shown = run({state});
         QCOMPARE(shown.status, 0);
         QVERIFY(shown.output.contains("\n  000D  01                        header.rackId              1\n"));
-        QCOMPARE(run({QStringLiteral("-")}, sample(13650)).output, shown.output);
-        QCOMPARE(run({QStringLiteral("--hex"), QStringLiteral("-")}, text).output, shown.output);
-        QCOMPARE(run({QStringLiteral("--config"), file("config", sample(13395, false))}).status, 0);
+        QCOMPARE(run({"-"}, sample(13650)).output, shown.output);
+        QCOMPARE(run({"--hex", "-"}, text).output, shown.output);
+        QCOMPARE(run({"--config", file("config", sample(13395, false))}).status, 0);
 
         const Run damaged = run({cut});
         QCOMPARE(damaged.status, 2);
@@ -254,32 +244,32 @@ private slots:
         QCOMPARE(trailing.status, 0);
         QVERIFY(trailing.output.contains("\nBehind the block\n  0070  78 79 "));
 
-        QCOMPARE(run({state, QStringLiteral("--diff"), state}).status, 0);
-        const Run different = run({state, QStringLiteral("--diff"), other});
+        QCOMPARE(run({state, "--diff", state}).status, 0);
+        const Run different = run({state, "--diff", other});
         QCOMPARE(different.status, 1);
         QCOMPARE(different.output, QByteArray("Block 1, header.rackId\n-  000D  01                        1\n"
                                               "+  000D  02                        2\n"));
-        QCOMPARE(run({state, QStringLiteral("--diff"), cut}).status, 2);
+        QCOMPARE(run({state, "--diff", cut}).status, 2);
 
         for (const QStringList &wrong : {QStringList(),
                                          {state, other},
-                                         {QStringLiteral("--nonsense"), state},
-                                         {m_files.filePath("absent")},
-                                         {m_files.path()},
-                                         {QStringLiteral("--hex"), state},
+                                         {"--nonsense", state},
+                                         {state + "absent"},
+                                         {QFileInfo(state).path()},
+                                         {"--hex", state},
                                          {file("large", QByteArray(1048577, 0))},
-                                         {QStringLiteral("-"), QStringLiteral("--diff"), QStringLiteral("-")}}) {
+                                         {"-", "--diff", "-"}}) {
             const Run refused = run(wrong);
             QCOMPARE(refused.status, 2);
             QVERIFY(refused.output.isEmpty() && refused.complaint.startsWith("blockinspect: "));
         }
-        QCOMPARE(run({QStringLiteral("--help")}).status, 0);
+        QCOMPARE(run({"--help"}).status, 0);
     }
 
     void jsonHoldsTheSame()
     {
         const QString state = file("state", sample(14418));
-        const QJsonObject shown = QJsonDocument::fromJson(run({QStringLiteral("--json"), state}).output).object();
+        const QJsonObject shown = QJsonDocument::fromJson(run({"--json", state}).output).object();
         QCOMPARE(shown, toJson(decode(sample(14418), Format::SavedState)));
         const QJsonArray parts = shown.value("blocks").toArray().at(0).toObject().value("parts").toArray();
         const QJsonObject nan = parts.at(2).toObject().value("fields").toArray().at(17).toObject();
@@ -291,7 +281,7 @@ private slots:
                                    {"stored", true}}));
 
         const QString other = file("other", sample(14418).replace(15, 1, hex("01")));
-        const Run different = run({QStringLiteral("--json"), QStringLiteral("--diff"), other, state});
+        const Run different = run({"--json", "--diff", other, state});
         const QJsonArray differences =
             QJsonDocument::fromJson(different.output).object().value("differences").toArray();
         QCOMPARE(different.status, 2); // a name that is one byte shorter than it says leaves a byte too many
@@ -299,17 +289,9 @@ private slots:
     }
 
 private:
-    QString file(const char *name, const QByteArray &content)
-    {
-        QFile out(m_files.filePath(QLatin1String(name)));
-        if (!out.open(QIODevice::WriteOnly) || out.write(content) != content.size()) {
-            qFatal("cannot write %s", name);
-        }
-        return out.fileName();
-    }
+    QString file(const char *name, const QByteArray &content) { return m_catalog.writeFile(name, content); }
 
     CatalogFolder m_catalog;
-    QTemporaryDir m_files;
 };
 
 QTEST_GUILESS_MAIN(TestBlockInspect)
