@@ -1,12 +1,10 @@
 // Saved states and configuration blocks: golden bytes, round trips, intended oddities, damaged blocks.
+#include "blockcheck.h"
 #include "catalogfolder.h"
 #include "goldenblocks.h"
-#include "modulestate.h"
 #include "recordinghost.h"
 #include "rows.h"
 #include "simpleextendpar.h"
-
-#include <QTextCodec>
 
 #include <rapidcheck.h>
 
@@ -72,21 +70,9 @@ QString describeTail(const SimpleExtendPar &par)
     return words.join(' ');
 }
 
-QByteArray compiled(const SimpleExtendPar &par)
+BlockFormat formatOf(bool saved)
 {
-    QByteArray bytes;
-    compileModule(par, bytes);
-    return bytes;
-}
-
-std::unique_ptr<SimpleExtendPar> reread(const QByteArray &bytes, bool saved, qint32 *result = nullptr)
-{
-    return saved ? restoreModule(bytes, owner) : recompileModule(bytes, owner, result);
-}
-
-QByteArray rewritten(const SimpleExtendPar &par, bool saved)
-{
-    return saved ? saveModule(par) : compiled(par);
+    return saved ? BlockFormat::SavedState : BlockFormat::Configuration;
 }
 
 /// An entry of every type that the tests use, with bytes of its own where a block may leave them.
@@ -205,11 +191,10 @@ private slots:
 
     void golden_data()
     {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<bool>("saved");
+        const Rows<int, bool> row("index", "saved");
         for (int i = 0; i < goldens().size(); ++i) {
-            QTest::addRow("%s, saved state", goldens().at(i).name) << i << true;
-            QTest::addRow("%s, configuration", goldens().at(i).name) << i << false;
+            row(goldens().at(i).name + QByteArray(", saved state"), i, true);
+            row(goldens().at(i).name + QByteArray(", configuration"), i, false);
         }
     }
     void golden()
@@ -218,7 +203,7 @@ private slots:
         QFETCH(bool, saved);
         const Golden &golden = goldens().at(index);
         const QByteArray bytes = goldenBlock(golden, saved);
-        const auto read = reread(bytes, saved);
+        const auto read = blockcheck::read(bytes, owner, formatOf(saved));
         QVERIFY(read);
         QCOMPARE(recordingHost().calls, golden.claims);
         QCOMPARE(read->objId, golden.objId);
@@ -232,10 +217,10 @@ private slots:
         const int unit = !saved && golden.unit == 4 ? 2 : golden.unit;
         QCOMPARE((QList<int>{read->inMap.unit, read->outMap.unit}), (QList<int>{unit, unit}));
         read->inMap.unit = read->outMap.unit = static_cast<quint8>(golden.unit);
-        QCOMPARE(rewritten(*read, saved).toHex(), bytes.toHex());
+        QCOMPARE(blockcheck::write(*read, formatOf(saved)).toHex(), bytes.toHex());
 
         recordingHost().calls.clear();
-        QVERIFY(saved ? restoreModule(bytes, QString()) : recompileModule(bytes, QString(), nullptr));
+        QVERIFY(blockcheck::read(bytes, QString(), formatOf(saved)));
         QVERIFY(recordingHost().calls.isEmpty());
     }
 
@@ -248,10 +233,10 @@ private slots:
             SimpleExtendPar par = randomRecord(goldens().at(index));
             if (!saved && par.objId == 14418)
                 par.inMap.unit = par.outMap.unit = 2;
-            const QByteArray bytes = rewritten(par, saved);
-            const auto read = reread(bytes, saved);
+            const QByteArray bytes = blockcheck::write(par, formatOf(saved));
+            const auto read = blockcheck::read(bytes, owner, formatOf(saved));
             RC_ASSERT(read != nullptr);
-            RC_ASSERT(rewritten(*read, saved).toHex().toStdString() == bytes.toHex().toStdString());
+            RC_ASSERT(blockcheck::write(*read, formatOf(saved)).toHex().toStdString() == bytes.toHex().toStdString());
         }));
     }
 
@@ -272,14 +257,14 @@ private slots:
     {
         QFETCH(qint64, length);
         QFETCH(bool, accepted);
-        QFETCH(quint32, objId);
         for (const bool saved : {true, false}) {
             qint32 result = 55;
-            const auto read = reread(block(header(headerFields(goldens().at(3), saved), length)), saved, &result);
+            const auto read = blockcheck::read(block(header(headerFields(goldens().at(3), saved), length)), owner,
+                                               formatOf(saved), &result);
             QCOMPARE(read != nullptr, accepted);
             QCOMPARE(result, accepted && !saved ? 0 : 55);
             if (read) {
-                QCOMPARE(read->objId, objId);
+                QTEST(read->objId, "objId");
             }
         }
     }
@@ -304,14 +289,9 @@ private slots:
 
     void sections_data()
     {
-        QTest::addColumn<quint32>("objId");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<QString>("stored");
-        const auto row = [](const char *name, quint32 objId, const QByteArray &bytes, const char *stored,
-                            int count = 3) {
-            QTest::newRow(name) << objId << bytes << count << QString::fromLatin1(stored);
-        };
+        const Rows<quint32, QByteArray, QString, int> counted("objId", "bytes", "stored", "count");
+        const auto row = [&counted](const char *name, quint32 objId, const QByteArray &bytes, const char *stored,
+                                    int count = 3) { counted(name, objId, bytes, stored, count); };
         const QByteArray filter = section(18, hex("08 66"));
         const QByteArray table = section(5, hex("08 01 AA"));
         row("filter clears the outputs", 13650, table + filter, "di 8 66 dq 0,1 aa");
@@ -360,12 +340,11 @@ private slots:
         QFETCH(quint32, objId);
         QFETCH(QByteArray, bytes);
         QFETCH(int, count);
-        QFETCH(QString, stored);
         m_catalog->writeModule(objId, 1);
         for (const bool saved : {true, false}) {
-            const auto read = reread(block(header(be32(objId)), {bytes}, count), saved);
+            const auto read = blockcheck::read(block(header(be32(objId)), {bytes}, count), owner, formatOf(saved));
             QVERIFY(read);
-            QCOMPARE(describeTail(*read), stored);
+            QTEST(describeTail(*read), "stored");
         }
     }
 
@@ -435,13 +414,11 @@ private slots:
     void textLengths()
     {
         QFETCH(QString, text);
-        QFETCH(QString, name);
-        QFETCH(QString, comment);
         SimpleExtendPar par = recordOf(goldens().at(3));
         par.comment = text;
-        QCOMPARE(restoreModule(saveModule(par), owner)->comment, comment);
+        QTEST(restoreModule(saveModule(par), owner)->comment, "comment");
         par.objName = text;
-        QCOMPARE(restoreModule(saveModule(par), owner)->objName, name);
+        QTEST(restoreModule(saveModule(par), owner)->objName, "name");
     }
 
     void signedBytes()
@@ -471,7 +448,6 @@ private slots:
         const SimpleExtendPar plain = recordOf(goldens().last());
         const QByteArray saved = goldenBlock(goldens().first(), true);
         const QByteArray configured = goldenBlock(goldens().at(3), false);
-        const int configuredHeader = configured.size() - 22;
         const auto traffic = [&] {
             saveModule(analog);
             restoreModule(saved, owner);
@@ -495,7 +471,7 @@ private slots:
             {865, saved.right(40)},
             {865, saved.right(18)},
             {509, configured},
-            {1047, configured.mid(configuredHeader)},
+            {1047, configured.right(22)},
             {1047, configured.right(11)},
             {141, "\x07" + goldenBlock(goldens().last(), false)},
         };
