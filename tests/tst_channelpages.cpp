@@ -130,17 +130,12 @@ private slots:
 
     void saves_data()
     {
-        QTest::addColumn<const Kind *>("kind");
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("edits");
-        QTest::addColumn<QString>("saved"); // and the controls that are disabled, of channels 0 and 1
-        QTest::addColumn<QString>("defaults");
-        QTest::addColumn<QString>("told"); // by a refusal: the field first, then the box
-        const auto row = [](const char *name, const Kind &kind, const char *before, const char *edits,
-                            const char *saved, const char *defaults = nullptr, const char *told = "") {
-            const QString defaultsText = defaults == nullptr ? before : defaults;
-            QTest::newRow(name) << &kind << QString(before) << QString(edits) << QString(saved) << defaultsText
-                                << QString(told);
+        // saved: and the controls that are disabled, of channels 0 and 1; told: by a refusal, the field, then the box
+        const Rows<const Kind *, QString, QString, QString, QString, QString> rows("kind", "before", "edits", "saved",
+                                                                                   "defaults", "told");
+        const auto row = [&rows](const char *name, const Kind &kind, const char *before, const char *edits,
+                                 const char *saved, const char *defaults = nullptr, const char *told = "") {
+            rows(name, &kind, before, edits, saved, defaults == nullptr ? before : defaults, told);
         };
         const char *const frozen = "1:00, without output_0 output_1 selectAllButton clearAllButton";
         row("two rows share a byte", diFilter, "8 55", "filter_0=1 filter_1=6", "61");

@@ -5,6 +5,7 @@
 #include "helpsharemodule.h"
 #include "mainwindow.h"
 #include "memoryview.h"
+#include "pagefixture.h"
 #include "rackview.h"
 #include "rows.h"
 #include "simulatedhost.h"
@@ -12,22 +13,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialogButtonBox>
-#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
-#include <QMimeData>
-#include <QProcess>
 #include <QPushButton>
-#include <QSettings>
 #include <QSpinBox>
-#include <QTemporaryDir>
 #include <QTextBrowser>
-#include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <QtTest>
 
 class tst_MainWindow : public QObject {
     Q_OBJECT
@@ -40,8 +33,7 @@ class tst_MainWindow : public QObject {
     template <typename Widget>
     Widget *child(const char *name) const
     {
-        auto *widget = m_window->findChild<Widget *>(QLatin1String(name));
-        return widget != nullptr ? widget : (qFatal("no %s", name), nullptr);
+        return ::child<Widget>(*m_window, name);
     }
 
     void trigger(const char *action) const { child<QAction>(action)->trigger(); }
@@ -83,12 +75,13 @@ class tst_MainWindow : public QObject {
         QMimeData data;
         data.setData(CatalogView::mimeType(), "13395");
         const QPoint point = m_racks->visualRect(at(to)).center();
-        QDragEnterEvent enter(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(m_racks->viewport(), &enter);
-        QDragMoveEvent over(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(m_racks->viewport(), &over);
-        QDropEvent event(point, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(m_racks->viewport(), &event);
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(point, actions, &data, Qt::LeftButton, Qt::NoModifier);
+        QDragMoveEvent over(point, actions, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent event(point, actions, &data, Qt::LeftButton, Qt::NoModifier);
+        for (QEvent *each : std::initializer_list<QEvent *>{&enter, &over, &event}) {
+            QApplication::sendEvent(m_racks->viewport(), each);
+        }
         return over.isAccepted() && event.isAccepted();
     }
 
@@ -218,24 +211,22 @@ private slots:
 
     void opensHelpOfKeywords_data()
     {
-        QTest::addColumn<QString>("page");
-        QTest::newRow("Analog Modules Properties") << "en/analog.html";
-        QTest::newRow("TC/RTD模块属性") << "en/temperature.html";
-        QTest::newRow("Digital Modules Properties") << "en/digital.html";
-        QTest::newRow("称重模块属性") << "en/weighing.html";
-        QTest::newRow("") << "en/overview.html";
+        const Rows<QString> row("page");
+        row("Analog Modules Properties", "en/analog.html");
+        row("TC/RTD模块属性", "en/temperature.html");
+        row("Digital Modules Properties", "en/digital.html");
+        row("称重模块属性", "en/weighing.html");
+        row("", "en/overview.html");
     }
-
     void opensHelpOfKeywords()
     {
         QFETCH(QString, page);
         startHelpSys(QString::fromUtf8(QTest::currentDataTag()));
-        QVERIFY(child<HelpDock>("helpDock")->isVisible());
-        QVERIFY(!child<QTextBrowser>("helpBrowser")->toPlainText().isEmpty());
-        QCOMPARE(child<QTextBrowser>("helpBrowser")->source().toString(), "qrc:/help/" + page);
+        const auto *browser = child<QTextBrowser>("helpBrowser");
+        QVERIFY(child<HelpDock>("helpDock")->isVisible() && !browser->toPlainText().isEmpty());
+        QCOMPARE(browser->source().toString(), "qrc:/help/" + page);
         m_window->setLanguage(QLocale::Chinese);
-        QTRY_COMPARE(child<QTextBrowser>("helpBrowser")->source().toString(),
-                     "qrc:/help/" + page.replace("en/", "zh/"));
+        QTRY_COMPARE(browser->source().toString(), "qrc:/help/" + page.replace("en/", "zh/"));
     }
 
     void keepsWhatItCannotSaveOrOpen()

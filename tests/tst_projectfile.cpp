@@ -1,14 +1,10 @@
 // The workbench's project file: whole or refused, whatever happens to it or to its writer.
 #include "projectfile.h"
+#include "rows.h"
 
-#include <QDir>
-#include <QFile>
-#include <QRandomGenerator>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <array>
 #include <csignal>
@@ -165,19 +161,13 @@ private slots:
 
     void refusesDamagedFiles_data()
     {
-        QTest::addColumn<Damage>("damage");
-        QTest::addColumn<QString>("reason");
-        const auto row = [](const char *name, const Damage &damage, const char *reason) {
-            QTest::newRow(name) << damage << QString::fromLatin1(reason);
-        };
+        const Rows<QString, Damage> row("reason", "damage");
         const auto sql = [&row](const char *name, const QStringList &statements, const char *reason) {
-            row(
-                name, [statements](const QString &path) { execute(path, statements); }, reason);
+            row(name, reason, [statements](const QString &path) { execute(path, statements); });
         };
         const auto bytes = [&row](const char *name, const char *reason,
                                   const std::function<QByteArray(QByteArray)> &change) {
-            const auto damage = [change](const QString &path) { overwrite(path, change(contentOf(path))); };
-            row(name, damage, reason);
+            row(name, reason, [change](const QString &path) { overwrite(path, change(contentOf(path))); });
         };
         bytes("an empty file", "not a station file", [](const QByteArray &) { return QByteArray(); });
         bytes("a picture", "not a station file", [](QByteArray f) { return f.replace(0, 8, "\x89PNG\r\n\x1a\n"); });
@@ -187,8 +177,7 @@ private slots:
               [](QByteArray f) { return f.replace(12288, 4096, QByteArray(4096, '\0')); });
         bytes("a changed state", "checksum", [](QByteArray f) { return f.replace(f.lastIndexOf("oooooooo"), 1, "p"); });
         bytes("too large", "too large", [](const QByteArray &f) { return f.leftJustified(65 << 20, '\0'); });
-        const auto folder = [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); };
-        row("a folder", folder, "directory");
+        row("a folder", "directory", [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); });
         sql("another program's database", {"PRAGMA application_id = 0"}, "another program");
         sql("another version", {"PRAGMA user_version = 2"}, "version 2");
         sql("a table less", {"DROP TABLE module"}, "tables");
@@ -249,11 +238,10 @@ private slots:
 
     void isWholeWhenItsWriterIsKilled_data()
     {
-        QTest::addColumn<bool>("asNewFile");
-        QTest::newRow("in place") << false;
-        QTest::newRow("as a new file") << true;
+        const Rows<bool> row("asNewFile");
+        row("in place", false);
+        row("as a new file", true);
     }
-
     void isWholeWhenItsWriterIsKilled()
     {
         QFETCH(bool, asNewFile);
