@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <utility>
 
 /// Answers and record of the host's calls.
 struct RecordingHost {
@@ -30,12 +31,7 @@ struct RecordingHost {
         }
         calls << words.join(QLatin1Char(' '));
     }
-    QStringList takeCalls()
-    {
-        QStringList taken;
-        taken.swap(calls);
-        return taken;
-    }
+    QStringList takeCalls() { return std::exchange(calls, {}); }
 };
 
 inline RecordingHost &recordingHost()

@@ -12,7 +12,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QSpinBox>
-#include <QTextCodec>
 #include <QTextEdit>
 
 Q_DECLARE_METATYPE(IoMap)

@@ -2,11 +2,6 @@
 #include "rows.h"
 #include "simulatedhost.h"
 
-#include <QDir>
-#include <QRandomGenerator>
-#include <QTemporaryDir>
-#include <QtTest>
-
 #include <algorithm>
 #include <limits>
 #include <map>

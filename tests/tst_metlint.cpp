@@ -7,9 +7,6 @@
 #include "recordinghost.h"
 #include "rows.h"
 
-#include <QProcess>
-#include <QTextCodec>
-
 #include <algorithm>
 
 namespace {
@@ -108,15 +105,10 @@ private slots:
         line("line-break@5:10", "ObjName=a\rMLFB=b", "ObjName=a\nMLFB=b", "objName=a MLFB=b;");
         line("leading-blank@5:1", " ObjName=a", "ObjName=a", "objName=;");
         row("leading-blank@6:1 unended-entry@1:1", head + "MLFB=a\n\t[END]\n", entry("MLFB=a\n"), "entries=0;");
-        line("look-alike@5:1",
-             "\xD0\x9E"
-             "bjName=a",
-             "ObjName=a", "objName=;");
+        line("look-alike@5:1", u8"\u041EbjName=a", "ObjName=a", "objName=;");
         line("look-alike@5:2", "M\xE2\x80\x8BLFB=a", "MLFB=a", "mlfb=;");
-        line("look-alike@5:16 local-encoding@5:19",
-             "SampPeriodList=5ms\xEF\xBC\x8C"
-             "9ms",
-             "SampPeriodList=5ms,9ms", "sampPeriodList=5ms，9ms;");
+        line("look-alike@5:16 local-encoding@5:19", "SampPeriodList=5ms，9ms", "SampPeriodList=5ms,9ms",
+             "sampPeriodList=5ms，9ms;");
         line("prefix-key@5:8", "ObjNameShort=a", "; ObjNameShort=a", "objName=a;");
         line("no-equals@5:1", "ObjName: a", "ObjName=a", "objName=ObjName: a;");
         line("unknown-key@5:1", "OrderNumber=a", "MLFB=a", "mlfb=;");
