@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <charconv>
 #include <limits>
 
 namespace {
@@ -162,32 +163,19 @@ bool beginsWithLetters(QStringView line, QLatin1String prefix)
     return true;
 }
 
-/// Value of a digit of any base; what is none counts as more.
-constexpr quint32 digitOf(ushort character)
-{
-    constexpr quint32 noDigit = 36;
-    const quint32 lower = lowerLetter(character);
-    if (character >= '0' && character <= '9') {
-        return character - quint32{'0'};
-    }
-    return lower >= 'a' && lower <= 'z' ? lower - 'a' + 10 : noDigit;
-}
-
 /// The usual number: up to eight digits and nothing else, so that no base makes it too large.
-std::optional<quint32> plainNumber(QStringView text, quint32 base)
+std::optional<quint32> plainNumber(QStringView text, int base)
 {
-    if (text.isEmpty() || text.size() > 8) {
+    std::array<char, 8> digits{};
+    const auto count = static_cast<std::size_t>(text.size());
+    if (count > digits.size()) {
         return std::nullopt;
     }
+    const char *const end =
+        std::transform(text.begin(), text.end(), digits.begin(), [](QChar character) { return character.toLatin1(); });
     quint32 number = 0;
-    for (const QChar character : text) {
-        const quint32 digit = digitOf(character.unicode());
-        if (digit >= base) {
-            return std::nullopt;
-        }
-        number = number * base + digit;
-    }
-    return number;
+    const auto [stop, error] = std::from_chars(digits.data(), end, number, base);
+    return stop == end && error == std::errc() ? std::optional(number) : std::nullopt;
 }
 
 MetLine markerLine(QStringView line)
@@ -276,10 +264,10 @@ int metBase(MetValue value)
 
 std::optional<quint32> metNumber(QStringView text, int base)
 {
-    if (const auto number = plainNumber(text, static_cast<quint32>(base))) {
+    if (const auto number = plainNumber(text, base)) {
         return number;
     }
-    bool isNumber = false;
+    bool isNumber{};
     const quint32 number = metText(text).toUInt(&isNumber, base);
     return isNumber ? std::optional(number) : std::nullopt;
 }

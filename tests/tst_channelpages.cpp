@@ -139,7 +139,7 @@ private slots:
         };
         const char *const frozen = "1:00, without output_0 output_1 selectAllButton clearAllButton";
         row("two rows share a byte", diFilter, "8 55", "filter_0=1 filter_1=6", "61");
-        row("an odd last row leaves the high half 0", diFilter, "12 5555", "", "5505");
+        row("an odd last row leaves the high half 0", diFilter, "9 5555", "", "5505");
         row("a code without a choice stays until one is chosen", diFilter, "16 9797", "filter_1=0", "0797");
         row("a short filter reads as 0 beyond its end", diFilter, "16 66", "", "6600");
         row("without inputs the filter stays", diFilter, "0 77", "", "77");
@@ -328,8 +328,28 @@ private slots:
             }
             QCOMPARE(page->findChildren<QWidget *>(QRegularExpression("_0$")).size(), editors); // each has its place
             QCOMPARE(table->rowCount(), record.split(' ', Qt::SkipEmptyParts).size());
+            for (int channel = 0; channel < table->rowCount(); ++channel) {
+                const QTableWidgetItem *const number = table->item(channel, 0);
+                QVERIFY(number != nullptr && (number->flags() & Qt::ItemIsEditable) == 0);
+                QCOMPARE(number->text() + table->verticalHeaderItem(channel)->text(), QString("%1%1").arg(channel));
+            }
         }
         QTEST(titles.join('|'), "titles");
+    }
+
+    void headsColumns()
+    {
+        Par par = dqTable.record("16 0000");
+        const PagePtr page = dqTable.make(par, nullptr, m_dialog.get());
+        page->grab(); // which puts everything into its place
+        QStringList headed;
+        for (const auto *label : page->findChildren<QLabel *>()) {
+            const auto *const box = page->findChild<QCheckBox *>("output_" + label->text());
+            if (box != nullptr && label->geometry().center().x() == box->geometry().center().x()) {
+                headed.append(label->text());
+            }
+        }
+        QCOMPARE(headed.join(""), QString("01234567"));
     }
 
     void namesEditors()

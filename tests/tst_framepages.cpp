@@ -82,10 +82,11 @@ private slots:
         QCOMPARE(par.objName, letters(30));
         QTEST(par.comment.insert(comment->textCursor().position(), '|'), "saved");
 
-        child<QLineEdit>(page, "nameEdit")->setText(smiley + letters(21) + smiley);
+        child<QLineEdit>(page, "nameEdit")
+            ->setText(smiley + QChar(0xD83D) + letters(20) + smiley); // halves in two places
         comment->setPlainText("new");
         QVERIFY(page.saveData());
-        QCOMPARE(par.objName + par.comment, smiley + letters(21) + "new");
+        QCOMPARE(par.objName + par.comment, smiley + letters(20) + "new");
     }
 
     void defaultsAreAskedForOnce()
@@ -137,6 +138,7 @@ private slots:
             auto *spinBox = child<QSpinBox>(page, "inputStart");
             QCOMPARE(spinBox->value(), int(range.start));
             QCOMPARE(spinBox->isEnabled(), range.count != 0);
+            QCOMPARE(spinBox->accessibleName(), "Input, Start");
             QVERIFY(child<QLineEdit>(page, "inputEnd")->isReadOnly());
             QVERIFY(!child(page, "inputLength")->isEnabled() && !child(page, "inputUnit")->isEnabled());
             edit(page, edits);
