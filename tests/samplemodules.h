@@ -36,7 +36,7 @@ inline std::unique_ptr<SimpleExtendPar> withChannels(quint32 typeCode, quint8 ch
     repeatFirst(par->aiRange, par->aiCount, channels);
     repeatFirst(par->aqOutTbl, par->aqCount, channels);
     for (AqOutTbl &stop : par->aqOutTbl) {
-        stop.stopValue = -32000; // the widest
+        stop = {0, -32000}; // the widest
     }
     repeatFirst(par->aqOutType, par->aqCount, channels);
     repeatFirst(par->weighPar, par->weighCount, channels);

@@ -126,6 +126,9 @@ private slots:
     {
         m_dialog = std::make_unique<QWidget>();
         m_dialog->setWindowTitle("X");
+        QFont font;
+        font.setPixelSize(6); // columns have their least widths
+        m_dialog->setFont(font);
     }
 
     void saves_data()

@@ -58,8 +58,12 @@ Shown shownOf(const QComboBox &box)
 
 Shown shownOf(const QLineEdit &edit)
 {
-    constexpr int margins = 4; // what a line edit keeps free beside its text, and its cursor
-    return {edit.text(), inkSize(edit.fontMetrics(), edit.text()) + QSize(margins, 0), edit.size()};
+    constexpr int margins = 5; // what a line edit keeps free beside its text, and its cursor
+    QStyleOptionFrame option;
+    option.initFrom(&edit);
+    option.lineWidth = edit.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &edit);
+    return {edit.text(), inkSize(edit.fontMetrics(), edit.text()) + QSize(margins, 0),
+            edit.style()->subElementRect(QStyle::SE_LineEditContents, &option, &edit).size()};
 }
 
 Shown shownOf(const QAbstractButton &button)
