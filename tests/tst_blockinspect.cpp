@@ -257,7 +257,7 @@ private slots:
                                          {state + "absent"},
                                          {QFileInfo(state).path()},
                                          {"--hex", state},
-                                         {file("large", QByteArray(1048577, 0))},
+                                         {file("large", QByteArray(maximumFileSize + 1, 0))},
                                          {"-", "--diff", "-"}}) {
             const Run refused = run(wrong);
             QCOMPARE(refused.status, 2);

@@ -1,5 +1,6 @@
 #include "batch.h"
 
+#include "blockdecoder.h"
 #include "catalog.h"
 #include "imagerangetext.h"
 #include "projectfile.h"
@@ -15,8 +16,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr qint64 largestBlockFile = 64LL * 1024 * 1024; // far beyond a full station
 
 QString owner()
 {
@@ -94,7 +93,7 @@ public:
         if (!file.open(QIODevice::ReadOnly)) {
             return refuse(blockFile, file.errorString());
         }
-        if (file.size() > largestBlockFile) {
+        if (file.size() > blockdecoder::maximumFileSize) {
             return refuse(blockFile, QStringLiteral("The file is too large for the blocks of a station."));
         }
         std::vector<BlockResult> results;

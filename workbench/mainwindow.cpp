@@ -1,5 +1,6 @@
 #include "mainwindow.h"
 
+#include "blockdecoder.h"
 #include "blockresultsdialog.h"
 #include "blockview.h"
 #include "catalogview.h"
@@ -40,7 +41,6 @@ namespace {
 
 constexpr int messageTime = 6000;                       // ms
 constexpr int progressDelay = 400;                      // ms before a long work shows its progress
-constexpr qint64 largestBlockFile = 64LL * 1024 * 1024; // bytes, far beyond the blocks of a full station
 constexpr int shownProblems = 8;
 
 QString settingsOwner()
@@ -496,7 +496,7 @@ void MainWindow::decompile()
         return;
     }
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > largestBlockFile) {
+    if (!file.open(QIODevice::ReadOnly) || file.size() > blockdecoder::maximumFileSize) {
         showProblem(this, tr("%1 cannot be read.").arg(shown(path)),
                     file.isOpen() ? tr("The file is too large for the blocks of a station.") : file.errorString());
         return;

@@ -13,6 +13,9 @@ namespace blockdecoder {
 
 enum class Format { SavedState, Configuration };
 
+/// Largest file of blocks that programs read, in bytes: 16 times what a full station of 4,096 modules compiles to.
+constexpr qint64 maximumFileSize = 8 * 1024 * Q_INT64_C(1024);
+
 /// One field, in the order of the block.
 struct Field {
     int offset = 0;  ///< of its first byte in the data given to decode()

@@ -15,9 +15,6 @@ using namespace blockdecoder;
 
 enum ExitStatus { Success = 0, Different = 1, Failure = 2 };
 
-/// Hundreds of times what a full station takes.
-constexpr qint64 maximumSize = 1024 * Q_INT64_C(1024);
-
 struct Options {
     QCommandLineOption config{QStringLiteral("config"),
                               QStringLiteral("The data are configuration blocks, one behind the other; without this "
@@ -48,13 +45,13 @@ bool readFile(const QString &path, QByteArray &bytes)
         complain(QStringLiteral("%1: %2").arg(path, file.errorString()));
         return false;
     }
-    bytes = file.read(maximumSize + 1);
+    bytes = file.read(maximumFileSize + 1);
     if (file.error() != QFileDevice::NoError) {
         complain(QStringLiteral("%1: %2").arg(path, file.errorString()));
         return false;
     }
-    if (bytes.size() > maximumSize) {
-        complain(QStringLiteral("%1: more than %2 bytes, which is no block").arg(path).arg(maximumSize));
+    if (bytes.size() > maximumFileSize) {
+        complain(QStringLiteral("%1: larger than %2 bytes, the limit for blocks").arg(path).arg(maximumFileSize));
         return false;
     }
     return true;
