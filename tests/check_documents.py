@@ -1,0 +1,53 @@
+#!/usr/bin/env python3
+"""Checks that what the documentation names exists: test programs and their functions, code, and linked files.
+
+usage: check_documents.py SOURCE_FOLDER
+"""
+import re
+import sys
+from pathlib import Path
+
+PROGRAM = re.compile(r"`((?:tst|fuzz)_\w+)`")
+LINK = re.compile(r"\]\((?!https?:)([^)#]+)")
+NAMES_IN_CODE = re.compile(r"`(\w+)(?:::(\w+))?`")
+TESTS = re.compile(r"`(tst_\w+)` (\w+)")
+PLUGIN_FOLDERS = ("core", "persist", "pages", "dialog")
+
+
+def check_document(root, document):
+    text = document.read_text()
+    for name in PROGRAM.findall(text):
+        if not any((root / folder / f"{name}.cpp").exists() for folder in ("tests", "fuzz")):
+            yield f"no program {name}"
+    for link in LINK.findall(text):
+        if not (document.parent / link).exists():
+            yield f"no file {link}"
+
+
+def check_oddities(root, document):
+    """Each row has three cells: what, where in the code, and which test functions verify it."""
+    code = "".join(path.read_text() for folder in PLUGIN_FOLDERS for path in (root / folder).rglob("*.[ch]*"))
+    rows = [line for line in document.read_text().splitlines() if line.startswith("| ") and "`tst_" in line]
+    if not rows:
+        yield "no rows"
+    for row in rows:
+        where, tests = row.strip("|").split("|")[-2:]
+        for name in filter(None, (name for names in NAMES_IN_CODE.findall(where) for name in names)):
+            if not re.search(rf"\b{name}\b", code):
+                yield f"no {name} in the code"
+        for program, function in TESTS.findall(tests):
+            if not re.search(rf"\bvoid {function}\(", (root / "tests" / f"{program}.cpp").read_text()):
+                yield f"{program} has no function {function}"
+
+
+def main():
+    root = Path(sys.argv[1])
+    documents = [*root.glob("*.md"), *(root / "docs").glob("*.md")]
+    errors = [f"{document.name}: {error}" for document in documents for error in check_document(root, document)]
+    errors += [f"oddities.md: {error}" for error in check_oddities(root, root / "docs" / "oddities.md")]
+    print("\n".join(errors) or f"{len(documents)} documents name only what exists")
+    return 1 if errors else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
