@@ -2,8 +2,8 @@
 // catalog's functions away from them, and in one variant the diagnostic lines.
 #pragma once
 
-#include "../persist/diagnostics.h"
 #include "defaultbuilder.h"
+#include "diagnostics.h"
 #include "metreader.h"
 
 #include <QFile>

@@ -7,10 +7,8 @@ set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/simpleextend)
 # Host libraries that are not installed here are found where they were linked from.
 set_target_properties(simpleextend PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
 install(TARGETS simpleextend EXPORT simpleextendTargets)
-install(FILES core/iomap.h core/simpleextendexportfunc.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/simpleextend)
-if(TARGET workbench)
-    install(TARGETS workbench)
-endif()
+install(FILES core/exports/iomap.h core/exports/simpleextendexportfunc.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/simpleextend)
 
 install(EXPORT simpleextendTargets NAMESPACE simpleextend:: DESTINATION ${package_folder})
 configure_package_config_file(cmake/simpleextendConfig.cmake.in ${CMAKE_BINARY_DIR}/simpleextendConfig.cmake

@@ -1,0 +1,160 @@
+#include "simpleextendexportfunc.h"
+
+#include "baseservices.h"
+#include "defaultbuilder.h"
+#include "imagerange.h"
+#include "modulestate.h"
+#include "simpleextendcfgdlg.h"
+#include "simpleextendpar.h"
+
+#include <QPointer>
+
+#include <memory>
+#include <type_traits>
+
+namespace {
+
+/// Runs @p call; what it throws ends here, since the host's frames are not ours to unwind.
+template <class Call, class Result = std::invoke_result_t<Call>>
+Result guarded(Call &&call, Result fallback = {}) noexcept
+{
+    try {
+        return call();
+    } catch (...) {
+        return fallback;
+    }
+}
+
+} // namespace
+
+SimpleExtendPar *createObject(quint32 typeCode, const QString &memoryOwner) noexcept
+{
+    return guarded([&] { return buildDefault(typeCode, memoryOwner).release(); });
+}
+
+void releaseObject(SimpleExtendPar *handle) noexcept
+{
+    if (handle == nullptr) {
+        return;
+    }
+    const std::unique_ptr<SimpleExtendPar> owned(handle);
+    guarded([&owned] {
+        freeRange(owned->memoryOwner, owned->inMap);
+        freeRange(owned->memoryOwner, owned->outMap);
+        return true;
+    });
+}
+
+qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *parent, bool locked) noexcept
+{
+    if (handle == nullptr || parent == nullptr) {
+        return 0;
+    }
+    return guarded([&] {
+        backupUsedMemory(memoryOwner);
+        // The host may destroy the parent, and the dialog with it, while the dialog is open.
+        QPointer<SimpleExtendcfgdlg> dialog;
+        const int result = guarded(
+            [&] {
+                dialog = new SimpleExtendcfgdlg(handle, memoryOwner, parent, locked);
+                return dialog->exec();
+            },
+            static_cast<int>(QDialog::Rejected));
+        if (result == QDialog::Accepted) {
+            popBackupMemory(memoryOwner);
+        } else {
+            restoreUsedMemory(memoryOwner);
+        }
+        delete dialog;
+        return 0;
+    });
+}
+
+bool autoMallocInMap(SimpleExtendPar *handle) noexcept
+{
+    return guarded([handle] { return confirmRange(handle->memoryOwner, handle->inMap, VarArea::AnalogInput); });
+}
+
+bool autoMallocOutMap(SimpleExtendPar *handle) noexcept
+{
+    return guarded([handle] { return confirmRange(handle->memoryOwner, handle->outMap, VarArea::AnalogOutput); });
+}
+
+QString getName(SimpleExtendPar *handle) noexcept
+{
+    return handle->objName;
+}
+
+QString getComment(SimpleExtendPar *handle) noexcept
+{
+    return handle->comment;
+}
+
+qint32 getNodeId(SimpleExtendPar *handle) noexcept
+{
+    return static_cast<qint32>(handle->objId);
+}
+
+IoMap getInMap(SimpleExtendPar *handle) noexcept
+{
+    return handle->inMap;
+}
+
+IoMap getOutMap(SimpleExtendPar *handle) noexcept
+{
+    return handle->outMap;
+}
+
+QPoint getPosition(SimpleExtendPar *handle) noexcept
+{
+    return handle->position;
+}
+
+qint32 getRackId(SimpleExtendPar *handle) noexcept
+{
+    return handle->rackId;
+}
+
+qint32 getSlotId(SimpleExtendPar *handle) noexcept
+{
+    return handle->slotId;
+}
+
+void setPosition(SimpleExtendPar *handle, const QPoint &position) noexcept
+{
+    handle->position = position;
+}
+
+void setRackId(SimpleExtendPar *handle, qint32 rackId) noexcept
+{
+    handle->rackId = rackId;
+}
+
+void setSlotId(SimpleExtendPar *handle, qint32 slotId) noexcept
+{
+    handle->slotId = slotId;
+}
+
+qint32 compile(SimpleExtendPar *handle, QByteArray &block, QStringList &list) noexcept
+{
+    return guarded([&] {
+        list.clear();
+        compileModule(*handle, block);
+        return 0;
+    });
+}
+
+SimpleExtendPar *recompile(const QByteArray &block, const QString &memoryOwner, qint32 *result) noexcept
+{
+    return guarded([&] { return recompileModule(block, memoryOwner, result).release(); });
+}
+
+QByteArray save(SimpleExtendPar *handle) noexcept
+{
+    return guarded([handle] { return saveModule(*handle); });
+}
+
+SimpleExtendPar *restore(const QByteArray &state, const QString &memoryOwner) noexcept
+{
+    return guarded([&] { return restoreModule(state, memoryOwner).release(); });
+}
