@@ -32,7 +32,7 @@ std::optional<qint32> openRange(const SimpleExtendPar &par, const DirectionKind 
     range.unit = kind.unit;
     range.count = static_cast<quint8>(channels);
 
-    const qint64 length = kind.unit == 0 ? (qint64{channels} + 7) / 8 : qint64{channels} * kind.unit;
+    const qint64 length = bytesOfChannels(kind.unit, channels);
     if (channels < 0 || length > std::numeric_limits<qint32>::max()) {
         return std::nullopt;
     }
@@ -53,7 +53,7 @@ void forEachChannel(qint32 channels, Fill &&fill)
 
 QByteArray bitTable(qint32 channels, char initial)
 {
-    return {(channels + 7) / 8, initial};
+    return {static_cast<int>(bytesOfChannels(0, channels)), initial};
 }
 
 bool fillAnalog(SimpleExtendPar &par, const ModuleKind &kind)

@@ -11,14 +11,14 @@ VarArea areaOf(const IoMap &range)
 
 quint16 bitLength(const IoMap &range)
 {
-    return static_cast<quint16>((range.count + 7) / 8);
+    return static_cast<quint16>(bytesOfChannels(0, range.count));
 }
 
 } // namespace
 
 quint16 rangeLength(const IoMap &range)
 {
-    return range.unit == 0 ? bitLength(range) : static_cast<quint16>(range.unit * range.count);
+    return static_cast<quint16>(bytesOfChannels(range.unit, range.count));
 }
 
 bool claimRange(const QString &owner, IoMap &range, qint32 length)

@@ -9,6 +9,13 @@
 /// getMemory's only good answer; every other one is an error code.
 constexpr qint32 memoryHeld = 1;
 
+/// Bytes that @p channels occupy: @p unit bytes each, or one bit each if @p unit is 0. 64 bits wide because the host's
+/// channel count is any 32-bit number.
+constexpr qint64 bytesOfChannels(quint8 unit, qint64 channels)
+{
+    return unit == 0 ? (channels + 7) / 8 : channels * unit;
+}
+
 /// Bytes that the channels of a range occupy.
 quint16 rangeLength(const IoMap &range);
 

@@ -122,6 +122,9 @@ private slots:
         QCOMPARE(analog->aiRange.size(), 256);
         QCOMPARE(int(digital->diCount), 44);
         QCOMPARE(digital->diFilter.size(), 38);
+
+        recordingHost().channels['I'] = 0x7FFFFFFF; // rounding up to bytes must not overflow
+        QCOMPARE(buildDefault(13650, QString())->diFilter.size(), 0x10000000);
     }
 
     void confirm_data()
