@@ -8,6 +8,7 @@
 #include <QCborArray>
 #include <QCborMap>
 #include <QDataStream>
+#include <QFileInfo>
 #include <QLoggingCategory>
 
 #include <malloc.h>
@@ -140,7 +141,7 @@ std::unique_ptr<SimpleExtendPar> restoreWholeByStream(const QByteArray &bytes)
     auto par = restoreByStream(bytes);
     ModuleMetInfo info;
     if (sampledescriptions::lookUpPlainly(par->objId, info) < 0 ||
-        !QFile::exists(getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent) % info.serverFile)) {
+        !QFileInfo(getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent) % info.serverFile).isFile()) {
         return nullptr;
     }
     par->serverFile = info.serverFile; // for the whole head, which is what a restore takes over

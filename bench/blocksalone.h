@@ -6,8 +6,6 @@
 #include "diagnostics.h"
 #include "metreader.h"
 
-#include <QFile>
-
 namespace blocksalone {
 
 inline qint32 findAtOnce(quint32 typeCode, ModuleMetInfo &destination)
@@ -21,15 +19,10 @@ inline bool isThere(const ModuleMetInfo & /*info*/)
     return true;
 }
 
-struct EveryFile {
-    static bool exists(bool isThere) { return isThere; }
-};
-
 } // namespace blocksalone
 
 #define lookUpMetInfo blocksalone::findAtOnce
-#define componentFilePath blocksalone::isThere
-#define QFile blocksalone::EveryFile
+#define hasComponentFile blocksalone::isThere
 #ifdef WITHOUT_LINES
 #define writeDiagnostic(line, bytes) static_cast<void>(sizeof(bytes)) // names what it does not evaluate
 #endif

@@ -4,7 +4,7 @@
 #include "metreader.h"
 #include "modulekind.h"
 
-#include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <limits>
@@ -134,9 +134,9 @@ bool fillKind(SimpleExtendPar &par)
 
 } // namespace
 
-QString componentFilePath(const ModuleMetInfo &info)
+bool hasComponentFile(const ModuleMetInfo &info)
 {
-    return getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent) % info.serverFile;
+    return QFileInfo(getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent) % info.serverFile).isFile();
 }
 
 std::unique_ptr<SimpleExtendPar> buildDefault(quint32 typeCode, const QString &memoryOwner)
@@ -146,7 +146,7 @@ std::unique_ptr<SimpleExtendPar> buildDefault(quint32 typeCode, const QString &m
         return nullptr;
     }
     par->memoryOwner = memoryOwner;
-    if (!QFile::exists(componentFilePath(*par)) || !fillKind(*par)) {
+    if (!hasComponentFile(*par) || !fillKind(*par)) {
         return nullptr;
     }
     return par;

@@ -5,8 +5,9 @@
 
 #include <memory>
 
-/// Path of the component file that must exist for a module; what the description's "ServerFile" names.
-QString componentFilePath(const ModuleMetInfo &info);
+/// Returns true if the file that the description's "ServerFile" names is in the host's component folder. A folder is not
+/// a component file, so an empty "ServerFile", which leaves the path of the folder itself, gives false.
+bool hasComponentFile(const ModuleMetInfo &info);
 
 /// A module with the factory parameters of its type, its ranges claimed under @p memoryOwner; with an empty owner
 /// nothing is claimed and every start is 0.

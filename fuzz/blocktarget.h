@@ -78,9 +78,9 @@ inline void checkAgreement(const QByteArray &block, const SimpleExtendPar *par, 
     const DecodedBlock decoded = decode(block, format).constFirst();
     const Field *type = decoded.find(QStringLiteral("header.objId"));
     if (type != nullptr && !types.contains(static_cast<quint32>(type->value.toLongLong()))) {
-        // Only the catalog knows that; of such a block the plug-in reads nothing else, or refuses it.
-        require(blockFormat == BlockFormat::SavedState || (par == nullptr && result == UnknownTypeCode),
-                "an unknown type code is not refused");
+        // Only the catalog has the known type codes.
+        require(par == nullptr && (blockFormat == BlockFormat::SavedState || result == UnknownTypeCode),
+                "an unknown type code is accepted");
         return;
     }
     require(decoded.refused == (par == nullptr), "the decoder and the plug-in do not refuse the same");

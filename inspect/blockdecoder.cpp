@@ -107,12 +107,11 @@ private:
                                                                  : QStringLiteral("should be 00 02 00 00; not read"));
         if (length < blocklayout::headerFrameSize) {
             m_cursor.report(at, "length", QStringLiteral("at least %1").arg(blocklayout::headerFrameSize),
-                            QString::number(length), QStringLiteral("the header has no fields"));
+                            QString::number(length), noModule);
         }
         FieldCursor header = m_cursor.sub(qMax(0, static_cast<int>(length) - blocklayout::headerFrameSize));
-        header.setCutEffect(keepsCatalogValues);
         readHeaderFields(header);
-        return true;
+        return !m_block.kind.isEmpty(); // known as soon as there is a type code
     }
 
     void refuse(int at, const QString &expected, int available)
@@ -126,6 +125,7 @@ private:
         header.u32FromSignedBytes("objId", m_par.objId);
         if (!header.failed()) {
             m_block.kind = moduleKindText(m_par.objId);
+            header.setCutEffect(keepsCatalogValues);
         }
         blocklayout::walkHeader(header, m_par, m_format);
         readRange(header, "inMap", m_par.inMap);

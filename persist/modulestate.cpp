@@ -8,8 +8,6 @@
 #include "modulekind.h"
 #include "weighsection.h"
 
-#include <QFile>
-
 namespace {
 
 quint8 writeSections(BlockWriter &writer, const SimpleExtendPar &par)
@@ -132,11 +130,7 @@ std::unique_ptr<SimpleExtendPar> readBlock(const QByteArray &block, const QStrin
     if (result != nullptr) {
         *result = headerResult;
     }
-    // Intended: only a configuration block with an unknown type code is refused here; a saved state goes on.
-    if (format == BlockFormat::Configuration && headerResult != HeaderRead) {
-        return nullptr;
-    }
-    if (!QFile::exists(componentFilePath(*par))) {
+    if (headerResult != HeaderRead || !hasComponentFile(*par)) {
         return nullptr;
     }
     setUnits(*par, format);

@@ -11,13 +11,14 @@
 /// The block for the project file.
 QByteArray saveModule(const SimpleExtendPar &par);
 
-/// The module of a saved state, its ranges claimed under @p memoryOwner. Null when @p state is empty or ends before
-/// its header does, or the component file is missing; what was claimed by then stays claimed.
+/// The module of a saved state, its ranges claimed under @p memoryOwner. Null when @p state ends before its header or
+/// its type code does, when the catalog does not have the type code, or when the component file is missing. Ranges
+/// claimed before such a failure stay claimed; for an unknown type code none are claimed.
 std::unique_ptr<SimpleExtendPar> restoreModule(const QByteArray &state, const QString &memoryOwner);
 
 /// Appends the block for the download.
 void compileModule(const SimpleExtendPar &par, QByteArray &block);
 
-/// As restoreModule, from a configuration block; a type code that the catalog does not know gives null too.
+/// As restoreModule, from a configuration block.
 /// @p result (null is accepted) receives a HeaderResult once the header has been read, else it stays as it is.
 std::unique_ptr<SimpleExtendPar> recompileModule(const QByteArray &block, const QString &memoryOwner, qint32 *result);

@@ -170,7 +170,8 @@ private slots:
         row("a header frame cut", hex("01 00000008 0002"), true, "0001 header.length: at least 8 bytes / 6 bytes");
         row("a header length beyond the data", block(header(head, 500)), true,
             "0001 header.length: 500 bytes, as the length says / 77 bytes");
-        row("a header length below its frame", block(header({}, 7)), false, "0001 header.length: at least 8 / 7");
+        row("a header length below its frame", block(header({}, 7)), true, "0001 header.length: at least 8 / 7");
+        row("a header cut in its type code", block(header(head.left(3))), true, "0009 header.objId: 4 bytes / 3 bytes");
         row("a header cut in a field", block(header(head.left(8))), false,
             "000F header.objName: 2 bytes of text / 1 byte");
         row("a header cut in a range", block(header(head.left(49))), false,

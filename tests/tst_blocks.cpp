@@ -242,30 +242,56 @@ private slots:
 
     void headerLength_data()
     {
-        const Rows<qint64, bool, quint32> row("length", "accepted", "objId");
-        row("honest", honest, true, 13650);
-        row("0 leaves no fields", 0, true, 0);
-        row("7 leaves no fields", 7, true, 0);
-        row("8 leaves no fields", 8, true, 0);
-        row("11 cuts the type code", 11, true, 0);
-        row("12 is the type code alone", 12, true, 13650);
-        row("2^31 - 1", 0x7FFFFFFF, false, 0);
-        row("2^31", 0x80000000, false, 0);
-        row("2^32 - 1", 0xFFFFFFFF, false, 0);
+        const Rows<qint64, bool, qint32> row("length", "accepted", "code"); // 55 = not written
+        row("honest", honest, true, 0);
+        row("0 leaves no fields", 0, false, 0);
+        row("7 leaves no fields", 7, false, 0);
+        row("8 leaves no fields", 8, false, 0);
+        row("11 cuts the type code", 11, false, 0);
+        row("12 is the type code alone", 12, true, 0);
+        row("2^31 - 1", 0x7FFFFFFF, false, 55);
+        row("2^31", 0x80000000, false, 55);
+        row("2^32 - 1", 0xFFFFFFFF, false, 55);
     }
     void headerLength()
     {
         QFETCH(qint64, length);
         QFETCH(bool, accepted);
+        QFETCH(qint32, code);
         for (const bool saved : {true, false}) {
             qint32 result = 55;
             const auto read = blockcheck::read(block(header(headerFields(goldens().at(3), saved), length)), owner,
                                                formatOf(saved), &result);
             QCOMPARE(read != nullptr, accepted);
-            QCOMPARE(result, accepted && !saved ? 0 : 55);
-            if (read) {
-                QTEST(read->objId, "objId");
-            }
+            QCOMPARE(result, saved ? 55 : code);
+            QVERIFY(!read || read->objId == 13650);
+        }
+    }
+
+    void catalogRefuses_data()
+    {
+        const Rows<QByteArray, qint32> row("lines", "code"); // no lines: no description file
+        row("no description file", "", 129);
+        row("entry for a newer host", "NeedHwCnfgVersion=2301\n", 129);
+        row("no ServerFile", "ServerFile=\n", 0);
+        row("component path of a folder", "ServerFile=../9\n", 0);
+        row("missing component file", "ServerFile=absent.cmp\n", 0);
+    }
+    void catalogRefuses()
+    {
+        QFETCH(QByteArray, lines);
+        QFETCH(qint32, code);
+        const Golden &golden = goldens().at(3);
+        m_catalog->remove(QStringLiteral("6/hw00003552.met"));
+        if (!lines.isEmpty()) {
+            m_catalog->writeModule(golden.objId, 0x01010101, lines);
+        }
+        for (const bool saved : {true, false}) {
+            recordingHost().calls.clear();
+            qint32 result = 55;
+            QVERIFY(!blockcheck::read(goldenBlock(golden, saved), owner, formatOf(saved), &result));
+            QCOMPARE(result, saved ? 55 : code);
+            QCOMPARE(recordingHost().calls, code == 0 ? golden.claims : QStringList());
         }
     }
 
@@ -427,6 +453,7 @@ private slots:
         par.position = {0x00008000, 0x01FF0000};
         QCOMPARE(restoreModule(saveModule(par), owner)->position, QPoint(-0x8000, 0x00FF0000));
         // Joined with signs, 00 00 01 A4 is 256 - 92.
+        m_catalog->writeModule(164, 1);
         QCOMPARE(restoreModule(block(header(hex("000001A4"))), owner)->objId, 164U);
     }
 

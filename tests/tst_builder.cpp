@@ -90,6 +90,8 @@ private slots:
     void refusal_data()
     {
         const Rows<QByteArray, qint32, qint32, QStringList> row("lines", "inputs", "start", "calls");
+        row("no ServerFile", "ServerFile=\n", 1, 0, {});
+        row("component path of a folder", "ServerFile=../9\n", 1, 0, {});
         row("no module info", "ModuleInfo=0\n", 1, 0, {});
         row("host counts below zero", "", -1, 0, {});
         row("host counts beyond any memory", "", 0x7FFFFFFF, 0, {});

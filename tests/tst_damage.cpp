@@ -104,11 +104,12 @@ class TestDamage : public QObject {
             return QStringLiteral("claims");
         }
         if (!module) {
-            return decoded.refused || (!saved && !isKnown(type)) ? QString() : QStringLiteral("refused");
+            return decoded.refused || !isKnown(type) ? QString() : QStringLiteral("refused");
         }
-        const bool isRead = type == -1 || isKnown(type); // of an unknown type nothing else is read
-        QString fault =
-            isRead ? disagreement(decoded, *module, saved ? Format::SavedState : Format::Configuration) : QString();
+        if (!isKnown(type)) {
+            return QStringLiteral("accepted with an unknown type");
+        }
+        QString fault = disagreement(decoded, *module, saved ? Format::SavedState : Format::Configuration);
         fault += blockcheck::roundTripFault(*module, format);
         // A range is given back as long as its channels make it; one that the block gave another length stays.
         for (const IoMap &map : {host.getInMap(module.get()), host.getOutMap(module.get())}) {

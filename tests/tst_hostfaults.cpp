@@ -105,14 +105,16 @@ struct Rules : Scene {
         releaseObject();
         const bool isKnown = isThere(descriptions);
         answer = isKnown || saved ? 0 : 129;
+        if (!isKnown) {
+            return;
+        }
         for (IoMap &range : ranges) {
-            if (isKnown && type.moduleInfo != 0) {
+            if (type.moduleInfo != 0) {
                 take(range, lengthOf(range));
             }
             const bool isVariable = VarArea(range.area) == VarArea::Variable;
             range.unit = isVariable && !saved ? 2 : range.unit;
             range.count = isVariable && !isInput(range) ? 0 : range.count; // counted as digital outputs
-            range = isKnown ? range : IoMap{0, 0, 0, 1, range.unit};
         }
         exists = answer == 0 && isThere(components);
     }

@@ -314,16 +314,25 @@ private slots:
         QCOMPARE(claims(owner), rangesOf(*station));
     }
 
-    void namesAMissingComponentFile()
+    void namesWhatTheCatalogLacks_data()
     {
+        const Rows<QByteArray, QString> row("lines", "reason");
+        row("missing component file", "ServerFile=absent.cmp\n", "component file absent.cmp");
+        row("digits after percent signs", "ServerFile=%2%3\n", "component file %2%3 of \"Module\" (type 13656)");
+        row("no ServerFile", "ServerFile=\n", "component file");
+        row("entry for a newer host", "NeedHwCnfgVersion=9999\n", "newer host");
+    }
+    void namesWhatTheCatalogLacks()
+    {
+        QFETCH(QByteArray, lines);
+        QFETCH(QString, reason);
         const Project project = stationOf({13656})->project();
         CatalogFolder catalog;
-        catalog.writeModule(13656, 0x00001010);
-        catalog.remove(QStringLiteral("9/module.cmp"));
+        catalog.writeModule(13656, 0x00001010, lines);
         QString error;
-        QVERIFY(!Station(m_plugin, otherOwner).add(13656, {}, error) && error.contains("module.cmp"));
+        QVERIFY(!Station(m_plugin, otherOwner).add(13656, {}, error) && error.contains(reason));
         const auto station = Station::opened(m_plugin, owner, project, error);
-        QVERIFY2(station->module(0).unavailable.contains("module.cmp"), qPrintable(station->module(0).unavailable));
+        QVERIFY2(station->module(0).unavailable.contains(reason), qPrintable(station->module(0).unavailable));
     }
 
     void twoThousandModulesComeBackFromTheirBlocks()

@@ -595,7 +595,7 @@ void Linter::lintComponent(const ModuleMetInfo &entry)
             QStringLiteral("no component file %1: the module cannot be created").arg(name));
     } else if (component.isDir()) {
         add(Rule::NoServerFile, placeOf("ServerFile"),
-            QStringLiteral("ServerFile %1 is a folder, which passes for the component file").arg(name));
+            QStringLiteral("ServerFile %1 is a folder: the module cannot be created").arg(name));
     }
 }
 

@@ -37,7 +37,7 @@ constexpr LintRules rules{{
     {"foreign-code", Severity::Error, "a type code other than that of the file's name is never found"},
     {"duplicate-entry", Severity::Error, "a later entry of the same type code is never chosen"},
     {"hides-later", Severity::Error, "an entry that needs a newer host hides the entries behind it"},
-    {"no-server-file", Severity::Error, "a folder passes for the component file"},
+    {"no-server-file", Severity::Error, "a folder is not a component file"},
     {"missing-component", Severity::Error, "without its component file a module cannot be created"},
     {"no-module-info", Severity::Error, "without moduleInfo a module with channels cannot be created"},
     {"no-channels", Severity::Warning, "moduleInfo gives no channel of the directions that the module type has"},

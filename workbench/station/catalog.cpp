@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QTextStream>
 
@@ -99,10 +100,9 @@ QString catalogProblem(quint32 typeCode)
     }
     CatalogEntry entry;
     readTexts(path, entry);
-    if (!QFile::exists(getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent) + entry.componentFile)) {
+    if (!QFileInfo(getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent) + entry.componentFile).isFile()) {
         return Texts::tr("The component file %1 of \"%2\" (type %3) is missing.")
-            .arg(entry.componentFile, entry.name)
-            .arg(typeCode);
+            .arg(entry.componentFile, entry.name, QString::number(typeCode));
     }
     return {};
 }

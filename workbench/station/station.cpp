@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -97,6 +98,23 @@ bool areHeld(const QString &owner, const std::vector<MemoryRange> &ranges)
     return std::all_of(ranges.begin(), ranges.end(), [&](const MemoryRange &range) {
         return giveBack(owner, range) && take(owner, range) == memoryHeld;
     });
+}
+
+/// The type code that a block begins with.
+std::optional<quint32> typeCodeIn(const QByteArray &block, blockdecoder::Format format)
+{
+    const auto decoded = blockdecoder::decode(block, format).constFirst();
+    const blockdecoder::Field *type = decoded.find(QStringLiteral("header.objId"));
+    return type == nullptr ? std::nullopt : std::optional<quint32>(type->value.toUInt());
+}
+
+/// Why the plug-in creates no module of the type even without an owner.
+QString whyNoType(quint32 typeCode)
+{
+    const QString problem = catalogProblem(typeCode);
+    return problem.isEmpty()
+               ? Station::tr("The description file of type %1 is damaged or meant for a newer host.").arg(typeCode)
+               : problem;
 }
 
 /// Fields of a saved state's header that become others; those that the state lacks, or that are not read, stay out.
@@ -349,10 +367,7 @@ QString Station::whyNotCreated(quint32 typeCode) const
 {
     const ModuleHandle probe = m_plugin.own(m_exports.createObject(typeCode, QString()));
     if (!probe) {
-        const QString problem = catalogProblem(typeCode);
-        return problem.isEmpty()
-                   ? tr("The description file of type %1 is damaged or meant for a newer host.").arg(typeCode)
-                   : problem;
+        return whyNoType(typeCode);
     }
     IoMap in = m_exports.getInMap(probe.get());
     IoMap out = m_exports.getOutMap(probe.get());
@@ -397,10 +412,8 @@ bool Station::addBlock(const QByteArray &block, qint32 *code, QString &error)
         *code = result;
     }
     if (!handle) {
-        const auto decoded = blockdecoder::decode(block, blockdecoder::Format::Configuration).constFirst();
-        const blockdecoder::Field *type = decoded.find(QStringLiteral("header.objId"));
-        const QString problem = type != nullptr ? catalogProblem(type->value.toUInt()) : QString();
-        error = problem.isEmpty() ? tr("The block is damaged.") : problem;
+        const auto type = typeCodeIn(block, blockdecoder::Format::Configuration);
+        error = whyNotRebuilt(type.value_or(0), tr("The block is damaged."));
         return false;
     }
     const Place place = placeOf(handle.get());
@@ -551,18 +564,19 @@ ModuleHandle Station::read(const StoredModule &module, const QString &memoryOwne
 {
     const bool isTooLong = module.state.size() > StoredModule::largestState;
     ModuleHandle handle = m_plugin.own(isTooLong ? nullptr : m_exports.restore(module.state, memoryOwner));
-    if (handle && !m_exports.getName(handle.get()).isEmpty()) {
-        return handle;
-    }
-    // Of a type that the catalog lacks the plug-in makes a blank record. The type that is known besides is for a state
-    // that is damaged.
-    reason = handle ? QString() : tr("Its saved state is damaged.");
-    const quint32 type = handle ? static_cast<quint32>(m_exports.getNodeId(handle.get())) : module.typeCode;
-    if (const QString problem = type != 0 ? catalogProblem(type) : QString(); !problem.isEmpty()) {
-        reason = problem;
-        handle.reset();
+    if (!handle) {
+        const quint32 type =
+            isTooLong ? 0 : typeCodeIn(module.state, blockdecoder::Format::SavedState).value_or(module.typeCode);
+        reason = whyNotRebuilt(type, tr("Its saved state is damaged."));
     }
     return handle;
+}
+
+/// @p damaged unless the type itself is the reason; a @p typeCode of 0 is unknown.
+QString Station::whyNotRebuilt(quint32 typeCode, const QString &damaged) const
+{
+    const bool isReason = typeCode != 0 && !m_plugin.own(m_exports.createObject(typeCode, QString()));
+    return isReason ? whyNoType(typeCode) : damaged;
 }
 
 StoredModule Station::stored(int index) const

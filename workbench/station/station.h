@@ -130,6 +130,7 @@ private:
     ModuleHandle restored(const StoredModule &module, bool verified, QString &reason) const;
     ModuleHandle read(const StoredModule &module, const QString &memoryOwner, QString &reason) const;
     QString whyNotCreated(quint32 typeCode) const;
+    QString whyNotRebuilt(quint32 typeCode, const QString &damaged) const;
     bool findRoom(IoMap &in, IoMap &out, QString &error) const;
     bool addCopy(const QByteArray &state, Place place, bool newAddresses, QString &error);
     void hold(SimpleExtendPar *handle);
