@@ -258,11 +258,13 @@ private slots:
                                          {state + "absent"},
                                          {QFileInfo(state).path()},
                                          {"--hex", state},
+                                         {"--hex", file("%2 is not a place", "x")},
                                          {file("large", QByteArray(maximumFileSize + 1, 0))},
                                          {"-", "--diff", "-"}}) {
             const Run refused = run(wrong);
             QCOMPARE(refused.status, 2);
             QVERIFY(refused.output.isEmpty() && refused.complaint.startsWith("blockinspect: "));
+            QVERIFY(!refused.complaint.contains("1 is not a place"));
         }
         QCOMPARE(run({"--help"}).status, 0);
     }

@@ -162,7 +162,7 @@ private slots:
 
     void catalogFolder()
     {
-        const QTemporaryDir folder;
+        const QTemporaryDir folder(QDir::tempPath() + "/%1 %2 %3 XXXXXX");
         qputenv("SIMHOST_COMPONENTS", QFile::encodeName(QDir::current().relativeFilePath(folder.path())));
         QCOMPARE(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription), folder.path() + "/6/");
         qunsetenv("SIMHOST_COMPONENTS");

@@ -69,10 +69,8 @@ QString getHwcnfgComponentPath(HwcnfgComponent component)
     using simulatedhost::HostCall;
     const bool isDescription = component == HwcnfgComponent::ModuleDescription;
     const bool isMissing = callFails(isDescription ? HostCall::FindDescriptions : HostCall::FindComponents);
-    return QStringLiteral("%1/%2%3/")
-        .arg(root)
-        .arg(static_cast<qint32>(component))
-        .arg(QLatin1String(isMissing ? "/missing" : ""));
+    const QString folder = root % QLatin1Char('/') % QString::number(static_cast<qint32>(component));
+    return folder % QLatin1String(isMissing ? "/missing/" : "/");
 }
 
 quint32 getAppVerNum()

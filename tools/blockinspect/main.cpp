@@ -51,7 +51,7 @@ bool readFile(const QString &path, QByteArray &bytes)
         return false;
     }
     if (bytes.size() > maximumFileSize) {
-        complain(QStringLiteral("%1: larger than %2 bytes, the limit for blocks").arg(path).arg(maximumFileSize));
+        complain(QStringLiteral("%1: larger than %2 bytes, the limit for blocks").arg(path, QString::number(maximumFileSize)));
         return false;
     }
     return true;
@@ -72,7 +72,8 @@ bool takeHex(const QString &path, QByteArray &bytes)
     const auto *const wrong = std::find_if(
         bytes.cbegin(), bytes.cend(), [](char character) { return !isSpace(character) && !isHexDigit(character); });
     if (wrong != bytes.cend()) {
-        complain(QStringLiteral("%1: no hexadecimal digit at character %2").arg(path).arg(wrong - bytes.cbegin() + 1));
+        complain(QStringLiteral("%1: no hexadecimal digit at character %2")
+                     .arg(path, QString::number(wrong - bytes.cbegin() + 1)));
         return false;
     }
     bytes.truncate(static_cast<int>(std::remove_if(bytes.begin(), bytes.end(), isSpace) - bytes.begin()));

@@ -278,7 +278,8 @@ void MemoryView::refresh()
         if (const auto holder = holders.constFind(keyOf(claimed.area, claimed.start)); holder != holders.constEnd()) {
             const ModuleView module = m_station->module(*holder);
             const CatalogEntry *entry = findEntry(m_catalog, module.typeCode);
-            range.text = tr("%1 (rack %2, slot %3)").arg(module.name).arg(module.place.rack).arg(module.place.slot);
+            range.text = tr("%1 (rack %2, slot %3)")
+                             .arg(module.name, QString::number(module.place.rack), QString::number(module.place.slot));
             range.place = module.place;
             range.color = moduleColor(entry == nullptr ? CatalogFamily::Other : entry->family, module.place, palette());
         }
