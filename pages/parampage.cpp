@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -122,9 +123,11 @@ void ParamPage::changeEvent(QEvent *event)
 bool ParamPage::refuse(QWidget *field, QMessageBox::Icon icon, const QString &text)
 {
     emit signal_refused(field);
-    QMessageBox box(icon, windowTitle(), text, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText); // the text may be the host's
-    box.exec();
+    // The host may destroy the page, and the box with it, while the box is open.
+    const QPointer<QMessageBox> box = new QMessageBox(icon, windowTitle(), text, QMessageBox::Ok, this);
+    box->setTextFormat(Qt::PlainText); // the text may be the host's
+    box->exec();
+    delete box;
     return false;
 }
 

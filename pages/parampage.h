@@ -45,8 +45,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
-    /// Tells that the value in @p field is refused: signal_refused first, then @p text in a box with one OK button.
-    /// Returns false, for saveData to return.
+    /// Refuses the value in @p field: emits signal_refused, then shows @p text in a box with one OK button. Returns
+    /// false, which saveData must return at once: the host may have destroyed the page while the box was open.
     bool refuse(QWidget *field, QMessageBox::Icon icon, const QString &text);
 
     /// The word-wrapped text that says what the page is for.
