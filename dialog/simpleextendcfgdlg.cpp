@@ -137,6 +137,7 @@ void SimpleExtendcfgdlg::buildTree()
     m_tree->setHeaderHidden(true);
     m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // never narrower than its items, see fitToFont
     m_tree->setExpandsOnDoubleClick(false);
+    m_tree->setItemsExpandable(false); // the root has no mark that would unfold it again
     m_tree->setRootIsDecorated(false);
     m_tree->setIconSize(QSize(treeIconSize, treeIconSize));
 
@@ -230,6 +231,7 @@ QHBoxLayout *SimpleExtendcfgdlg::newButtonRow()
     const auto addButton = [row](const QString &text, const QString &name) {
         auto *button = new QPushButton(text);
         button->setObjectName(name);
+        button->setAutoDefault(false); // only OK is ever Return's default
         row->addWidget(button);
         return button;
     };

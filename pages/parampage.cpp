@@ -153,6 +153,7 @@ QPushButton *ParamPage::newButton(const QString &text, const QString &objectName
 {
     auto *button = new QPushButton(text);
     button->setObjectName(objectName);
+    button->setAutoDefault(false);
     return button;
 }
 

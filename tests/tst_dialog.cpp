@@ -205,6 +205,64 @@ private slots:
         QVERIFY(opened->slot_returnDefaultParam() == opened->slot_returnDefaultParam());
     }
 
+    void defaultAllAsksTheHostOncePerPress()
+    {
+        const auto par = buildDefault(mixedAnalog, owner);
+        OpenDialog opened(par.get());
+        auto *name = opened.find<QLineEdit>("nameEdit");
+        name->setText("mine");
+        int asked = 0;
+        simulatedhost::setFaults([&asked](simulatedhost::HostCall call) {
+            asked += call == simulatedhost::HostCall::FindDescriptions ? 1 : 0;
+            return true;
+        });
+        for (const int presses : {1, 2}) {
+            opened.press("defaultAllButton");
+            QCOMPARE(asked, presses);
+        }
+        opened.press("defaultsButton");
+        QCOMPARE(asked, 3);
+        QCOMPARE(name->text(), QStringLiteral("mine"));
+        simulatedhost::setFaults({});
+        opened.press("defaultAllButton");
+        QVERIFY(name->text() != "mine");
+    }
+
+    void onlyOkIsTheDefaultButton()
+    {
+        const auto par = buildDefault(mixedAnalog, owner);
+        OpenDialog opened(par.get());
+        opened.show();
+        auto *tree = opened.find<QTreeWidget>("tree");
+        int focused = 0;
+        for (int i = 0; i < tree->topLevelItem(0)->childCount(); ++i) {
+            tree->setCurrentItem(tree->topLevelItem(0)->child(i));
+            for (auto *button : opened->findChildren<QPushButton *>()) {
+                button->setFocus();
+                focused += button->hasFocus() ? 1 : 0;
+                for (const auto *each : opened->findChildren<QPushButton *>()) {
+                    QCOMPARE(each->isDefault(), each->objectName() == "okButton");
+                }
+            }
+        }
+        QVERIFY(focused > 24); // the dialog's four on each of six pages, and those of the pages
+        opened.find<QPushButton>("helpButton")->setFocus();
+        QTest::keyClick(opened.find<QWidget>("nameEdit"), Qt::Key_Return);
+        QCOMPARE(opened->result(), int(QDialog::Accepted));
+    }
+
+    void groupsCannotBeFolded()
+    {
+        const auto par = buildDefault(mixedAnalog, owner);
+        OpenDialog opened(par.get());
+        opened.show();
+        auto *tree = opened.find<QTreeWidget>("tree");
+        for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Left, Qt::Key_Minus, Qt::Key_Up, Qt::Key_Minus, Qt::Key_Left}) {
+            QTest::keyClick(tree, key);
+            QVERIFY(tree->topLevelItem(0)->isExpanded());
+        }
+    }
+
     void everyRefusalIsShownAndTheFirstStays()
     {
         const auto par = buildDefault(mixedAnalog, owner);
