@@ -95,7 +95,11 @@ void SimpleExtendcfgdlg::initUI()
     buildTree();
     m_stack = new QStackedWidget(this);
     m_stack->setObjectName(QStringLiteral("pageStack"));
+    // Before the pages and after them: a default record that cannot be built is asked of the host once, not by each page.
+    connect(this, &SimpleExtendcfgdlg::signal_defaultAll, this,
+            [this] { m_hasNoDefaults = slot_returnDefaultParam() == nullptr; });
     addGroups();
+    connect(this, &SimpleExtendcfgdlg::signal_defaultAll, this, [this] { m_hasNoDefaults = false; });
 
     auto *panes = new QHBoxLayout;
     panes->addWidget(m_tree, 1);
@@ -312,7 +316,7 @@ void SimpleExtendcfgdlg::done(int result)
 
 SimpleExtendPar *SimpleExtendcfgdlg::slot_returnDefaultParam()
 {
-    if (m_defaultPar == nullptr) {
+    if (m_defaultPar == nullptr && !m_hasNoDefaults) {
         m_defaultPar = buildDefault(m_par->objId, QString());
     }
     return m_defaultPar.get();

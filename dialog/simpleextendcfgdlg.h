@@ -40,7 +40,7 @@ public slots:
     void slot_bttnOK();
     void slot_startHelpSystem();
     /// The factory record of the module's type, built when first asked for and owned by the dialog. Null when it
-    /// cannot be built.
+    /// cannot be built; the next call then tries again.
     SimpleExtendPar *slot_returnDefaultParam();
     void raisePage(QTreeWidgetItem *curItem, QTreeWidgetItem *preItem);
 
@@ -90,4 +90,5 @@ private:
     QAction *m_helpAction = nullptr;
     std::array<ParamPage *, PageCount> m_pages{}; ///< null where the module has no such page
     QPointer<QWidget> m_firstRefused;             ///< since OK was pressed
+    bool m_hasNoDefaults = false;                 ///< during signal_defaultAll: the default record cannot be built
 };

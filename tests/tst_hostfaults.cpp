@@ -35,7 +35,6 @@ struct Fault {
 struct ModuleType {
     quint32 code;
     quint32 moduleInfo;
-    int askingPages;     ///< pages of its dialog that ask the dialog for factory values
     const char *refused; ///< edits that a page refuses
 };
 
@@ -155,8 +154,7 @@ struct Rules : Scene {
         for (const IoMap &range : ranges) {
             range.area == 0 ? PlcTypeVersion() : getPrjPlcTypeVersion(station);
         }
-        for (int page = 0; page < type.askingPages && !findsFiles(); ++page) {
-        }
+        findsFiles(); // "Default All"
         const bool isRefused = *type.refused != 0;
         const bool moved = move() || (!isRefused && move());
         boxes += isRefused ? 1 : 0;
@@ -234,15 +232,15 @@ const Operation operations[] = {
 };
 
 const ModuleType moduleTypes[] = {
-    {13398, 0x02040000, 5, ""}, // analog with both directions
-    {13398, 0x02040000, 5, "deadband_0=20"},
-    {13396, 0x00040000, 3, "deadband_0=20"},
-    {13400, 0x02000000, 3, ""},
-    {13650, 0x00001008, 3, ""},
-    {13650, 0x00000008, 2, ""},
-    {14418, 0x01020000, 1, "filterDepth_0=2 subMax_0=5"}, // weighing, double words
-    {14419, 0x01020000, 1, ""},
-    {100, 0, 1, ""},
+    {13398, 0x02040000, ""}, // analog with both directions
+    {13398, 0x02040000, "deadband_0=20"},
+    {13396, 0x00040000, "deadband_0=20"},
+    {13400, 0x02000000, ""},
+    {13650, 0x00001008, ""},
+    {13650, 0x00000008, ""},
+    {14418, 0x01020000, "filterDepth_0=2 subMax_0=5"}, // weighing, double words
+    {14419, 0x01020000, ""},
+    {100, 0, ""},
 };
 
 /// The host's calls that count for the fault.
