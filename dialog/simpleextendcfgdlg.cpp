@@ -3,6 +3,7 @@
 #include "defaultbuilder.h"
 #include "helpsharemodule.h"
 #include "modulekind.h"
+#include "notelabel.h"
 #include "saddrmapwgt.h"
 #include "saifilterwgt.h"
 #include "sairangewgt.h"
@@ -12,7 +13,6 @@
 #include "sdqouttblwgt.h"
 #include "sgeneralwgt.h"
 #include "sweightparcfgwgt.h"
-#include "wrappedlabel.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
@@ -116,12 +116,11 @@ void SimpleExtendcfgdlg::initUI()
     fitToFont();
 }
 
-/// Keeps the tree as wide as its items and the note at two lines.
+/// Keeps the tree as wide as its items.
 void SimpleExtendcfgdlg::fitToFont()
 {
     const QAbstractItemView *const items = m_tree;
     m_tree->setMinimumWidth(items->sizeHintForColumn(0) + 2 * m_tree->frameWidth());
-    m_note->setMinimumWidth(fontMetrics().horizontalAdvance(noteText()) * 3 / 5); // half, and a word that overhangs
 }
 
 void SimpleExtendcfgdlg::changeEvent(QEvent *event)
@@ -218,19 +217,13 @@ void SimpleExtendcfgdlg::addItem(const QString &text, QWidget *page)
     m_stack->insertWidget(0, page);
 }
 
-QString SimpleExtendcfgdlg::noteText()
-{
-    return tr("Configuration must be downloaded before taking effect.");
-}
-
 QHBoxLayout *SimpleExtendcfgdlg::newButtonRow()
 {
-    m_note = new WrappedLabel(QStringLiteral("<font color=\"#0000FF\">%1</font>").arg(noteText()));
-    m_note->setObjectName(QStringLiteral("noteLabel"));
-    m_note->setTextFormat(Qt::RichText);
+    auto *note = new NoteLabel(tr("Configuration must be downloaded before taking effect."));
+    note->setObjectName(QStringLiteral("noteLabel"));
 
     auto *row = new QHBoxLayout;
-    row->addWidget(m_note, 1);
+    row->addWidget(note);
     row->addSpacerItem(new QSpacerItem(1, 1, QSizePolicy::Expanding, QSizePolicy::Minimum));
     const auto addButton = [row](const QString &text, const QString &name) {
         auto *button = new QPushButton(text);

@@ -12,7 +12,6 @@
 class ParamPage;
 class QAction;
 class QHBoxLayout;
-class QLabel;
 class QPushButton;
 class QStackedWidget;
 class QTreeWidget;
@@ -71,7 +70,6 @@ private:
     void addItem(const QString &text, QWidget *page);
     QHBoxLayout *newButtonRow();
     void showRefusal(QWidget *field);
-    static QString noteText();
     void fitToFont();
     void revealField(QWidget *field);
 
@@ -82,7 +80,6 @@ private:
     QTreeWidget *m_tree = nullptr;
     QStackedWidget *m_stack = nullptr;
     QMap<QTreeWidgetItem *, QWidget *> m_pageOfItem;
-    QLabel *m_note = nullptr;
     QPushButton *m_okButton = nullptr;
     QPushButton *m_cancelButton = nullptr;
     QPushButton *m_defaultAllButton = nullptr;

@@ -242,6 +242,37 @@ private slots:
         }
     }
 
+    void noteCanBeRead_data()
+    {
+        const Rows<int, int> row("window", "ground"); // shades of gray
+        row("light", 0xEF, 0xEF);
+        row("dark", 0x35, 0xFF);
+        row("just light enough", 188, 188);
+        row("just too dark", 187, 0xFF);
+    }
+    void noteCanBeRead()
+    {
+        QFETCH(int, window);
+        QFETCH(int, ground);
+        const auto par = samplemodules::withChannels(0x3459, 4);
+        SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
+        dialog.show();
+        auto *note = dialog.findChild<QLabel *>("noteLabel");
+        QCOMPARE(note->text(),
+                 QStringLiteral("<font color=\"#0000FF\">Configuration must be downloaded before taking effect.</font>"));
+        const auto shownGround = [&dialog, note] { return dialog.grab().toImage().pixelColor(note->pos()); };
+        const QPalette before = dialog.palette();
+        dialog.setPalette(QPalette(QColor(window, window, window)));
+        QCOMPARE(shownGround(), QColor(ground, ground, ground));
+        dialog.setPalette(before);
+        QCOMPARE(shownGround(), before.color(QPalette::Window));
+
+        dialog.resize(largeWindow); // what is left of the width is between the note and the buttons
+        const auto *ok = dialog.findChild<QAbstractButton *>("okButton");
+        QCOMPARE(note->width(), note->sizeHint().width());
+        QVERIFY(ok->x() - note->geometry().right() > largeWindow.width() / 4);
+    }
+
     // Every text that is known to the translation is shown in Chinese when it is there, whatever its context is.
     void showsNothingInEnglish()
     {

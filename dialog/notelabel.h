@@ -1,0 +1,19 @@
+// The note beside the dialog's buttons.
+#pragma once
+
+#include "wrappedlabel.h"
+
+/// A blue text of about two lines. Where the window is too dark for blue, the label paints a light ground.
+class NoteLabel : public WrappedLabel {
+public:
+    explicit NoteLabel(const QString &text);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_plainText;
+};
