@@ -1,6 +1,7 @@
 #include "simpleextendcfgdlg.h"
 
 #include "defaultbuilder.h"
+#include "guarded.h"
 #include "helpsharemodule.h"
 #include "modulekind.h"
 #include "notelabel.h"
@@ -82,7 +83,18 @@ SimpleExtendcfgdlg::SimpleExtendcfgdlg(SimpleExtendPar *par, QString memoryOwner
     m_okButton->setEnabled(!locked);
 }
 
-SimpleExtendcfgdlg::~SimpleExtendcfgdlg() = default;
+SimpleExtendcfgdlg::~SimpleExtendcfgdlg()
+{
+    // Here and not where the dialog is left, because the host may destroy it while it is open. The caller rolls back the
+    // map of the owner that it named; ranges of another owner stay where OK has moved them.
+    if (result() != Accepted && m_memoryOwner == m_par->memoryOwner) {
+        for (ParamPage *const page : m_pages) {
+            if (page != nullptr) {
+                page->discard();
+            }
+        }
+    }
+}
 
 void SimpleExtendcfgdlg::initUI()
 {
@@ -144,7 +156,7 @@ void SimpleExtendcfgdlg::buildTree()
     m_tree->setRootIsDecorated(false);
     m_tree->setIconSize(QSize(treeIconSize, treeIconSize));
 
-    auto *root = new QTreeWidgetItem;
+    auto *root = new QTreeWidgetItem(m_tree);
     if (const Heading *const heading = headingOf(m_par->objId); heading != nullptr) {
         m_helpKeyword =
             helpKeyWord(QString::fromLatin1(heading->helpTitle), QString::fromUtf16(heading->localHelpTitle));
@@ -152,7 +164,6 @@ void SimpleExtendcfgdlg::buildTree()
     }
     root->setIcon(0, QIcon(QStringLiteral(":/images/folder.png")));
     root->setData(0, Qt::UserRole, -1);
-    m_tree->insertTopLevelItem(0, root);
     root->setExpanded(true);
 }
 
@@ -193,7 +204,8 @@ void SimpleExtendcfgdlg::addPage(PageIndex index, const QString &treeText, const
 {
     auto *page = new Page(m_par, m_defaultPar.get(), this);
     m_pages[index] = page;
-    connect(this, &SimpleExtendcfgdlg::signal_saveData, page, &Page::saveData);
+    connect(this, &SimpleExtendcfgdlg::signal_saveData, page,
+            [this, page] { callHost([page] { page->saveData(); }); });
     connect(page, &ParamPage::signal_refused, this, &SimpleExtendcfgdlg::showRefusal);
     if constexpr (std::is_base_of_v<DefaultsPage, Page>) {
         connect(page, &Page::signal_requestDefaultPar, this, &SimpleExtendcfgdlg::slot_returnDefaultParam);
@@ -258,13 +270,37 @@ void SimpleExtendcfgdlg::raisePage(QTreeWidgetItem *curItem, QTreeWidgetItem * /
     }
 }
 
+/// Runs @p call, which calls the host. If the host throws, the dialog is rejected with the memory map and the starts
+/// from before it was opened.
+template <typename Call>
+void SimpleExtendcfgdlg::callHost(Call &&call)
+{
+    const QPointer<SimpleExtendcfgdlg> self(this);
+    if (completes(call) || self.isNull()) {
+        return;
+    }
+    for (ParamPage *const page : m_pages) {
+        completes([page] { page == nullptr ? void() : page->rollBack(); });
+    }
+    reject();
+}
+
 void SimpleExtendcfgdlg::slot_bttnOK()
 {
+    callHost([this] { savePages(); });
+}
+
+void SimpleExtendcfgdlg::savePages()
+{
+    const QPointer<SimpleExtendcfgdlg> self(this);
     m_firstRefused.clear();
     bool ok = true;
     for (ParamPage *const page : m_pages) {
         // Every page is saved, also after another one has refused.
         ok = (page == nullptr || page->saveData()) && ok;
+        if (self.isNull()) {
+            return; // the host has destroyed the dialog while a page's message was open
+        }
     }
     if (ok) {
         accept();
@@ -294,28 +330,15 @@ void SimpleExtendcfgdlg::revealField(QWidget *field)
     }
 }
 
-void SimpleExtendcfgdlg::done(int result)
-{
-    // The caller rolls back the map of the owner that it named; ranges of another owner stay where OK has moved them.
-    if (result != Accepted && m_memoryOwner == m_par->memoryOwner) {
-        for (ParamPage *const page : m_pages) {
-            if (page != nullptr) {
-                page->discard();
-            }
-        }
-    }
-    QDialog::done(result);
-}
-
 SimpleExtendPar *SimpleExtendcfgdlg::slot_returnDefaultParam()
 {
     if (m_defaultPar == nullptr && !m_hasNoDefaults) {
-        m_defaultPar = buildDefault(m_par->objId, QString());
+        callHost([this] { m_defaultPar = buildDefault(m_par->objId, QString()); });
     }
     return m_defaultPar.get();
 }
 
 void SimpleExtendcfgdlg::slot_startHelpSystem()
 {
-    startHelpSys(m_helpKeyword);
+    callHost([keyword = m_helpKeyword] { startHelpSys(keyword); });
 }

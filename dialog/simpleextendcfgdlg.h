@@ -28,8 +28,6 @@ public:
     SimpleExtendcfgdlg(SimpleExtendPar *par, QString memoryOwner, QWidget *parent, bool locked);
     ~SimpleExtendcfgdlg() override;
 
-    void done(int result) override;
-
 signals:
     /// Not emitted by the dialog; whoever emits it reaches every page's saveData.
     void signal_saveData(bool &);
@@ -69,6 +67,9 @@ private:
     void addPage(PageIndex index, const QString &treeText, const QString &tabText);
     void addItem(const QString &text, QWidget *page);
     QHBoxLayout *newButtonRow();
+    template <typename Call>
+    void callHost(Call &&call);
+    void savePages();
     void showRefusal(QWidget *field);
     void fitToFont();
     void revealField(QWidget *field);

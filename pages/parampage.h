@@ -23,9 +23,11 @@ public:
     /// Writes the controls into the record. False after a refusal that the user has been told about; what was
     /// written before the refusal stays written.
     virtual bool saveData() = 0;
-    /// The dialog was left without being accepted. Takes back what the record must not keep in that case; nothing of
-    /// the kind on most pages, since what a refused OK has written stays written.
+    /// Reverts record changes that must not survive a dialog that is not accepted. Most pages have none: values written
+    /// by a refused OK stay written.
     virtual void discard() {}
+    /// Ends the page's open snapshots of the host's memory because a call of the host has thrown. May throw as well.
+    virtual void rollBack() {}
 
 signals:
     /// The value in @p field is about to be refused with a message.

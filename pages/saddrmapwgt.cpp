@@ -223,10 +223,23 @@ qint32 SAddrMapWgt::move(const Direction &direction, IoMap &range)
 
 bool SAddrMapWgt::takeBack(const Direction &refused, qint32 errorCode)
 {
+    restoreSnapshot();
+    return refuse(refused.start, QMessageBox::Warning, getMemoryErrStrByErrCode(errorCode));
+}
+
+/// Restores the page's latest open snapshot and the starts that belong to it.
+void SAddrMapWgt::restoreSnapshot()
+{
     restoreUsedMemory(m_par->memoryOwner);
     discard();
     m_snapshots.removeLast();
-    return refuse(refused.start, QMessageBox::Warning, getMemoryErrStrByErrCode(errorCode));
+}
+
+void SAddrMapWgt::rollBack()
+{
+    while (m_snapshots.size() > 1) {
+        restoreSnapshot();
+    }
 }
 
 void SAddrMapWgt::discard()

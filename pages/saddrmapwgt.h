@@ -26,6 +26,7 @@ public:
     bool saveData() override;
     /// Puts the starts back to those of the latest snapshot that is still open.
     void discard() override;
+    void rollBack() override;
 
 public slots:
     void slot_editingInputFinished();
@@ -58,6 +59,7 @@ private:
     static bool isMoved(const Direction &direction, const IoMap &range);
     qint32 move(const Direction &direction, IoMap &range);
     bool takeBack(const Direction &refused, qint32 errorCode);
+    void restoreSnapshot();
 
     Direction m_input;
     Direction m_output;

@@ -8,6 +8,7 @@
 #include "rows.h"
 #include "simpleextendpar.h"
 #include "simulatedhost.h"
+#include "throwinghost.h"
 
 using simulatedhost::HostCall;
 
@@ -16,6 +17,10 @@ namespace {
 const QString owner = QStringLiteral("plc");
 constexpr auto descriptions = HwcnfgComponent::ModuleDescription;
 constexpr auto components = HwcnfgComponent::ModuleComponent;
+constexpr quint32 mixedAnalog = 0x3459; // four inputs, two outputs
+constexpr quint32 mixedDigital = 0x3558;
+constexpr quint32 weighing = 0x3852;
+constexpr int taken = 100; // an input address that a move is refused
 
 /// The first-th of these calls fails, that one alone or all from there on.
 struct Fault {
@@ -115,7 +120,7 @@ struct Rules : Scene {
             range.unit = isVariable && !saved ? 2 : range.unit;
             range.count = isVariable && !isInput(range) ? 0 : range.count; // counted as digital outputs
         }
-        exists = answer == 0 && isThere(components);
+        exists = isThere(components);
     }
     void autoMalloc()
     {
@@ -265,6 +270,34 @@ class TestHostFaults : public QObject {
     const PluginExports &host() const { return m_plugin.exports(); }
     static void compare(const QString &actual, const QString &expected) { QCOMPARE(actual, expected); }
 
+    /// A module and what its station holds.
+    struct Held {
+        QStringList ranges;
+        int input;
+        int output;
+        bool operator==(const Held &other) const
+        {
+            return ranges == other.ranges && input == other.input && output == other.output;
+        }
+    };
+    Held heldBy(SimpleExtendPar *module) const
+    {
+        return {claims(owner), host().getInMap(module).start, host().getOutMap(module).start};
+    }
+    /// A module with factory values in a station where an address is taken.
+    ModuleHandle newModule(quint32 type) const
+    {
+        simulatedhost::reset();
+        getMemory(owner, VarArea::AnalogInput, taken, 8);
+        return m_plugin.own(host().createObject(type, owner));
+    }
+    /// Runs config under @p parent, with @p drive once the dialog waits. Returns config's answer.
+    qint32 configure(SimpleExtendPar *module, QWidget *parent, const std::function<void(QDialog &dialog)> &drive) const
+    {
+        QTimer::singleShot(0, parent, [&] { drive(*parent->findChild<QDialog *>()); });
+        return host().config(module, owner, parent, false);
+    }
+
     /// Whether the fault struck.
     bool runAgainstRules(const Operation &operation, const ModuleType &type, const Fault &fault)
     {
@@ -301,7 +334,11 @@ private slots:
         QVERIFY2(m_plugin.load(QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)), qPrintable(m_plugin.errorString()));
         QLoggingCategory::setFilterRules("default.debug=false");
     }
-    void cleanup() { simulatedhost::reset(); }
+    void cleanup()
+    {
+        throwingHost() = ThrowingHost();
+        simulatedhost::reset();
+    }
 
     void everyCallFails_data()
     {
@@ -323,6 +360,127 @@ private slots:
                     }
                 }
             }
+        }
+    }
+
+    void hostThrows_data()
+    {
+        // open: snapshots that stay open
+        const Rows<quint32, QString, QByteArray, int, int> all("type", "steps", "function", "at", "open");
+        const auto row = [&all](const char *steps, const char *function, int at = 1, quint32 type = mixedAnalog,
+                                int open = 0) {
+            all(QByteArray::number(at) + ". " + function + " after: " + steps, type, steps, function, at, open);
+        };
+        row("", "backupUsedMemory");
+        row("", "helpKeyWord");
+        row("", "getPrjPlcTypeVersion");
+        row("", "getPrjPlcTypeVersion", 2);
+        row("", "getPlcAddrRange");
+        row("", "getPlcAddrRange", 2);
+        row("okButton", "backupUsedMemory", 2);
+        for (const char *steps :
+             {"inputStart=40 outputStart=40 okButton", "inputStart=40 outputStart=40 signal_saveData"}) {
+            row(steps, "freeMemory");
+            row(steps, "freeMemory", 2);
+            row(steps, "getMemory");
+            row(steps, "getMemory", 2);
+            row(steps, "popBackupMemory");
+        }
+        row("inputStart=100 okButton", "restoreUsedMemory");
+        row("inputStart=100 okButton", "getMemoryErrStrByErrCode");
+        const char *refusedOnce = "inputStart=40 deadband_0=20 okButton inputStart=60 okButton";
+        row(refusedOnce, "backupUsedMemory", 3);
+        row(refusedOnce, "getMemory", 2);
+        row("inputStart=40 deadband_0=20 okButton inputStart=60 okButton inputStart=80 okButton", "getMemory", 3);
+        row("inputStart=40 deadband_0=20 okButton helpButton", "startHelpSys");
+        row("F1", "startHelpSys");
+        for (const char *steps : {"defaultAllButton", "defaultsButton"}) {
+            row(steps, "getAppVerNum");
+            row(steps, "getHwcnfgComponentPath");
+            row(steps, "getHwcnfgComponentPath", 2);
+            row(steps, "getModuleAINum");
+            row(steps, "getModuleAQNum");
+            row(steps, "getModuleDINum", 1, mixedDigital);
+            row(steps, "getModuleDQNum", 1, mixedDigital);
+        }
+        row("cancelButton", "restoreUsedMemory", 1, mixedAnalog, 1);
+        row("okButton", "popBackupMemory", 1, mixedAnalog, 2);
+    }
+    void hostThrows()
+    {
+        QFETCH(quint32, type);
+        QFETCH(QString, steps);
+        QFETCH(QByteArray, function);
+        QFETCH(int, at);
+        for (const bool lasts : {false, true}) {
+            throwingHost() = ThrowingHost();
+            const ModuleHandle module = newModule(type);
+            const Held before = heldBy(module.get());
+            BoxRecorder boxes;
+            QWidget parent;
+            throwingHost() = {function, at, lasts};
+            const qint32 answer = configure(module.get(), &parent, [&steps](QDialog &dialog) {
+                const bool isActive = QTest::qWaitForWindowActive(&dialog); // as F1 needs it
+                for (const QString &step : steps.split(' ', Qt::SkipEmptyParts)) {
+                    bool ok = true;
+                    if (!isActive || !dialog.isVisible()) {
+                        break;
+                    }
+                    if (step == "F1") {
+                        QTest::keyClick(child(dialog, "nameEdit"), Qt::Key_F1);
+                    } else if (step == "signal_saveData") {
+                        QMetaObject::invokeMethod(&dialog, "signal_saveData", Q_ARG(bool &, ok));
+                    } else {
+                        edit(dialog, step);
+                    }
+                }
+                dialog.isVisible() ? dialog.reject() : void(); // it should not be
+            });
+            QVERIFY(throwingHost().calls >= at);
+            throwingHost() = ThrowingHost();
+            QCOMPARE(answer, 0);
+            QVERIFY(parent.findChild<QDialog *>() == nullptr);
+            if (!lasts) { // else nothing can be rolled back
+                QVERIFY(heldBy(module.get()) == before);
+                QTEST(simulatedhost::openSnapshots(owner), "open");
+            }
+        }
+    }
+
+    // The host destroys the dialog's parent while a page's message is open.
+    void parentDestroyed_data()
+    {
+        const Rows<quint32, QString, int> row("type", "edits", "restores");
+        row("Address", mixedAnalog, "inputStart=100", 2);
+        row("Address and deadband", mixedAnalog, "inputStart=100 deadband_0=20", 2);
+        row("deadband", mixedAnalog, "deadband_0=20", 1);
+        row("deadband after a move", mixedAnalog, "inputStart=40 deadband_3=20", 1);
+        row("filter rule", weighing, "filterDepth_0=2 subMax_0=5", 1);
+    }
+    void parentDestroyed()
+    {
+        QFETCH(quint32, type);
+        QFETCH(QString, edits);
+        for (const bool byKey : {false, true}) {
+            const ModuleHandle module = newModule(type);
+            const Held before = heldBy(module.get());
+            QPointer<QWidget> parent = new QWidget;
+            BoxRecorder boxes;
+            boxes.onBox = [&parent](const QMessageBox &) {
+                QMetaObject::invokeMethod(qApp, [&parent] { delete parent; }, Qt::QueuedConnection);
+            };
+            throwingHost() = {"restoreUsedMemory", 0};
+            const qint32 answer = configure(module.get(), parent, [&edits, byKey](QDialog &dialog) {
+                edit(dialog, edits);
+                auto *name = child(dialog, "nameEdit");
+                byKey ? QTest::keyPress(name, Qt::Key_Return)
+                      : QTest::mouseClick(child(dialog, "okButton"), Qt::LeftButton);
+            });
+            QVERIFY(parent.isNull());
+            QCOMPARE(answer, 0);
+            QCOMPARE(boxes.told.size(), 1);
+            QTEST(throwingHost().calls, "restores");
+            QVERIFY(heldBy(module.get()) == before);
         }
     }
 

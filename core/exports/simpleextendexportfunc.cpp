@@ -2,6 +2,7 @@
 
 #include "baseservices.h"
 #include "defaultbuilder.h"
+#include "guarded.h"
 #include "imagerange.h"
 #include "modulestate.h"
 #include "simpleextendcfgdlg.h"
@@ -14,15 +15,12 @@
 
 namespace {
 
-/// Runs @p call; what it throws ends here, since the host's frames are not ours to unwind.
+/// The result of @p call, or @p fallback if it throws.
 template <class Call, class Result = std::invoke_result_t<Call>>
 Result guarded(Call &&call, Result fallback = {}) noexcept
 {
-    try {
-        return call();
-    } catch (...) {
-        return fallback;
-    }
+    completes([&] { fallback = call(); });
+    return fallback;
 }
 
 } // namespace
@@ -38,11 +36,8 @@ void releaseObject(SimpleExtendPar *handle) noexcept
         return;
     }
     const std::unique_ptr<SimpleExtendPar> owned(handle);
-    guarded([&owned] {
-        freeRange(owned->memoryOwner, owned->inMap);
-        freeRange(owned->memoryOwner, owned->outMap);
-        return true;
-    });
+    completes([&owned] { freeRange(owned->memoryOwner, owned->inMap); });
+    completes([&owned] { freeRange(owned->memoryOwner, owned->outMap); });
 }
 
 qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *parent, bool locked) noexcept
@@ -50,9 +45,10 @@ qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *pare
     if (handle == nullptr || parent == nullptr) {
         return 0;
     }
-    return guarded([&] {
+    // The host may destroy the parent while the dialog is open: the dialog is destroyed with it, and so may be the
+    // host's own string.
+    return guarded([handle, parent, locked, memoryOwner = QString(memoryOwner)] {
         backupUsedMemory(memoryOwner);
-        // The host may destroy the parent, and the dialog with it, while the dialog is open.
         QPointer<SimpleExtendcfgdlg> dialog;
         const int result = guarded(
             [&] {
@@ -60,11 +56,7 @@ qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *pare
                 return dialog->exec();
             },
             static_cast<int>(QDialog::Rejected));
-        if (result == QDialog::Accepted) {
-            popBackupMemory(memoryOwner);
-        } else {
-            restoreUsedMemory(memoryOwner);
-        }
+        completes([&] { result == QDialog::Accepted ? popBackupMemory(memoryOwner) : restoreUsedMemory(memoryOwner); });
         delete dialog;
         return 0;
     });

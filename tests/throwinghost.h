@@ -1,0 +1,70 @@
+// A host that throws from one of its calls and otherwise is the simulated one. A program that includes this header (in
+// one source file) takes these functions in place of those of basemodule and helpsharemodule.
+#pragma once
+
+#include "baseservices.h"
+#include "helpsharemodule.h"
+
+#include <QByteArray>
+
+#include <dlfcn.h>
+
+#include <new>
+
+/// Which call throws.
+struct ThrowingHost {
+    QByteArray function; ///< empty = none
+    int at = 1;          ///< the at-th call of the function
+    bool lasts = false;  ///< and all calls after it
+    int calls = 0;       ///< of the function until now
+
+    void enter(const char *called)
+    {
+        if (function == called && (++calls == at || (lasts && calls > at))) {
+            throw std::bad_alloc();
+        }
+    }
+};
+
+inline ThrowingHost &throwingHost()
+{
+    static ThrowingHost host;
+    return host;
+}
+
+/// The function of the host's library.
+template <class Function>
+Function *hostFunction(const char *symbol)
+{
+    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, symbol));
+}
+
+#define MAY_THROW(Result, name, symbol, parameters, arguments)                                                         \
+    Result name parameters                                                                                             \
+    {                                                                                                                  \
+        throwingHost().enter(#name);                                                                                   \
+        static auto *const host = hostFunction<Result parameters>(symbol);                                             \
+        return host arguments;                                                                                         \
+    }
+
+MAY_THROW(qint32, getMemory, "_Z9getMemoryRK7QString7VarAreaii",
+          (const QString &owner, VarArea area, qint32 start, qint32 length), (owner, area, start, length))
+MAY_THROW(bool, freeMemory, "_Z10freeMemoryRK7QString7VarAreaii",
+          (const QString &owner, VarArea area, qint32 start, qint32 length), (owner, area, start, length))
+MAY_THROW(void, backupUsedMemory, "_Z16backupUsedMemoryRK7QString", (const QString &owner), (owner))
+MAY_THROW(void, popBackupMemory, "_Z15popBackupMemoryRK7QString", (const QString &owner), (owner))
+MAY_THROW(void, restoreUsedMemory, "_Z17restoreUsedMemoryRK7QString", (const QString &owner), (owner))
+MAY_THROW(QString, getMemoryErrStrByErrCode, "_Z24getMemoryErrStrByErrCodei", (qint32 code), (code))
+MAY_THROW(qint32, getModuleDINum, "_Z14getModuleDINumj", (quint32 moduleInfo), (moduleInfo))
+MAY_THROW(qint32, getModuleDQNum, "_Z14getModuleDQNumj", (quint32 moduleInfo), (moduleInfo))
+MAY_THROW(qint32, getModuleAINum, "_Z14getModuleAINumj", (quint32 moduleInfo), (moduleInfo))
+MAY_THROW(qint32, getModuleAQNum, "_Z14getModuleAQNumj", (quint32 moduleInfo), (moduleInfo))
+MAY_THROW(QString, getHwcnfgComponentPath, "_Z22getHwcnfgComponentPath15HwcnfgComponent", (HwcnfgComponent component),
+          (component))
+MAY_THROW(quint32, getAppVerNum, "_Z12getAppVerNumv", (), ())
+MAY_THROW(PlcTypeVersion, getPrjPlcTypeVersion, "_Z20getPrjPlcTypeVersionRK7QString", (const QString &owner), (owner))
+MAY_THROW(quint32, getPlcAddrRange, "_Z15getPlcAddrRangejjRK7QString",
+          (quint32 plcType, quint32 plcVersion, const QString &rangeName), (plcType, plcVersion, rangeName))
+MAY_THROW(QString, helpKeyWord, "_Z11helpKeyWordRK7QStringS1_", (const QString &english, const QString &local),
+          (english, local))
+MAY_THROW(void, startHelpSys, "_Z12startHelpSysRK7QString", (const QString &keyword), (keyword))
