@@ -5,8 +5,8 @@
 
 #include <memory>
 
-/// Returns true if the file that the description's "ServerFile" names is in the host's component folder. A folder is not
-/// a component file, so an empty "ServerFile", which leaves the path of the folder itself, gives false.
+/// Returns true if the file that the description's "ServerFile" names is in the host's component folder. A folder is
+/// not a component file, so an empty "ServerFile", which leaves the path of the folder itself, gives false.
 bool hasComponentFile(const ModuleMetInfo &info);
 
 /// A module with the factory parameters of its type, its ranges claimed under @p memoryOwner; with an empty owner

@@ -85,8 +85,8 @@ SimpleExtendcfgdlg::SimpleExtendcfgdlg(SimpleExtendPar *par, QString memoryOwner
 
 SimpleExtendcfgdlg::~SimpleExtendcfgdlg()
 {
-    // Here and not where the dialog is left, because the host may destroy it while it is open. The caller rolls back the
-    // map of the owner that it named; ranges of another owner stay where OK has moved them.
+    // Here and not where the dialog is left, because the host may destroy it while it is open. The caller rolls back
+    // the map of the owner that it named; ranges of another owner stay where OK has moved them.
     if (result() != Accepted && m_memoryOwner == m_par->memoryOwner) {
         for (ParamPage *const page : m_pages) {
             if (page != nullptr) {
@@ -107,7 +107,8 @@ void SimpleExtendcfgdlg::initUI()
     buildTree();
     m_stack = new QStackedWidget(this);
     m_stack->setObjectName(QStringLiteral("pageStack"));
-    // Before the pages and after them: a default record that cannot be built is asked of the host once, not by each page.
+    // Before the pages and after them: a default record that cannot be built is asked of the host once, not by each
+    // page.
     connect(this, &SimpleExtendcfgdlg::signal_defaultAll, this,
             [this] { m_hasNoDefaults = slot_returnDefaultParam() == nullptr; });
     addGroups();
@@ -204,8 +205,7 @@ void SimpleExtendcfgdlg::addPage(PageIndex index, const QString &treeText, const
 {
     auto *page = new Page(m_par, m_defaultPar.get(), this);
     m_pages[index] = page;
-    connect(this, &SimpleExtendcfgdlg::signal_saveData, page,
-            [this, page] { callHost([page] { page->saveData(); }); });
+    connect(this, &SimpleExtendcfgdlg::signal_saveData, page, [this, page] { callHost([page] { page->saveData(); }); });
     connect(page, &ParamPage::signal_refused, this, &SimpleExtendcfgdlg::showRefusal);
     if constexpr (std::is_base_of_v<DefaultsPage, Page>) {
         connect(page, &Page::signal_requestDefaultPar, this, &SimpleExtendcfgdlg::slot_returnDefaultParam);

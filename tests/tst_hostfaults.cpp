@@ -467,7 +467,8 @@ private slots:
             QPointer<QWidget> parent = new QWidget;
             BoxRecorder boxes;
             boxes.onBox = [&parent](const QMessageBox &) {
-                QMetaObject::invokeMethod(qApp, [&parent] { delete parent; }, Qt::QueuedConnection);
+                QMetaObject::invokeMethod(
+                    qApp, [&parent] { delete parent; }, Qt::QueuedConnection);
             };
             throwingHost() = {"restoreUsedMemory", 0};
             const qint32 answer = configure(module.get(), parent, [&edits, byKey](QDialog &dialog) {

@@ -258,8 +258,9 @@ private slots:
         SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
         dialog.show();
         auto *note = dialog.findChild<QLabel *>("noteLabel");
-        QCOMPARE(note->text(),
-                 QStringLiteral("<font color=\"#0000FF\">Configuration must be downloaded before taking effect.</font>"));
+        QCOMPARE(
+            note->text(),
+            QStringLiteral("<font color=\"#0000FF\">Configuration must be downloaded before taking effect.</font>"));
         const auto shownGround = [&dialog, note] { return dialog.grab().toImage().pixelColor(note->pos()); };
         const QPalette before = dialog.palette();
         dialog.setPalette(QPalette(QColor(window, window, window)));

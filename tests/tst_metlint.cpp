@@ -150,8 +150,7 @@ private slots:
         row("duplicate-entry@7:7", entry() + entry("ObjName=new\n"), entry("ObjName=new\n"),
             "index=0; inputs=4; entries=2;");
         row("hides-later@5:19", entry("NeedHwCnfgVersion=2301\n") + entry(), entry(), "index=-1;");
-        row("no-server-file@1:1", entry().replace("ServerFile=module.cmp\n", ""),
-            entry(), "no module;");
+        row("no-server-file@1:1", entry().replace("ServerFile=module.cmp\n", ""), entry(), "no module;");
         row("missing-component@3:12", entry().replace("module.cmp", "absent.cmp"), entry(), "no module;");
         row("no-module-info@4:12", entry().replace("40000", "00000"), entry(), "no module;");
         row("no-channels@4:12", entry().replace("40000", "00004"), entry(), "inputs=0;");

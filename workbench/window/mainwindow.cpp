@@ -590,9 +590,9 @@ void MainWindow::addModuleAt(quint32 typeCode, Place place)
         return;
     }
     m_rackView->setCurrentPlace(place);
-    statusBar()->showMessage(tr("Added %1 in rack %2, slot %3")
-                                 .arg(name, QString::number(place.rack), QString::number(place.slot)),
-                             messageTime);
+    statusBar()->showMessage(
+        tr("Added %1 in rack %2, slot %3").arg(name, QString::number(place.rack), QString::number(place.slot)),
+        messageTime);
 }
 
 void MainWindow::moveModule(Place from, Place to)
