@@ -16,31 +16,40 @@ namespace {
 
 constexpr int maximumStart = std::numeric_limits<quint16>::max();
 
-/// The host's name for the size of an area; empty for areas that have none.
-QString addressRangeName(quint8 area)
+/// The host's name for the size of an area that a range of the direction may be in. Empty for any other area.
+QString inputRangeName(quint8 area)
 {
     switch (static_cast<VarArea>(area)) {
     case VarArea::AnalogInput:
         return QStringLiteral("AIEx");
-    case VarArea::AnalogOutput:
-        return QStringLiteral("AQEx");
     case VarArea::DigitalInput:
         return QStringLiteral("IEx");
+    case VarArea::Variable:
+        return QStringLiteral("V");
+    default:
+        return {};
+    }
+}
+
+QString outputRangeName(quint8 area)
+{
+    switch (static_cast<VarArea>(area)) {
+    case VarArea::AnalogOutput:
+        return QStringLiteral("AQEx");
     case VarArea::DigitalOutput:
         return QStringLiteral("QEx");
     case VarArea::Variable:
         return QStringLiteral("V");
-    case VarArea::None:
-        break;
+    default:
+        return {};
     }
-    return {};
 }
 
-/// Highest start that the station offers for @p range. The arithmetic is unsigned and may wrap; that the count of
-/// word channels is subtracted twice and the rest multiplied by the unit is intended, stations rely on it.
-quint32 highestStart(const QString &owner, const IoMap &range)
+/// Highest start of @p range in the area that the host calls @p name; 0 without a name. The arithmetic is unsigned
+/// and may wrap. It is intended that the count of word channels is subtracted twice and the rest multiplied by the
+/// unit, because stations rely on it.
+quint32 highestStart(const QString &owner, const IoMap &range, const QString &name)
 {
-    const QString name = addressRangeName(range.area);
     if (name.isEmpty()) {
         return 0;
     }
@@ -125,14 +134,14 @@ void SAddrMapWgt::initConnect()
 
 void SAddrMapWgt::initData(SimpleExtendPar *par)
 {
-    showRange(m_input, par->inMap);
-    showRange(m_output, par->outMap);
+    showRange(m_input, par->inMap, inputRangeName(par->inMap.area));
+    showRange(m_output, par->outMap, outputRangeName(par->outMap.area));
 }
 
-void SAddrMapWgt::showRange(Direction &direction, const IoMap &range)
+void SAddrMapWgt::showRange(Direction &direction, const IoMap &range, const QString &areaName)
 {
     constexpr quint32 largestValue = std::numeric_limits<int>::max();
-    const int highest = static_cast<int>(qMin(highestStart(m_par->memoryOwner, range), largestValue));
+    const int highest = static_cast<int>(qMin(highestStart(m_par->memoryOwner, range, areaName), largestValue));
     // An allocator may have placed the range above the highest start; it stays there until somebody moves it.
     direction.start->setRange(0, qMax<int>(highest, range.start));
     direction.start->setToolTip(QStringLiteral("0~%1").arg(highest));
@@ -142,7 +151,7 @@ void SAddrMapWgt::showRange(Direction &direction, const IoMap &range)
     const bool isBits = range.unit == 0;
     direction.length->setValue(isBits ? (range.count + 7) / 8 : range.count);
     direction.unit->setCurrentIndex(choices::addressUnits.indexOf(isBits ? 1 : range.unit));
-    direction.memory->setText(addressRangeName(range.area).remove(QStringLiteral("Ex")));
+    direction.memory->setText(QString(areaName).remove(QStringLiteral("Ex")));
     direction.group->setEnabled(range.count != 0);
     checkStart(direction);
 }

@@ -53,7 +53,8 @@ private:
     };
 
     static QGroupBox *newGroup(Direction &direction, const QString &title, const QString &stem);
-    void showRange(Direction &direction, const IoMap &range);
+    /// @p areaName is the host's name of the area, empty for an area without one.
+    void showRange(Direction &direction, const IoMap &range, const QString &areaName);
     static void checkStart(Direction &direction);
     static int rangeLength(const Direction &direction);
     static bool isMoved(const Direction &direction, const IoMap &range);

@@ -35,7 +35,24 @@ SimpleExtendPar moduleWith(const IoMap &input, const IoMap &output = {})
     return par;
 }
 
+quint32 plcType = 1;
+constexpr quint32 hugeArea = 100'000; ///< controller type with more bytes than 16-bit starts reach
+
 } // namespace
+
+// The host's answers for the highest start, recorded.
+PlcTypeVersion getPrjPlcTypeVersion(const QString &plcOwner)
+{
+    recordingHost().calls << QStringLiteral("plc ") + plcOwner;
+    return {plcType, 2};
+}
+
+quint32 getPlcAddrRange(quint32 type, quint32 version, const QString &name)
+{
+    recordingHost().calls << QStringLiteral("range %1 %2 %3").arg(type).arg(version).arg(name);
+    const QHash<QString, quint32> sizes{{"AIEx", 512}, {"AQEx", 256}, {"IEx", 128}, {"QEx", 64}, {"V", 8192}};
+    return type == hugeArea ? hugeArea : sizes.value(name);
+}
 
 class TestFramePages : public QObject {
     Q_OBJECT
@@ -45,7 +62,7 @@ private slots:
     void cleanup()
     {
         recordingHost() = RecordingHost();
-        simulatedhost::resetBase();
+        plcType = 1;
     }
 
     void general_data()
@@ -114,45 +131,60 @@ private slots:
 
     void address_data()
     {
+        // place: the direction and the host's name of its area
         // shown: maximum, tool tip, length, unit, end, memory
-        const Rows<IoMap, int, QString, QString> row("range", "start", "shown", "edits");
-        row("words", {6, 10, 4, 1, 2}, 24, "1000 0~1000 4 Words 31 AI", "inputStart=24");
-        row("odd words snap back", {6, 10, 4, 1, 2}, 10, "1000 0~1000 4 Words 17 AI", "inputStart=25");
-        row("an odd place may stay", {6, 11, 4, 1, 2}, 11, "1000 0~1000 4 Words 18 AI", "inputStart=13");
-        row("more than a start", {6, 9, 200, 1, 2}, 9, "2147483647 0~2147483647 200 Words 152 AI", "inputStart=65538");
-        row("bits", {129, 3, 12, 1, 0}, 25, "126 0~126 2 Bytes 26 I", "inputStart=25");
-        row("above the highest start", {129, 127, 16, 1, 0}, 127, "127 0~126 2 Bytes 128 I", "");
-        row("double words", {132, 0, 2, 1, 4}, 0, "8184 0~8184 2 DWord 7 V", "");
-        row("no area", {0, 0, 1, 1, 1}, 0, "0 0~0 1 Bytes 0 ", "");
-        row("no channels", {6, 0, 0, 1, 2}, 0, "1024 0~1024 0 Words  AI", "");
+        const Rows<QString, IoMap, int, QString, QString> row("place", "range", "start", "shown", "edit");
+        row("words", "input AIEx", {6, 10, 4, 1, 2}, 24, "1000 0~1000 4 Words 31 AI", "24");
+        row("output words", "output AQEx", {7, 10, 4, 1, 2}, 24, "488 0~488 4 Words 31 AQ", "24");
+        row("odd words snap back", "input AIEx", {6, 10, 4, 1, 2}, 10, "1000 0~1000 4 Words 17 AI", "25");
+        row("an odd place may stay", "input AIEx", {6, 11, 4, 1, 2}, 11, "1000 0~1000 4 Words 18 AI", "13");
+        row("more than a start", "input AIEx", {6, 9, 200, 1, 2}, 9, "2147483647 0~2147483647 200 Words 152 AI",
+            "65538");
+        row("bits", "input IEx", {129, 3, 12, 1, 0}, 25, "126 0~126 2 Bytes 26 I", "25");
+        row("output bits", "output QEx", {130, 3, 12, 1, 0}, 25, "62 0~62 2 Bytes 26 Q", "25");
+        row("above the highest start", "input IEx", {129, 127, 16, 1, 0}, 127, "127 0~126 2 Bytes 128 I", "");
+        row("double words", "input V", {132, 0, 2, 1, 4}, 0, "8184 0~8184 2 DWord 7 V", "");
+        row("output double words", "output V", {132, 0, 2, 1, 4}, 8, "8184 0~8184 2 DWord 15 V", "8");
+        row("no area", "input ", {0, 0, 1, 1, 1}, 0, "0 0~0 1 Bytes 0 ", "");
+        row("an input in an output area", "input ", {7, 0, 1, 1, 1}, 0, "0 0~0 1 Bytes 0 ", "");
+        row("inputs in a digital output area", "input ", {130, 0, 1, 1, 0}, 0, "0 0~0 1 Bytes 0 ", "");
+        row("an output in an input area", "output ", {6, 0, 1, 1, 1}, 0, "0 0~0 1 Bytes 0 ", "");
+        row("outputs in a digital input area", "output ", {129, 0, 1, 1, 0}, 0, "0 0~0 1 Bytes 0 ", "");
+        row("no channels", "input AIEx", {6, 0, 0, 1, 2}, 0, "1024 0~1024 0 Words  AI", "");
     }
     void address()
     {
+        QFETCH(QString, place);
         QFETCH(IoMap, range);
-        QFETCH(QString, edits);
+        QFETCH(QString, edit);
         QFETCH(int, start);
-        simulatedhost::setPlcType(owner, 1); // 512 bytes AIEx, 128 bytes IEx, 8192 bytes V
+        const QString stem = place.section(' ', 0, 0);
+        const QString name = place.section(' ', 1);
+        const bool isInput = stem == "input";
         for (const bool confirmed : {true, false}) {
-            SimpleExtendPar par = moduleWith(range);
+            SimpleExtendPar par = isInput ? moduleWith(range) : moduleWith({}, range);
+            recordingHost().calls.clear();
             SAddrMapWgt page(&par, nullptr, nullptr);
-            auto *spinBox = child<QSpinBox>(page, "inputStart");
+            const QStringList queries{"plc plc", "range 1 2 " + name};
+            QCOMPARE(recordingHost().takeCalls(), name.isEmpty() ? QStringList() : queries);
+            auto *spinBox = child<QSpinBox>(page, stem + "Start");
             QCOMPARE(spinBox->value(), int(range.start));
             QCOMPARE(spinBox->isEnabled(), range.count != 0);
-            QCOMPARE(spinBox->accessibleName(), "Input, Start");
-            QVERIFY(child<QLineEdit>(page, "inputEnd")->isReadOnly());
-            QVERIFY(!child(page, "inputLength")->isEnabled() && !child(page, "inputUnit")->isEnabled());
-            edit(page, edits);
+            QCOMPARE(spinBox->accessibleName(), isInput ? "Input, Start" : "Output, Start");
+            QVERIFY(child<QLineEdit>(page, stem + "End")->isReadOnly());
+            QVERIFY(!child(page, stem + "Length")->isEnabled() && !child(page, stem + "Unit")->isEnabled());
+            ::edit(page, edit.isEmpty() ? QString() : stem + "Start=" + edit);
             if (confirmed) {
-                QTest::keyClicks(spinBox, edits.isEmpty() ? "" : "\r");
+                QTest::keyClicks(spinBox, edit.isEmpty() ? "" : "\r");
                 QStringList shown{QString::number(spinBox->maximum()), spinBox->toolTip()};
-                shown << child<QSpinBox>(page, "inputLength")->text()
-                      << child<QComboBox>(page, "inputUnit")->currentText()
-                      << child<QLineEdit>(page, "inputEnd")->text() << child<QLabel>(page, "inputMemory")->text();
+                shown << child<QSpinBox>(page, stem + "Length")->text()
+                      << child<QComboBox>(page, stem + "Unit")->currentText()
+                      << child<QLineEdit>(page, stem + "End")->text() << child<QLabel>(page, stem + "Memory")->text();
                 QCOMPARE(spinBox->value(), start);
                 QTEST(shown.join(' '), "shown");
             }
             QVERIFY(page.saveData());
-            QCOMPARE(int(par.inMap.start), start);
+            QCOMPARE(int(isInput ? par.inMap.start : par.outMap.start), start);
         }
     }
 
@@ -177,6 +209,7 @@ private slots:
         parent.setWindowTitle("X");
         SAddrMapWgt page(&par, nullptr, &parent);
         edit(page, edits);
+        recordingHost().calls.clear();
         recordingHost().takeResult = answer;
         const bool held = answer == simulatedhost::Held;
         BoxRecorder boxes;
