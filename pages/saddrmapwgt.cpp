@@ -8,13 +8,13 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QToolTip>
 
 #include <limits>
 
 namespace {
-
-constexpr int maximumStart = std::numeric_limits<quint16>::max();
 
 /// The host's name for the size of an area that a range of the direction may be in. Empty for any other area.
 QString inputRangeName(quint8 area)
@@ -140,17 +140,18 @@ void SAddrMapWgt::initData(SimpleExtendPar *par)
 
 void SAddrMapWgt::showRange(Direction &direction, const IoMap &range, const QString &areaName)
 {
-    constexpr quint32 largestValue = std::numeric_limits<int>::max();
-    const int highest = static_cast<int>(qMin(highestStart(m_par->memoryOwner, range, areaName), largestValue));
-    // An allocator may have placed the range above the highest start; it stays there until somebody moves it.
-    direction.start->setRange(0, qMax<int>(highest, range.start));
-    direction.start->setToolTip(QStringLiteral("0~%1").arg(highest));
-    direction.start->setValue(range.start);
+    constexpr quint32 maximumStart = std::numeric_limits<quint16>::max();
+    direction.highestStart = static_cast<int>(qMin(highestStart(m_par->memoryOwner, range, areaName), maximumStart));
     direction.acceptedStart = range.start;
+    // An allocator may have placed the range above the highest start. It stays there until the user moves it.
+    direction.start->setRange(0, qMax<int>(direction.highestStart, range.start));
+    direction.start->setToolTip(QStringLiteral("0~%1").arg(direction.highestStart));
+    direction.start->setValue(range.start);
 
     const bool isBits = range.unit == 0;
     direction.length->setValue(isBits ? (range.count + 7) / 8 : range.count);
     direction.unit->setCurrentIndex(choices::addressUnits.indexOf(isBits ? 1 : range.unit));
+    direction.start->setSingleStep(isUnitEven(direction) ? 2 : 1);
     direction.memory->setText(QString(areaName).remove(QStringLiteral("Ex")));
     direction.group->setEnabled(range.count != 0);
     checkStart(direction);
@@ -166,19 +167,54 @@ void SAddrMapWgt::slot_editingOutputFinished()
     checkStart(m_output);
 }
 
-void SAddrMapWgt::checkStart(Direction &direction)
+bool SAddrMapWgt::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        const bool endsEditing = key == Qt::Key_Return || key == Qt::Key_Enter;
+        for (Direction *const direction : {&m_input, &m_output}) {
+            if (endsEditing && watched == direction->start && !checkStart(*direction)) {
+                direction->start->selectAll();
+                return true;
+            }
+        }
+    }
+    return ParamPage::eventFilter(watched, event);
+}
+
+bool SAddrMapWgt::checkStart(Direction &direction)
 {
     direction.start->interpretText();
     const int start = direction.start->value();
-    const bool isAligned = direction.unit->currentData().toInt() % 2 != 0 || start % 2 == 0;
-    if (isAligned && start <= maximumStart) {
+    const bool isAligned = !isUnitEven(direction) || start % 2 == 0;
+    const bool isAccepted = start == direction.acceptedStart || (isAligned && start <= direction.highestStart);
+    if (isAccepted) {
         direction.acceptedStart = start;
+        direction.start->setMaximum(qMax(direction.highestStart, start));
     } else {
         direction.start->setValue(direction.acceptedStart);
+        explainStart(direction);
     }
     const bool hasChannels = direction.length->value() != 0;
     direction.end->setText(hasChannels ? QString::number(direction.acceptedStart + rangeLength(direction) - 1)
                                        : QString());
+    return isAccepted;
+}
+
+void SAddrMapWgt::explainStart(const Direction &direction)
+{
+    if (!direction.start->isVisible()) {
+        return; // the tool tip would appear anywhere on the screen
+    }
+    const QString text = isUnitEven(direction) ? tr("The start must be an even number from 0 to %1.")
+                                               : tr("The start must be a number from 0 to %1.");
+    const QPoint place = direction.start->mapToGlobal(direction.start->rect().bottomLeft());
+    QToolTip::showText(place, text.arg(direction.highestStart), direction.start);
+}
+
+bool SAddrMapWgt::isUnitEven(const Direction &direction)
+{
+    return direction.unit->currentData().toInt() % 2 == 0;
 }
 
 /// Bytes of the range, kept to eight bits on purpose: longer ranges have always been moved so.

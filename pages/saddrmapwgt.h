@@ -35,6 +35,8 @@ public slots:
 protected:
     void initUI() override;
     void initConnect() override;
+    /// The Enter key that ends editing does not reach the dialog's default button if the start was put back.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     /// The controls of one range.
@@ -45,6 +47,7 @@ private:
         QComboBox *unit = nullptr;
         QLineEdit *end = nullptr;
         QLabel *memory = nullptr;
+        int highestStart = 0;
         int acceptedStart = 0;
     };
     struct Starts {
@@ -55,7 +58,11 @@ private:
     static QGroupBox *newGroup(Direction &direction, const QString &title, const QString &stem);
     /// @p areaName is the host's name of the area, empty for an area without one.
     void showRange(Direction &direction, const IoMap &range, const QString &areaName);
-    static void checkStart(Direction &direction);
+    /// Accepts the start that is shown, or puts the last accepted one back and explains that at the field. Returns
+    /// false in the latter case.
+    static bool checkStart(Direction &direction);
+    static void explainStart(const Direction &direction);
+    static bool isUnitEven(const Direction &direction);
     static int rangeLength(const Direction &direction);
     static bool isMoved(const Direction &direction, const IoMap &range);
     qint32 move(const Direction &direction, IoMap &range);

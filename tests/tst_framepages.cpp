@@ -9,10 +9,13 @@
 #include "simulatedbase.h"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QTextEdit>
+#include <QToolTip>
 
 Q_DECLARE_METATYPE(IoMap)
 
@@ -138,11 +141,17 @@ private slots:
         row("output words", "output AQEx", {7, 10, 4, 1, 2}, 24, "488 0~488 4 Words 31 AQ", "24");
         row("odd words snap back", "input AIEx", {6, 10, 4, 1, 2}, 10, "1000 0~1000 4 Words 17 AI", "25");
         row("an odd place may stay", "input AIEx", {6, 11, 4, 1, 2}, 11, "1000 0~1000 4 Words 18 AI", "13");
-        row("more than a start", "input AIEx", {6, 9, 200, 1, 2}, 9, "2147483647 0~2147483647 200 Words 152 AI",
-            "65538");
+        row("more than a start", "input AIEx", {6, 9, 200, 1, 2}, 9, "65535 0~65535 200 Words 152 AI", "65538");
+        row("more than a start, next to the limit", "input AIEx", {6, 65000, 200, 1, 2}, 65534,
+            "65535 0~65535 200 Words 65677 AI", "65534");
         row("bits", "input IEx", {129, 3, 12, 1, 0}, 25, "126 0~126 2 Bytes 26 I", "25");
         row("output bits", "output QEx", {130, 3, 12, 1, 0}, 25, "62 0~62 2 Bytes 26 Q", "25");
         row("above the highest start", "input IEx", {129, 127, 16, 1, 0}, 127, "127 0~126 2 Bytes 128 I", "");
+        row("down from above the highest start", "input IEx", {129, 127, 16, 1, 0}, 126, "126 0~126 2 Bytes 127 I",
+            "126");
+        row("from one such start to another", "input IEx", {129, 140, 16, 1, 0}, 140, "140 0~126 2 Bytes 141 I", "130");
+        row("the highest start of a large area", "huge V", {132, 0, 1, 1, 1}, 65535, "65535 0~65535 1 Bytes 65535 V",
+            "65535");
         row("double words", "input V", {132, 0, 2, 1, 4}, 0, "8184 0~8184 2 DWord 7 V", "");
         row("output double words", "output V", {132, 0, 2, 1, 4}, 8, "8184 0~8184 2 DWord 15 V", "8");
         row("no area", "input ", {0, 0, 1, 1, 1}, 0, "0 0~0 1 Bytes 0 ", "");
@@ -158,14 +167,15 @@ private slots:
         QFETCH(IoMap, range);
         QFETCH(QString, edit);
         QFETCH(int, start);
-        const QString stem = place.section(' ', 0, 0);
+        plcType = place.startsWith("huge") ? hugeArea : plcType;
+        const QString stem = place.startsWith("output") ? "output" : "input";
         const QString name = place.section(' ', 1);
         const bool isInput = stem == "input";
         for (const bool confirmed : {true, false}) {
             SimpleExtendPar par = isInput ? moduleWith(range) : moduleWith({}, range);
             recordingHost().calls.clear();
             SAddrMapWgt page(&par, nullptr, nullptr);
-            const QStringList queries{"plc plc", "range 1 2 " + name};
+            const QStringList queries{"plc plc", QString("range %1 2 %2").arg(plcType).arg(name)};
             QCOMPARE(recordingHost().takeCalls(), name.isEmpty() ? QStringList() : queries);
             auto *spinBox = child<QSpinBox>(page, stem + "Start");
             QCOMPARE(spinBox->value(), int(range.start));
@@ -185,6 +195,57 @@ private slots:
             }
             QVERIFY(page.saveData());
             QCOMPARE(int(isInput ? par.inMap.start : par.outMap.start), start);
+        }
+    }
+
+    // Only a start that may stay lets the key that ends editing accept the dialog.
+    void explainsStarts_data()
+    {
+        // keys: digits, ^ and v for the arrows
+        const Rows<IoMap, QString, int, QString> row("range", "keys", "start", "explanation");
+        row("a valid start", {6, 10, 4, 1, 2}, "24", 24, "");
+        row("an odd start", {6, 10, 4, 1, 2}, "25", 10, "The start must be an even number from 0 to 1000.");
+        row("an odd start of double words", {132, 8, 2, 1, 4}, "9", 8,
+            "The start must be an even number from 0 to 8184.");
+        row("above the highest start", {129, 127, 16, 1, 0}, "v^", 127, "");
+        row("another one above it", {129, 128, 16, 1, 0}, "v", 128, "The start must be a number from 0 to 126.");
+        row("steps from an odd start", {6, 11, 4, 1, 2}, "v", 11, "The start must be an even number from 0 to 1000.");
+        row("steps of even words", {6, 10, 4, 1, 2}, "^^v", 12, "");
+        row("steps of double words", {132, 8, 2, 1, 4}, "^", 10, "");
+        row("steps of bytes", {129, 3, 16, 1, 0}, "^^", 5, "");
+    }
+    void explainsStarts()
+    {
+        QFETCH(IoMap, range);
+        QFETCH(QString, keys);
+        QFETCH(QString, explanation);
+        for (const Qt::Key endOfEditing : {Qt::Key_Return, Qt::Key_Enter}) {
+            SimpleExtendPar par = moduleWith(range);
+            QDialog dialog;
+            SAddrMapWgt page(&par, nullptr, &dialog);
+            QPushButton ok(&dialog);
+            ok.setDefault(true);
+            connect(&ok, &QPushButton::clicked, &dialog, &QDialog::accept);
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            auto *start = child<QSpinBox>(page, "inputStart");
+            start->setFocus();
+            start->selectAll();
+            for (const QChar key : keys) {
+                key.isDigit() ? QTest::keyClick(start, key.toLatin1())
+                : key == '^'  ? QTest::keyClick(start, Qt::Key_Up)
+                              : QTest::keyClick(start, Qt::Key_Down);
+            }
+            QToolTip::hideText();
+            QTRY_COMPARE(QToolTip::text(), QString());
+            QTest::keyClick(start, endOfEditing);
+            QTEST(start->value(), "start");
+            QCOMPARE(QToolTip::text(), explanation);
+            QCOMPARE(dialog.result() == QDialog::Accepted, explanation.isEmpty());
+            if (!explanation.isEmpty()) { // which is over now
+                QTest::keyClick(start, endOfEditing);
+                QCOMPARE(dialog.result(), int(QDialog::Accepted));
+            }
         }
     }
 
@@ -234,7 +295,7 @@ private slots:
                               Qt::NoScrollPhase, false);
             QApplication::sendEvent(start, &event);
             QCOMPARE(event.isAccepted(), focused);
-            QCOMPARE(start->value(), focused ? 11 : 10);
+            QCOMPARE(start->value(), focused ? 12 : 10);
         }
     }
 };

@@ -197,6 +197,14 @@
         <source>Memory:</source>
         <translation>存储区：</translation>
     </message>
+    <message>
+        <source>The start must be an even number from 0 to %1.</source>
+        <translation>起始地址必须是 0 到 %1 之间的偶数。</translation>
+    </message>
+    <message>
+        <source>The start must be a number from 0 to %1.</source>
+        <translation>起始地址必须是 0 到 %1 之间的数。</translation>
+    </message>
 </context>
 <context>
     <name>SDIFilterWgt</name>
