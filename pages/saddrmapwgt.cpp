@@ -66,7 +66,7 @@ quint32 highestStart(const QString &owner, const IoMap &range, const QString &na
 } // namespace
 
 SAddrMapWgt::SAddrMapWgt(SimpleExtendPar *par, SimpleExtendPar * /*defaultPar*/, QWidget *parent)
-    : ParamPage(par, parent), m_snapshots{{par->inMap.start, par->outMap.start}}
+    : ParamPage(par, parent)
 {
     setUp();
 }
@@ -230,18 +230,20 @@ bool SAddrMapWgt::saveData()
     checkStart(m_output);
 
     backupUsedMemory(m_par->memoryOwner);
-    m_snapshots.append({m_par->inMap.start, m_par->outMap.start});
-    if (const qint32 answer = move(m_input, m_par->inMap); answer != memoryHeld) {
+    m_snapshots.append(Changes());
+    if (const qint32 answer = move(m_input, m_par->inMap, m_snapshots.last().input); answer != memoryHeld) {
         return takeBack(m_input, answer);
     }
     if (!isMoved(m_output, m_par->outMap)) {
         return true; // the snapshot stays open on purpose; what ends the one before the dialog ends it
     }
-    if (const qint32 answer = move(m_output, m_par->outMap); answer != memoryHeld) {
+    if (const qint32 answer = move(m_output, m_par->outMap, m_snapshots.last().output); answer != memoryHeld) {
         return takeBack(m_output, answer);
     }
     popBackupMemory(m_par->memoryOwner);
-    m_snapshots.removeLast();
+    const Changes changes = m_snapshots.takeLast();
+    m_snapshots.last().input.add(changes.input);
+    m_snapshots.last().output.add(changes.output);
     return true;
 }
 
@@ -251,7 +253,7 @@ bool SAddrMapWgt::isMoved(const Direction &direction, const IoMap &range)
 }
 
 /// Returns getMemory's answer, also when there is nothing to move.
-qint32 SAddrMapWgt::move(const Direction &direction, IoMap &range)
+qint32 SAddrMapWgt::move(const Direction &direction, IoMap &range, Change &change)
 {
     if (!isMoved(direction, range)) {
         return memoryHeld;
@@ -261,7 +263,8 @@ qint32 SAddrMapWgt::move(const Direction &direction, IoMap &range)
     freeMemory(m_par->memoryOwner, area, range.start, rangeLength(direction));
     const qint32 answer = getMemory(m_par->memoryOwner, area, start, rangeLength(direction));
     if (answer == memoryHeld) {
-        range.start = static_cast<quint16>(start);
+        change.add(range.start, static_cast<quint16>(start));
+        range.start = change.after;
     }
     return answer;
 }
@@ -289,6 +292,28 @@ void SAddrMapWgt::rollBack()
 
 void SAddrMapWgt::discard()
 {
-    m_par->inMap.start = m_snapshots.last().input;
-    m_par->outMap.start = m_snapshots.last().output;
+    m_snapshots.last().input.revert(m_par->inMap.start);
+    m_snapshots.last().output.revert(m_par->outMap.start);
+}
+
+void SAddrMapWgt::Change::add(quint16 from, quint16 to)
+{
+    const bool continues = isMade && after == from;
+    before = continues ? before : from;
+    after = to;
+    isMade = true;
+}
+
+void SAddrMapWgt::Change::add(const Change &later)
+{
+    if (later.isMade) {
+        add(later.before, later.after);
+    }
+}
+
+void SAddrMapWgt::Change::revert(quint16 &start) const
+{
+    if (isMade && start == after) {
+        start = before;
+    }
 }

@@ -24,7 +24,8 @@ public:
     /// Moves the ranges in the host's memory map and writes their starts. When the host refuses, both the map and the
     /// starts are again what they were before.
     bool saveData() override;
-    /// Puts the starts back to those of the latest snapshot that is still open.
+    /// Reverts the starts that saveData() has written since the latest snapshot that is still open. A start that the
+    /// host has changed since then stays.
     void discard() override;
     void rollBack() override;
 
@@ -50,9 +51,19 @@ private:
         int highestStart = 0;
         int acceptedStart = 0;
     };
-    struct Starts {
-        quint16 input;
-        quint16 output;
+    /// What saveData() has written to the start of a range.
+    struct Change {
+        bool isMade = false;
+        quint16 before = 0;
+        quint16 after = 0;
+
+        void add(quint16 from, quint16 to);
+        void add(const Change &later);
+        void revert(quint16 &start) const;
+    };
+    struct Changes {
+        Change input;
+        Change output;
     };
 
     static QGroupBox *newGroup(Direction &direction, const QString &title, const QString &stem);
@@ -65,13 +76,13 @@ private:
     static bool isUnitEven(const Direction &direction);
     static int rangeLength(const Direction &direction);
     static bool isMoved(const Direction &direction, const IoMap &range);
-    qint32 move(const Direction &direction, IoMap &range);
+    qint32 move(const Direction &direction, IoMap &range, Change &change);
     bool takeBack(const Direction &refused, qint32 errorCode);
     void restoreSnapshot();
 
     Direction m_input;
     Direction m_output;
-    /// The starts that belong to the host's open snapshots, the latest last. The first is not this page's: it was
-    /// taken before the dialog opened.
-    QVector<Starts> m_snapshots;
+    /// The changes since each of the host's open snapshots, the latest last. The first snapshot is the one that
+    /// config() takes before the dialog opens.
+    QVector<Changes> m_snapshots{1};
 };

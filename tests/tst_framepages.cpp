@@ -281,6 +281,46 @@ private slots:
         QCOMPARE(boxes.told, held ? QStringList() : QStringList{"warning, X: " + getMemoryErrStrByErrCode(answer)});
     }
 
+    // Steps before Cancel: "ok 20 30" moves to these starts, "refused 20 30" is refused by the host,
+    // "host 60 70" is a change of the record by the host.
+    void discards_data()
+    {
+        const Rows<QString, QString> row("steps", "starts");
+        row("nothing was done", "", "2 4");
+        row("the host moved both", "host 60 70", "60 70");
+        row("the host moved both, OK stored nothing", "host 60 70, refused 20 30", "60 70");
+        row("OK moved the input", "ok 20 4", "2 4");
+        row("OK moved the input, the host the output", "ok 20 4, host 20 70", "2 70");
+        row("OK moved the output, the host the input", "ok 2 30, host 60 30", "60 4");
+        row("OK moved both, then the host", "ok 20 30, host 60 70", "60 70");
+        row("OK moved both twice", "ok 20 30, ok 40 50", "2 4");
+        row("the latest open snapshot", "ok 20 4, ok 40 4", "20 4");
+        row("a closed snapshot after an open one", "ok 20 4, ok 40 30", "2 4");
+        row("a refused OK after an open snapshot", "ok 20 4, refused 40 30", "2 4");
+    }
+    void discards()
+    {
+        QFETCH(QString, steps);
+        SimpleExtendPar par = moduleWith({6, 2, 4, 1, 2}, {7, 4, 2, 1, 2});
+        SAddrMapWgt page(&par, nullptr, nullptr);
+        BoxRecorder boxes;
+        for (const QString &step : steps.split(", ", Qt::SkipEmptyParts)) {
+            const QStringList words = step.split(' ');
+            if (words[0] == "host") {
+                par.inMap.start = quint16(words[1].toInt());
+                par.outMap.start = quint16(words[2].toInt());
+                continue;
+            }
+            const bool isTaken = words[0] == "ok";
+            child<QSpinBox>(page, "inputStart")->setValue(words[1].toInt());
+            child<QSpinBox>(page, "outputStart")->setValue(words[2].toInt());
+            recordingHost().takeResult = isTaken ? simulatedhost::Held : 6;
+            QCOMPARE(page.saveData(), isTaken);
+        }
+        page.discard();
+        QTEST(QStringLiteral("%1 %2").arg(par.inMap.start).arg(par.outMap.start), "starts");
+    }
+
     void wheelNeedsFocus()
     {
         SimpleExtendPar par = moduleWith({6, 10, 4, 1, 2});
