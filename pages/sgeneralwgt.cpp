@@ -6,8 +6,12 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMimeData>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTextEdit>
+
+#include <utility>
 
 namespace {
 
@@ -38,19 +42,61 @@ int fittingLength(const QString &before, const QString &text, const QString &aft
     return splitsPair(text, fitting) ? fitting - 1 : fitting;
 }
 
-/// @p text without the surrogates that have lost their other half.
+bool isLoneSurrogate(const QString &text, int position)
+{
+    return text.at(position).isSurrogate() && !splitsPair(text, position) && !splitsPair(text, position + 1);
+}
+
+/// @p text without the surrogates that lack their other half.
 QString wholeCharacters(const QString &text)
 {
     QString whole;
     whole.reserve(text.size());
     for (int i = 0; i < text.size(); ++i) {
-        if (splitsPair(text, i + 1)) {
-            whole += text.midRef(i++, 2);
-        } else if (!text.at(i).isSurrogate()) {
+        if (!isLoneSurrogate(text, i)) {
             whole += text.at(i);
         }
     }
     return whole;
+}
+
+/// @p comment cut at @p position: first the text before it, backwards, then the text after it. Returns the lengths of
+/// what remains of both.
+std::pair<int, int> fittingLengths(const QString &comment, int position)
+{
+    QString head = comment.left(position);
+    const QString tail = comment.mid(position);
+    head.truncate(fittingLength(QString(), head, tail));
+    return {head.size(), fittingLength(head, tail, QString())};
+}
+
+QString fittingStart(const QString &comment)
+{
+    return fits(comment) ? comment : comment.left(fittingLength(QString(), comment, QString()));
+}
+
+/// Inserts no more pasted or dropped text than fits, because laying out a long text to cut it later takes minutes.
+class CommentEdit : public QTextEdit {
+protected:
+    void insertFromMimeData(const QMimeData *source) override
+    {
+        const QString comment = toPlainText();
+        const QTextCursor cursor = textCursor();
+        const QString head = comment.left(cursor.selectionStart());
+        const QString tail = comment.mid(cursor.selectionEnd());
+        QString text = wholeCharacters(source->text()).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        text.truncate(fittingLength(head, text, tail));
+        QMimeData fitting;
+        fitting.setText(text);
+        QTextEdit::insertFromMimeData(&fitting);
+    }
+};
+
+void removeText(QTextCursor &cursor, int from, int to)
+{
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
 }
 
 } // namespace
@@ -67,7 +113,7 @@ void SGeneralWgt::initUI()
     m_name->setObjectName(QStringLiteral("nameEdit"));
     m_name->setAccessibleName(tr("Name"));
     m_name->setMaxLength(maximumNameLength);
-    m_comment = new QTextEdit;
+    m_comment = new CommentEdit;
     m_comment->setObjectName(QStringLiteral("commentEdit"));
     m_comment->setAccessibleName(tr("Comment"));
     m_comment->setAcceptRichText(false);
@@ -90,32 +136,49 @@ void SGeneralWgt::initConnect()
 {
     DefaultsPage::initConnect();
     connect(m_comment, &QTextEdit::textChanged, this, &SGeneralWgt::slot_teComment_textChanged);
-    // The line edit counts halves of characters beyond the basic plane and may have cut between them.
-    connect(m_name, &QLineEdit::textChanged, this, [this](const QString &text) {
-        const QString whole = wholeCharacters(text);
-        if (whole != text) {
-            m_name->setText(whole);
-        }
-    });
+    connect(m_name, &QLineEdit::textChanged, this, &SGeneralWgt::removeLoneSurrogates);
 }
 
 void SGeneralWgt::initData(SimpleExtendPar *par)
 {
-    m_name->setText(par->objName);
-    m_comment->setPlainText(par->comment);
+    m_name->setText(wholeCharacters(par->objName.left(maximumNameLength)));
+    m_comment->setPlainText(fittingStart(par->comment));
+    m_comment->document()->setModified(false);
     m_loadedName = {par->objName, m_name->text()};
     m_loadedComment = {fits(par->comment) ? par->comment : m_comment->toPlainText(), m_comment->toPlainText()};
 }
 
 bool SGeneralWgt::saveData()
 {
-    // What nobody has edited goes back as it came: the editors change line ends, for example.
-    const auto edited = [](const QString &text, const Loaded &loaded) {
-        return text == loaded.shown ? loaded.stored : text;
+    // An untouched text is stored as it was loaded, because the editors shorten it and change line ends.
+    const auto edited = [](bool isModified, const QString &text, const Loaded &loaded) {
+        return isModified || text != loaded.shown ? wholeCharacters(text) : loaded.stored;
     };
-    m_par->objName = edited(m_name->text(), m_loadedName);
-    m_par->comment = edited(m_comment->toPlainText(), m_loadedComment);
+    m_par->objName = edited(m_name->isModified(), m_name->text(), m_loadedName);
+    m_par->comment = edited(m_comment->document()->isModified(), m_comment->toPlainText(), m_loadedComment);
     return true;
+}
+
+/// The line edit's maximum length counts UTF-16 units, so it may split a surrogate pair. A half before the cursor is
+/// kept as long as there is room for the other one, because some input methods send both separately.
+void SGeneralWgt::removeLoneSurrogates()
+{
+    if (m_name->isRedoAvailable()) {
+        return; // undo has restored it, and the next undo can only continue if it stays
+    }
+    const QString text = m_name->text();
+    int cursor = m_name->cursorPosition();
+    const bool hasRoom = text.size() < maximumNameLength;
+    const QSignalBlocker blocker(m_name);
+    for (int i = text.size() - 1; i >= 0; --i) {
+        const bool mayBeCompleted = hasRoom && i + 1 == cursor && text.at(i).isHighSurrogate();
+        if (isLoneSurrogate(text, i) && !mayBeCompleted) {
+            m_name->setSelection(i, 1);
+            m_name->del();
+            cursor -= i < cursor ? 1 : 0;
+            m_name->setCursorPosition(cursor);
+        }
+    }
 }
 
 void SGeneralWgt::slot_teComment_textChanged()
@@ -127,14 +190,10 @@ void SGeneralWgt::slot_teComment_textChanged()
     int position = m_comment->textCursor().position();
     position += splitsPair(text, position) ? 1 : 0;
 
-    // What precedes the cursor goes first, from the cursor backwards; what follows it only when that was not enough.
-    QString head = text.left(position);
-    QString tail = text.mid(position);
-    head.truncate(fittingLength(QString(), head, tail));
-    tail.truncate(fittingLength(head, tail, QString()));
-
-    m_comment->setPlainText(head + tail);
-    QTextCursor cursor = m_comment->textCursor();
-    cursor.setPosition(head.size());
-    m_comment->setTextCursor(cursor);
+    const auto [head, tail] = fittingLengths(text, position);
+    QTextCursor cut(m_comment->document());
+    cut.joinPreviousEditBlock();
+    removeText(cut, position + tail, text.size());
+    removeText(cut, head, position);
+    cut.endEditBlock();
 }

@@ -15,7 +15,8 @@ public:
     bool saveData() override;
 
 public slots:
-    /// Cuts the comment to what the configuration block holds, at the cursor rather than at the end.
+    /// Cuts the comment to the size that the configuration block can hold, at the cursor rather than at the end. The
+    /// cut is undone together with the edit that made it necessary.
     void slot_teComment_textChanged();
 
 protected:
@@ -23,7 +24,9 @@ protected:
     void initConnect() override;
 
 private:
-    /// A loaded text and what its editor made of it.
+    void removeLoneSurrogates();
+
+    /// A loaded text, and the same text as its editor shows it.
     struct Loaded {
         QString stored;
         QString shown;

@@ -92,6 +92,7 @@ private slots:
         par.objName = letters(30); // longer than the page lets anybody type
         par.comment = QString(before).remove('|');
         SGeneralWgt page(&par, nullptr, nullptr);
+        page.show();
         auto *comment = child<QTextEdit>(page, "commentEdit");
         QTextCursor place = comment->textCursor();
         place.setPosition(before.indexOf('|'));
@@ -107,6 +108,82 @@ private slots:
         comment->setPlainText("new");
         QVERIFY(page.saveData());
         QCOMPARE(par.objName + par.comment, smiley + letters(20) + "new");
+    }
+
+    void edits_data()
+    {
+        // The bar is the cursor. Steps: +text is typed, one event per UTF-16 unit, *text in one event; =text is pasted,
+        // !text replaces all, < undoes, > redoes.
+        const Rows<QString, QString, QStringList, QString> row("editor", "before", "steps", "after");
+        for (const QString editor : {"nameEdit", "commentEdit"}) {
+            const auto add = [&](const char *name, const QString &before, const QStringList &steps,
+                                 const QString &after) {
+                row(editor.toLatin1() + ", " + name, editor, before, steps, after);
+            };
+            const QString full = letters(editor == "nameEdit" ? 24 : 250);
+            const QString fullBut1 = full.mid(1);
+            const QString fullBut2 = full.mid(2);
+            add("a pair in two events", "abcde|fgh", {"+" + smiley}, "abcde" + smiley + "|fgh");
+            add("a pair in one event", "abcde|fgh", {"*" + smiley}, "abcde" + smiley + "|fgh");
+            add("halves pasted", "ab|cd", {"=" + smiley.right(1) + "x" + smiley.left(1) + "y"}, "abxy|cd");
+            add("a pair that does not fit", fullBut1 + '|', {"=" + smiley}, fullBut1 + '|');
+            add("undone", fullBut1 + '|', {"=x" + smiley, "<"}, fullBut1 + '|');
+            add("a longer text undone", "ab|cd", {"=" + full + smiley, "<"}, "ab|cd");
+            add("undone twice", fullBut2 + '|', {"=x", "=" + smiley, "<", "<", "<"}, fullBut2 + '|');
+            add("undone and redone", "ab|" + fullBut2.mid(2), {"=x", "<", ">"}, "abx|" + fullBut2.mid(2));
+            add("untouched after undo", full.mid(4) + "é|", {"=xyz", "<"}, full.mid(4) + "é|");
+        }
+        row("a half alone", "nameEdit", "abcde|fgh", {"+" + smiley.left(1), "+x"}, "abcdex|fgh");
+        row("a full comment", "commentEdit", letters(100) + '|' + letters(150), {"=xy", "<"},
+            letters(100) + '|' + letters(150));
+        row("a name of the length that is shown", "nameEdit", '|' + letters(30), {"!" + letters(24)},
+            letters(24) + '|');
+        row("a comment with other line ends", "commentEdit", "|a\r\nb", {"!a\nb"}, "a\nb|");
+    }
+    void edits()
+    {
+        QFETCH(QString, editor);
+        QFETCH(QString, before);
+        QFETCH(QStringList, steps);
+        SimpleExtendPar par;
+        QString &stored = editor == "nameEdit" ? par.objName : par.comment;
+        stored = QString(before).remove('|');
+        SGeneralWgt page(&par, nullptr, nullptr);
+        page.show();
+        auto *field = child(page, editor);
+        auto *name = qobject_cast<QLineEdit *>(field);
+        auto *comment = qobject_cast<QTextEdit *>(field);
+        QTest::keyClick(field, Qt::Key_Home);
+        for (int i = 0; i < before.indexOf('|'); ++i) {
+            QTest::keyClick(field, Qt::Key_Right);
+        }
+        const auto commit = [field](const QString &text) {
+            QInputMethodEvent event;
+            event.setCommitString(text);
+            QApplication::sendEvent(field, &event);
+        };
+        for (const QString &step : steps) {
+            const QString text = step.mid(1);
+            if (step[0] == '!') {
+                QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+            }
+            if (step[0] == '+') {
+                for (const QChar half : text) {
+                    commit(half);
+                }
+            } else if (step[0] == '*') {
+                commit(text);
+            } else if (step[0] == '=' || step[0] == '!') {
+                QGuiApplication::clipboard()->setText(text);
+                QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+            } else {
+                QTest::keyClick(field, Qt::Key_Z,
+                                step == "<" ? Qt::ControlModifier : Qt::ControlModifier | Qt::ShiftModifier);
+            }
+        }
+        QVERIFY(page.saveData());
+        const int place = name != nullptr ? name->cursorPosition() : comment->textCursor().position();
+        QTEST(QString(stored).insert(place, '|'), "after");
     }
 
     void defaultsAreAskedForOnce()
