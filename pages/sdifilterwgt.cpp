@@ -79,7 +79,9 @@ void SDIFilterWgt::initData(SimpleExtendPar *par)
     if (par->diCount == 0) {
         return;
     }
-    for (int row = 0; row < m_filters.size(); ++row) {
+    // Rows beyond the end of a short filter keep the delay that they show.
+    const int stored = qMin(m_filters.size(), par->diFilter.size() * 2);
+    for (int row = 0; row < stored; ++row) {
         // A code above the last choice leaves its box without a selection.
         m_filters.at(row)->setCurrentIndex(storedCode(par->diFilter, row));
     }

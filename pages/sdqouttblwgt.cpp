@@ -22,13 +22,6 @@ int outputMask(int output)
     return 0x80 >> output % outputsPerByte;
 }
 
-/// Off beyond the end of @p table.
-bool storedState(const QByteArray &table, int output)
-{
-    const int byte = output / outputsPerByte;
-    return byte < table.size() && (table.at(byte) & outputMask(output)) != 0;
-}
-
 } // namespace
 
 SDQOutTblWgt::SDQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent)
@@ -125,8 +118,10 @@ void SDQOutTblWgt::initData(SimpleExtendPar *par)
     if (frozen) {
         return;
     }
-    for (int output = 0; output < m_outputs.size(); ++output) {
-        m_outputs.at(output)->setChecked(storedState(par->dqOutTbl, output));
+    // Outputs beyond the end of a short table keep the state that they show.
+    const int stored = qMin(m_outputs.size(), par->dqOutTbl.size() * outputsPerByte);
+    for (int output = 0; output < stored; ++output) {
+        m_outputs.at(output)->setChecked((par->dqOutTbl.at(output / outputsPerByte) & outputMask(output)) != 0);
     }
 }
 

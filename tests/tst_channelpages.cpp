@@ -144,7 +144,9 @@ private slots:
         row("two rows share a byte", diFilter, "8 55", "filter_0=1 filter_1=6", "61");
         row("an odd last row leaves the high half 0", diFilter, "9 5555", "", "5505");
         row("a code without a choice stays until one is chosen", diFilter, "16 9797", "filter_1=0", "0797");
-        row("a short filter reads as 0 beyond its end", diFilter, "16 66", "", "6600");
+        row("beyond a short filter the delays are the factory's", diFilter, "16 66", "", "6655");
+        row("beyond a short default filter the delays stay", diFilter, "24 112233", "filter_4=6 defaultsButton",
+            "443336", "24 4433");
         row("without inputs the filter stays", diFilter, "0 77", "", "77");
         row("default filter delays", diFilter, "8 00", "defaultsButton", "55", "8 55");
 
@@ -155,7 +157,9 @@ private slots:
         row("outputs beyond the count are saved as 0", dqTable, "12 ffff", "", "2:fff0");
         row("all outputs are those of the module", dqTable, "12 0000", "selectAllButton output_1=0", "2:bff0");
         row("clear all", dqTable, "12 ffff", "clearAllButton output_9=1", "2:0040");
-        row("a short table reads as 0 beyond its end", dqTable, "16 ff", "", "2:ff00");
+        row("beyond a short table the outputs are off", dqTable, "16 ff", "", "2:ff00");
+        row("beyond a short default table the outputs stay", dqTable, "16 00ff", "output_8=0 defaultsButton", "2:aa7f",
+            "16 aa");
         row("an unknown mode shows nothing", dqTable, "8 ff 7", "", "2:00");
         row("without outputs the table stays", dqTable, "0 aa 1", "", "1:aa, without selectAllButton clearAllButton");
         row("default states of frozen outputs", dqTable, "8 00 1", "defaultsButton", "2:81", "8 81");
