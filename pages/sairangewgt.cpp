@@ -7,7 +7,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -73,6 +72,9 @@ constexpr std::array<RangeColumn, AiRangeByteCount> rangeColumns = {{
 
 enum WireDetection { WireDetectionOn = 1, WireDetectionInvalid = 2 };
 
+/// Position of "4~20mA" among the voltage and current ranges.
+constexpr int liveZeroRange = 3;
+
 /// False for what only a damaged or foreign record holds; such a channel is shown without editors.
 bool isFamily(int family)
 {
@@ -92,12 +94,6 @@ QVector<const RangeColumn *> columnsOf(int family)
         }
     }
     return columns;
-}
-
-/// Of the voltage and current ranges only this one has a current at which the wire must be broken.
-bool canTellBrokenWire(const QComboBox *inputRange)
-{
-    return inputRange->currentText() == QLatin1String("4~20mA");
 }
 
 } // namespace
@@ -145,14 +141,19 @@ SAIRangeWgt::Row SAIRangeWgt::newRow(int channel)
 {
     Row row{};
     const int family = channelFamily(channel);
-    // A channel of another family than the header's may have more columns than the table.
-    const QVector<const RangeColumn *> columns = columnsOf(family).mid(0, m_table->columnCount() - 1);
+    const QVector<const RangeColumn *> columns = columnsOf(family);
     for (int i = 0; i < columns.size(); ++i) {
         const RangeColumn &column = *columns.at(i);
         QComboBox *editor =
             m_table->newComboBox(*column.choices.at(static_cast<std::size_t>(family)), ChannelTable::NoData);
         nameEditor(editor, QString::fromLatin1(column.stem), channel, tr(column.title));
-        m_table->setEditor(channel, i + 1, editor);
+        if (i + 1 < m_table->columnCount()) {
+            m_table->setEditor(channel, i + 1, editor);
+        } else {
+            // A channel of another family than the header's may have more columns than the table. Its hidden editors
+            // still load default values and save.
+            editor->hide();
+        }
         row.at(column.byte) = editor;
     }
     if (family == ResistanceThermometer) {
@@ -195,18 +196,15 @@ void SAIRangeWgt::initData(SimpleExtendPar *par)
     for (int channel = 0; channel < m_rows.size(); ++channel) {
         const Row &row = m_rows.at(channel);
         const AiRange range = par->aiRange.value(static_cast<quint8>(channel));
-        const QSignalBlocker blocker(row[AiInputRange]); // its rule is applied below, once the row is complete
-        for (std::size_t byte = 0; byte < row.size(); ++byte) {
-            if (row.at(byte) != nullptr) {
-                row.at(byte)->setCurrentIndex(range.at(byte));
-            }
+        if (row[AiInputRange] == nullptr) {
+            continue;
         }
-        if (channelFamily(channel) == ResistanceThermometer) {
-            row[AiOpenWire]->setCurrentIndex(WireDetectionOn);
-        } else if (channelFamily(channel) == VoltageCurrent) {
-            showWireDetection(row);
-            if (canTellBrokenWire(row[AiInputRange])) {
-                row[AiOpenWire]->setCurrentIndex(range[AiOpenWire]);
+        // The range comes first, because its change sets and disables Open Wire Detect.
+        row[AiInputRange]->setCurrentIndex(range[AiInputRange]);
+        for (std::size_t byte = 0; byte < row.size(); ++byte) {
+            const bool isFixed = byte == AiOpenWire && !row[AiOpenWire]->isEnabledTo(m_table);
+            if (row.at(byte) != nullptr && !isFixed) {
+                row.at(byte)->setCurrentIndex(range.at(byte));
             }
         }
     }
@@ -245,7 +243,8 @@ void SAIRangeWgt::slot_inputRangeChange()
 
 void SAIRangeWgt::showWireDetection(const Row &row)
 {
-    const bool offered = canTellBrokenWire(row[AiInputRange]);
+    // Only a range with a live zero has a current at which the wire must be broken.
+    const bool offered = row[AiInputRange]->currentIndex() == liveZeroRange;
     row[AiOpenWire]->setCurrentIndex(offered ? WireDetectionOn : WireDetectionInvalid);
     row[AiOpenWire]->setEnabled(offered);
     row[AiDirection]->setEnabled(offered);
