@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionFrame>
@@ -29,6 +30,14 @@ int neededWidth(const LineEdit *edit)
     option.lineWidth = edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, edit);
     const int text = edit->fontMetrics().horizontalAdvance(QString::number(stopValueMinimum)) + 2 * textMargin + 1;
     return edit->style()->sizeFromContents(QStyle::CT_LineEdit, &option, QSize(text, 0), edit).width();
+}
+
+/// The numbers that saving can convert.
+QLocale plainNumbers()
+{
+    QLocale locale = QLocale::c();
+    locale.setNumberOptions(locale.numberOptions() | QLocale::RejectGroupSeparator);
+    return locale;
 }
 
 } // namespace
@@ -53,6 +62,7 @@ void SAQOutTblWgt::initUI()
     const QString freezeText = tr("Freeze outputs in last state");
     const QString limits = QStringLiteral("%1~%2").arg(stopValueMinimum).arg(stopValueMaximum);
     auto *validator = new CustomIntValidator(stopValueMinimum, stopValueMaximum, this);
+    validator->setLocale(plainNumbers());
     for (int channel = 0; channel < m_par->aqCount; ++channel) {
         auto *freeze = new QCheckBox(freezeText, channels);
         nameEditor(freeze, QStringLiteral("freeze"), channel, freezeText);

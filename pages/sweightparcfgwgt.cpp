@@ -2,10 +2,10 @@
 
 #include "channeltable.h"
 #include "choices.h"
+#include "decimalspinbox.h"
 #include "simpleextendpar.h"
 
 #include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -14,31 +14,19 @@
 
 #include <array>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
 constexpr int sensitivityWidth = 68; ///< pixels, at least
 constexpr int greatestDepthWithoutFilter = 1;
 
-template <auto Field>
-double valueOf(const WeighChannelPar &weighing)
-{
-    return weighing.*Field;
-}
-
-template <auto Field>
-void storeIn(WeighChannelPar &weighing, double value)
-{
-    weighing.*Field = static_cast<std::decay_t<decltype(weighing.*Field)>>(value);
-}
-
-/// A column of combo boxes, which have choices, or of spin boxes, which have limits. A double holds the values of
-/// every field exactly.
+/// A column of combo boxes, which have choices, or of spin boxes, which have limits.
 struct WeighColumn {
     const char *title;
     const char *stem; ///< of the editors' object names
-    double (*value)(const WeighChannelPar &weighing);
-    void (*store)(WeighChannelPar &weighing, double value);
+    void (*show)(const WeighColumn &column, QWidget *editor, const WeighChannelPar &weighing);
+    void (*store)(const WeighColumn &column, const QWidget *editor, WeighChannelPar &weighing);
     const ChoiceList *choices = nullptr; ///< null = spin boxes
     quint8 withoutChoice{};              ///< what a combo box without a selection stores
     int minimum{};
@@ -48,17 +36,54 @@ struct WeighColumn {
 };
 
 template <auto Field>
+using FieldType = std::decay_t<decltype(std::declval<WeighChannelPar>().*Field)>;
+
+/// A code without a choice leaves its combo box without a selection.
+template <auto Field>
+void showChoice(const WeighColumn &column, QWidget *editor, const WeighChannelPar &weighing)
+{
+    static_cast<QComboBox *>(editor)->setCurrentIndex(column.choices->indexOf(weighing.*Field));
+}
+
+template <auto Field>
+void storeChoice(const WeighColumn &column, const QWidget *editor, WeighChannelPar &weighing)
+{
+    const QVariant code = static_cast<const QComboBox *>(editor)->currentData();
+    weighing.*Field = static_cast<FieldType<Field>>(code.isValid() ? code.toInt() : column.withoutChoice);
+}
+
+template <auto Field>
+void showNumber(const WeighColumn & /*column*/, QWidget *editor, const WeighChannelPar &weighing)
+{
+    if constexpr (std::is_floating_point_v<FieldType<Field>>) {
+        static_cast<DecimalSpinBox *>(editor)->showStored(weighing.*Field);
+    } else {
+        static_cast<QSpinBox *>(editor)->setValue(weighing.*Field);
+    }
+}
+
+template <auto Field>
+void storeNumber(const WeighColumn & /*column*/, const QWidget *editor, WeighChannelPar &weighing)
+{
+    if constexpr (std::is_floating_point_v<FieldType<Field>>) {
+        weighing.*Field = static_cast<const DecimalSpinBox *>(editor)->toStore();
+    } else {
+        weighing.*Field = static_cast<FieldType<Field>>(static_cast<const QSpinBox *>(editor)->value());
+    }
+}
+
+template <auto Field>
 constexpr WeighColumn choiceColumn(const char *title, const char *stem, const ChoiceList &choices,
                                    quint8 withoutChoice = 0)
 {
-    return {title, stem, valueOf<Field>, storeIn<Field>, &choices, withoutChoice};
+    return {title, stem, showChoice<Field>, storeChoice<Field>, &choices, withoutChoice};
 }
 
 template <auto Field>
 constexpr WeighColumn numberColumn(const char *title, const char *stem, int minimum, int maximum, const char *toolTip,
                                    int decimals = 0)
 {
-    return {title, stem, valueOf<Field>, storeIn<Field>, nullptr, 0, minimum, maximum, toolTip, decimals};
+    return {title, stem, showNumber<Field>, storeNumber<Field>, nullptr, 0, minimum, maximum, toolTip, decimals};
 }
 
 using Par = WeighChannelPar;
@@ -99,32 +124,10 @@ QWidget *newEditor(const WeighColumn &column, ChannelTable *table)
     if (column.decimals == 0) {
         return newSpinBox<QSpinBox>(column, table->viewport());
     }
-    auto *editor = newSpinBox<QDoubleSpinBox>(column, table->viewport());
+    auto *editor = newSpinBox<DecimalSpinBox>(column, table->viewport());
     editor->setDecimals(column.decimals);
     editor->setMinimumWidth(sensitivityWidth);
     return editor;
-}
-
-/// A code without a choice leaves its combo box without a selection.
-void showValue(const WeighColumn &column, QWidget *editor, double value)
-{
-    if (column.choices != nullptr) {
-        static_cast<QComboBox *>(editor)->setCurrentIndex(column.choices->indexOf(static_cast<int>(value)));
-    } else if (column.decimals == 0) {
-        static_cast<QSpinBox *>(editor)->setValue(static_cast<int>(value));
-    } else {
-        static_cast<QDoubleSpinBox *>(editor)->setValue(value);
-    }
-}
-
-double shownValue(const WeighColumn &column, const QWidget *editor)
-{
-    if (column.choices != nullptr) {
-        const QVariant code = static_cast<const QComboBox *>(editor)->currentData();
-        return code.isValid() ? code.toInt() : column.withoutChoice;
-    }
-    return column.decimals == 0 ? static_cast<const QSpinBox *>(editor)->value()
-                                : static_cast<const QDoubleSpinBox *>(editor)->value();
 }
 
 } // namespace
@@ -207,7 +210,7 @@ void SWeightParCfgWgt::slot_btnDefault_clicked()
 void SWeightParCfgWgt::showRow(const Row &row, const WeighChannelPar &weighing)
 {
     for (std::size_t i = 0; i < row.size(); ++i) {
-        showValue(weighColumns.at(i), row.at(i), weighColumns.at(i).value(weighing));
+        weighColumns.at(i).show(weighColumns.at(i), row.at(i), weighing);
     }
 }
 
@@ -215,7 +218,7 @@ WeighChannelPar SWeightParCfgWgt::readRow(const Row &row)
 {
     WeighChannelPar weighing;
     for (std::size_t i = 0; i < row.size(); ++i) {
-        weighColumns.at(i).store(weighing, shownValue(weighColumns.at(i), row.at(i)));
+        weighColumns.at(i).store(weighColumns.at(i), row.at(i), weighing);
     }
     return weighing;
 }

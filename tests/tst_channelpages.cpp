@@ -12,10 +12,12 @@
 #include "sweightparcfgwgt.h"
 
 #include <QCheckBox>
+#include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QTableWidget>
 
+#include <cstring>
 #include <memory>
 #include <numeric>
 
@@ -218,6 +220,11 @@ private slots:
             "enable_0=0 sensitivity_0=31.5 limitFreq_0=13 filterDepth_0=2000 subMax_0=1000 subMin_0=999 "
             "filterMode_0=1 sampleFreq_0=5 bootClear_0=-99",
             "0/31.5/14/2000/1000/999/1/6/-99");
+        row("an untouched sensitivity stays", weighing, "1/1.23456 1/nan 1/-3 1/40", "bootClear_0=1",
+            "1/1.23456/4/15/0/0/0/1/1 1/nan/4/15/0/0/0/1/0 1/-3/4/15/0/0/0/1/0 1/40/4/15/0/0/0/1/0");
+        row("an edited sensitivity is stored as it is shown", weighing, "1/1.23456 1/nan",
+            "sensitivity_0=1.2346 sensitivity_1=0", "1/1.2346/4/15/0/0/0/1/0 1/0/4/15/0/0/0/1/0");
+        row("a default sensitivity", weighing, "1/1.23456", "defaultsButton", "1/2/4/15/0/0/0/1/0");
         row("scale codes without a choice", weighing, "2/2/0/15/0/0/2/7", "", "255/2/0/15/0/0/0/0/0");
         row("no filter, no rule", weighing, "1/2/4/1/2000/2000 1/2/4/0/1/1", "",
             "1/2/4/1/2000/2000/0/1/0 1/2/4/0/1/1/0/1/0");
@@ -251,6 +258,54 @@ private slots:
         QCOMPARE(page->saveData(), told.isEmpty());
         QCOMPARE(boxes.told.join(", "), told);
         QTEST(QString(kind->text(par) + disabled.join(' ')), "saved");
+    }
+
+    // What is typed means the same number for every user, and looks as the tool tip "0~32.0000" does.
+    void readsNumbersInEveryLocale_data()
+    {
+        const Rows<QString> row("locale");
+        for (const char *locale : {"en_US", "de_DE", "de_CH", "fr_FR", "ar_EG"}) {
+            row(locale, locale);
+        }
+    }
+    void readsNumbersInEveryLocale()
+    {
+        QFETCH(QString, locale);
+        const QLocale before;
+        const auto reset = qScopeGuard([&before] { QLocale::setDefault(before); });
+        QLocale::setDefault(QLocale(locale));
+        Par scale = weighing.record("- - - 1/1.23456 1/nan");
+        const PagePtr page = weighing.make(scale, nullptr, nullptr);
+        edit(*page, "sensitivity_0=31.5 sensitivity_1=31,5 sensitivity_2=1,0,0");
+        for (const int channel : {3, 4}) {
+            auto *sensitivity = child<QDoubleSpinBox>(*page, QString("sensitivity_%1").arg(channel));
+            sensitivity->stepUp();
+            sensitivity->stepDown();
+        }
+        QVERIFY(page->saveData());
+        QCOMPARE(weighing.text(scale).replace("/4/15/0/0/0/1/0", ""), QString("1/31.5 1/31.5 1/1 1/1.2346 1/0"));
+        QTest::keyClick(child(*page, "sensitivity_1"), Qt::Key_Return);
+        QCOMPARE(child<QDoubleSpinBox>(*page, "sensitivity_1")->text(), QString("31.5000"));
+        Par table = aqTable.record("- -");
+        const PagePtr stops = aqTable.make(table, nullptr, nullptr);
+        edit(*stops, "stopValue_0=1,000 stopValue_1=-1.00");
+        QVERIFY(stops->saveData());
+        QCOMPARE(aqTable.text(table), QString("0/1000 0/-100"));
+    }
+
+    void keepsBits()
+    {
+        Par scale = weighing.record("-");
+        quint32 bits = 0x7F812345; // a signalling NaN, which conversions to double change
+        std::memcpy(&scale.weighPar[0].sensitivity, &bits, sizeof bits);
+        const PagePtr page = weighing.make(scale, nullptr, nullptr);
+        edit(*page, "bootClear_0=1");
+        QVERIFY(page->saveData());
+        std::memcpy(&bits, &scale.weighPar[0].sensitivity, sizeof bits);
+        QCOMPARE(bits, 0x7F812345U);
+        child<QDoubleSpinBox>(*page, "sensitivity_0")->setValue(4);
+        QVERIFY(page->saveData());
+        QCOMPARE(scale.weighPar[0].sensitivity, 4.0F);
     }
 
     void offers_data()
