@@ -37,6 +37,25 @@ public:
     }
 };
 
+/// Names its cell for assistive technology, on request because that is rare: as its editor is named, or after the
+/// channel in the first column.
+class NamedItem : public QTableWidgetItem {
+public:
+    using QTableWidgetItem::QTableWidgetItem;
+
+    QVariant data(int role) const override
+    {
+        if (role != Qt::AccessibleTextRole) {
+            return QTableWidgetItem::data(role);
+        }
+        const QTableWidget *const table = tableWidget();
+        if (const QWidget *const editor = table->cellWidget(row(), column())) {
+            return editor->accessibleName();
+        }
+        return column() == 0 ? QStringLiteral("%1 %2").arg(table->horizontalHeaderItem(0)->text(), text()) : QVariant();
+    }
+};
+
 QStandardItemModel *itemModelOf(QComboBox *editor)
 {
     auto *model = qobject_cast<QStandardItemModel *>(editor->model());
@@ -65,10 +84,13 @@ ChannelTable::ChannelTable(int channels, const QStringList &titles, QWidget *par
     for (int channel = 0; channel < channels; ++channel) {
         const QString text = QString::number(channel);
         setVerticalHeaderItem(channel, new QTableWidgetItem(text));
-        auto *number = new QTableWidgetItem(text);
+        auto *number = new NamedItem(text);
         number->setTextAlignment(Qt::AlignCenter);
         number->setFlags(number->flags() & ~Qt::ItemIsEditable);
         setItem(channel, 0, number);
+        for (int column = 1; column < titles.size(); ++column) {
+            setItem(channel, column, new NamedItem);
+        }
     }
 }
 

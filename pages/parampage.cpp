@@ -168,7 +168,14 @@ void ParamPage::nameEditor(QWidget *editor, const QString &stem, int channel, co
 {
     const QString number = QString::number(channel);
     editor->setObjectName(stem + QLatin1Char('_') + number);
-    editor->setAccessibleName(tr("Channel %1, %2").arg(number, column));
+    describeEditor(editor, tr("Channel %1, %2").arg(number, column));
+}
+
+void ParamPage::describeEditor(QWidget *editor, const QString &name)
+{
+    editor->setAccessibleName(name);
+    const QString limits = editor->toolTip();
+    editor->setAccessibleDescription(limits.isEmpty() ? name : QStringLiteral("%1, %2").arg(name, limits));
 }
 
 void ParamPage::storeSelection(const QComboBox *editor, quint8 &stored)

@@ -62,8 +62,11 @@ protected:
     /// A label that leads to @p editor.
     static QLabel *newLabel(const QString &text, QWidget *editor);
     /// Names @p editor of @p channel for programs ("inputRange_3", from the stem) and for people ("Channel 3,
-    /// Input Range", from the translated @p column), since assistive technology sees no headers over cell widgets.
+    /// Input Range", from the translated @p column). Assistive technology sees no headers over cell widgets.
     static void nameEditor(QWidget *editor, const QString &stem, int channel, const QString &column);
+    /// Sets @p name as accessible name and description; the description contains the tool tip as well. Qt reports the
+    /// current text of a combo box in place of its accessible name.
+    static void describeEditor(QWidget *editor, const QString &name);
     /// Writes the position of the choice; without a selection the value that has no choice stays as it is stored.
     static void storeSelection(const QComboBox *editor, quint8 &stored);
     /// The layout for all that the page consists of; a page that is larger than its place scrolls.

@@ -111,7 +111,7 @@ QGroupBox *SAddrMapWgt::newGroup(Direction &direction, const QString &title, con
         while (!plainText.isEmpty() && plainText.back().isPunct()) {
             plainText.chop(1); // the colon, whatever it is in this language
         }
-        editor->setAccessibleName(QStringLiteral("%1, %2").arg(title, plainText));
+        describeEditor(editor, QStringLiteral("%1, %2").arg(title, plainText));
         grid->addWidget(newLabel(text, editor), row, column);
         grid->addWidget(editor, row, column + 1);
     };
@@ -121,6 +121,7 @@ QGroupBox *SAddrMapWgt::newGroup(Direction &direction, const QString &title, con
     add(1, 1, tr("Length"), direction.length, "Length");
     add(1, 3, tr("Unit"), direction.unit, "Unit");
     add(2, 1, tr("Memory:"), direction.memory, "Memory");
+    direction.memory->setAccessibleName(QString()); // its text is to be heard
     grid->setColumnStretch(2, 1);
     grid->setColumnStretch(4, 1);
     return direction.group;
@@ -146,6 +147,7 @@ void SAddrMapWgt::showRange(Direction &direction, const IoMap &range, const QStr
     // An allocator may have placed the range above the highest start. It stays there until the user moves it.
     direction.start->setRange(0, qMax<int>(direction.highestStart, range.start));
     direction.start->setToolTip(QStringLiteral("0~%1").arg(direction.highestStart));
+    describeEditor(direction.start, direction.start->accessibleName());
     direction.start->setValue(range.start);
 
     const bool isBits = range.unit == 0;

@@ -67,10 +67,10 @@ void SAQOutTblWgt::initUI()
         auto *freeze = new QCheckBox(freezeText, channels);
         nameEditor(freeze, QStringLiteral("freeze"), channel, freezeText);
         auto *stopValue = new LineEdit(channels);
-        nameEditor(stopValue, QStringLiteral("stopValue"), channel, group->title());
         stopValue->setValidator(validator);
         stopValue->setText(QStringLiteral("0"));
         stopValue->setToolTip(limits);
+        nameEditor(stopValue, QStringLiteral("stopValue"), channel, group->title());
         grid->addWidget(freeze, channel, 0);
         grid->addItem(new QSpacerItem(10, 10, QSizePolicy::Expanding, QSizePolicy::Minimum), channel, 1);
         // The byte of the word within the module, whatever the module's address is.

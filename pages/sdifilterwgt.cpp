@@ -55,7 +55,7 @@ void SDIFilterWgt::initUI()
         filter->addItems(delays);
         filter->setCurrentIndex(factoryCode);
         filter->setObjectName(QStringLiteral("filter_%1").arg(row));
-        filter->setAccessibleName(rowText(row) + QStringLiteral(", ") + group->title());
+        describeEditor(filter, rowText(row) + QStringLiteral(", ") + group->title());
         auto *label = newLabel(rowText(row), filter);
         label->setObjectName(QStringLiteral("filterLabel_%1").arg(row));
         grid->addWidget(label, row, 0);

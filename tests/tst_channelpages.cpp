@@ -11,6 +11,7 @@
 #include "simpleextendpar.h"
 #include "sweightparcfgwgt.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QDoubleSpinBox>
 #include <QHeaderView>
@@ -427,16 +428,73 @@ private slots:
         QCOMPARE(headed.join(""), QString("01234567"));
     }
 
-    void namesEditors()
+    // Name and description as assistive technology reads them; a combo box has its current text for a name.
+    void isHeard_data()
     {
-        const auto name = [this](const Kind &kind, const char *record, const char *editor) {
-            Par par = kind.record(record);
-            return child(*kind.make(par, nullptr, m_dialog.get()), editor)->accessibleName();
-        };
-        QCOMPARE(name(aiFilter, "-", "samples_0"), QString("Channel 0, Number of Samples"));
-        QCOMPARE(name(aqType, "- - -", "range_2"), QString("Channel 2, Range"));
-        QCOMPARE(name(dqTable, "16 0000", "output_11"), QString("Q1.3"));
-        QCOMPARE(name(diFilter, "16 0000", "filter_3"), QString("I1.4 - I1.7, Input Filter Delays"));
+        const Rows<const Kind *, QString, QStringList> row("kind", "record", "heard");
+        const QStringList ranges{"enable: Disable (Channel 1, Enable)", "filterTime: 1ms (Channel 1, Filter Time)",
+                                 "inputRange: 4~20mA (Channel 1, Input Range)",
+                                 "openWire: Enable (Channel 1, Open Wire Detect)",
+                                 "direction: Upscale (Channel 1, Direction)"};
+        row("voltage", &aiRange<13395>, "0:0/0/3/1 0:0/0/3/1", ranges);
+        row("thermocouple", &aiRange<13396>, "1:- 1:0/1/2/1/0/1/1",
+            {"enable: Disable (Channel 1, Enable)", "filterTime: 200ms (Channel 1, Filter Time)",
+             "inputRange: N (Channel 1, Input Range)", "openWire: Enable (Channel 1, Open Wire Detect)",
+             "direction: Upscale (Channel 1, Direction)", "coldJunction: Enable (Channel 1, Cold Junction)",
+             "temperatureScale: Degrees Fahrenheit (Channel 1, Temperature Scale)"});
+        row("resistance under thermocouple titles", &aiRange<13396>, "1:- 2:0/1/15/1/0/1/0/1",
+            {"enable: Disable (Channel 1, Enable)", "filterTime: 200ms (Channel 1, Filter Time)",
+             "inputRange: Cu100 (Channel 1, Input Range)", "openWire: Enable (Channel 1, Open Wire Detect)",
+             "direction: Upscale (Channel 1, Direction)", "wiringScheme: 3-wire (Channel 1, Wiring Scheme)",
+             "temperatureScale: Degrees Fahrenheit (Channel 1, Temperature Scale)"});
+        row("scales", &weighing, "- -",
+            {"enable: Enable (Channel 1, Enable)",
+             "sensitivity: Channel 1, Sensitivity (Channel 1, Sensitivity, 0~32.0000)",
+             "limitFreq: 10Hz (Channel 1, Limit Freq)",
+             "filterDepth: Channel 1, Filter Depth (Channel 1, Filter Depth, 0~2000)",
+             "subMax: Channel 1, Sub Max (Channel 1, Sub Max, 0~2000)",
+             "subMin: Channel 1, Sub Min (Channel 1, Sub Min, 0~2000)", "filterMode: Default (Channel 1, Filter Mode)",
+             "sampleFreq: 50Hz (Channel 1, Sample Freq)",
+             "bootClear: Channel 1, Boot Clear (Channel 1, Boot Clear, -99~99)"});
+        row("filters", &aiFilter, "- -",
+            {"filterOn: Channel 1, Whether to Filter (Channel 1, Whether to Filter)",
+             "samples: 2 (Channel 1, Number of Samples)",
+             "deadband: Channel 1, Deadband(16 - 4080, 0 = forbid) (Channel 1, Deadband(16 - 4080, 0 = forbid))"});
+        row("stop values", &aqTable, "- -",
+            {"freeze: Channel 1, Freeze outputs in last state (Channel 1, Freeze outputs in last state)",
+             "stopValue: Channel 1, Values on transition from RUN to STOP (Channel 1, Values on transition from RUN to "
+             "STOP, -32000~32000)"});
+        row("output types", &aqType, "- -",
+            {"enable: Disable (Channel 1, Channel Enable)", "range: 0~10V (Channel 1, Range)"});
+        row("filter delays", &diFilter, "8 11", {"filter: 0.40ms (I0.4 - I0.7, Input Filter Delays)"});
+        row("digital outputs", &dqTable, "8 11", {"output: Q0.1 ()"});
+    }
+    void isHeard()
+    {
+        QFETCH(const Kind *, kind);
+        QFETCH(QString, record);
+        QFETCH(QStringList, heard);
+        Par par = kind->record(record);
+        const PagePtr page = kind->make(par, nullptr, m_dialog.get());
+        const auto *table = page->findChild<QTableWidget *>();
+        QStringList all;
+        for (auto *editor : page->findChildren<QWidget *>(QRegularExpression("^[a-zA-Z]*_1$"))) {
+            QAccessibleInterface *const read = QAccessible::queryAccessibleInterface(editor);
+            const QString name = editor->objectName().section('_', 0, 0);
+            if (name != "filterLabel") {
+                all << QString("%1: %2 (%3)")
+                           .arg(name, read->text(QAccessible::Name), read->text(QAccessible::Description));
+            }
+        }
+        all.sort();
+        heard.sort();
+        QCOMPARE(all, heard);
+        for (int column = 0; table != nullptr && column < table->columnCount(); ++column) {
+            QAccessibleInterface *const read = QAccessible::queryAccessibleInterface(const_cast<QTableWidget *>(table));
+            QAccessibleInterface *const cell = read->tableInterface()->cellAt(1, column);
+            const QWidget *const editor = table->cellWidget(1, column);
+            QCOMPARE(cell->text(QAccessible::Name), editor == nullptr ? "Channel 1" : editor->accessibleName());
+        }
     }
 
     void leadsTheKeyboardToHiddenRows_data()

@@ -8,6 +8,7 @@
 #include "simpleextendpar.h"
 #include "simulatedbase.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QDialog>
 #include <QGuiApplication>
@@ -396,6 +397,26 @@ private slots:
         }
         page.discard();
         QTEST(QStringLiteral("%1 %2").arg(par.inMap.start).arg(par.outMap.start), "starts");
+    }
+
+    void isHeard()
+    {
+        SimpleExtendPar par = moduleWith({6, 10, 4, 1, 2}, {7, 4, 2, 1, 2});
+        const SAddrMapWgt address(&par, nullptr, nullptr);
+        const SGeneralWgt general(&par, nullptr, nullptr);
+        const auto heard = [](const QWidget &page, const char *editor) -> QString {
+            QAccessibleInterface *const read = QAccessible::queryAccessibleInterface(child(page, editor));
+            return read->text(QAccessible::Name) + '|' + read->text(QAccessible::Description);
+        };
+        QCOMPARE(heard(address, "inputStart"), "Input, Start|Input, Start, 0~1000");
+        QCOMPARE(heard(address, "inputEnd"), "Input, End|Input, End");
+        QCOMPARE(heard(address, "inputLength"), "Input, Length|Input, Length");
+        QCOMPARE(heard(address, "inputUnit"), "Words|Input, Unit");
+        QCOMPARE(heard(address, "inputMemory"), "AI|Input, Memory");
+        QCOMPARE(heard(address, "outputStart"), "Output, Start|Output, Start, 0~500");
+        QCOMPARE(heard(address, "outputMemory"), "AQ|Output, Memory");
+        QCOMPARE(heard(general, "nameEdit"), "Name|");
+        QCOMPARE(heard(general, "commentEdit"), "Comment|");
     }
 
     void wheelNeedsFocus()
