@@ -13,6 +13,7 @@
 #include "sdifilterwgt.h"
 #include "sdqouttblwgt.h"
 #include "sgeneralwgt.h"
+#include "sidebutton.h"
 #include "sweightparcfgwgt.h"
 
 #include <QAbstractItemView>
@@ -237,18 +238,16 @@ QHBoxLayout *SimpleExtendcfgdlg::newButtonRow()
     auto *row = new QHBoxLayout;
     row->addWidget(note);
     row->addSpacerItem(new QSpacerItem(1, 1, QSizePolicy::Expanding, QSizePolicy::Minimum));
-    const auto addButton = [row](const QString &text, const QString &name) {
-        auto *button = new QPushButton(text);
-        button->setObjectName(name);
-        button->setAutoDefault(false); // only OK is ever Return's default
+    const auto addButton = [row](QPushButton *button, const char *name) {
+        button->setObjectName(QLatin1String(name));
         row->addWidget(button);
         return button;
     };
-    m_okButton = addButton(tr("OK"), QStringLiteral("okButton"));
+    m_okButton = addButton(new QPushButton(tr("OK")), "okButton");
     m_okButton->setDefault(true);
-    m_cancelButton = addButton(tr("Cancel"), QStringLiteral("cancelButton"));
-    m_defaultAllButton = addButton(tr("Default All"), QStringLiteral("defaultAllButton"));
-    m_helpButton = addButton(tr("Help"), QStringLiteral("helpButton"));
+    m_cancelButton = addButton(new SideButton(tr("Cancel")), "cancelButton");
+    m_defaultAllButton = addButton(new SideButton(tr("Default All")), "defaultAllButton");
+    m_helpButton = addButton(new SideButton(tr("Help")), "helpButton");
     return row;
 }
 

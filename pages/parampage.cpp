@@ -1,5 +1,6 @@
 #include "parampage.h"
 
+#include "sidebutton.h"
 #include "wrappedlabel.h"
 
 #include <QAbstractItemView>
@@ -9,7 +10,6 @@
 #include <QFocusEvent>
 #include <QLabel>
 #include <QPointer>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -151,9 +151,8 @@ void ParamPage::addDefaultsButton(QBoxLayout *layout)
 
 QPushButton *ParamPage::newButton(const QString &text, const QString &objectName)
 {
-    auto *button = new QPushButton(text);
+    auto *button = new SideButton(text);
     button->setObjectName(objectName);
-    button->setAutoDefault(false);
     return button;
 }
 

@@ -57,7 +57,6 @@ protected:
     QPushButton *newDefaultsButton();
     /// The same button in its usual place, at the right of a row of its own.
     void addDefaultsButton(QBoxLayout *layout);
-    /// A button that Return does not press from elsewhere in the dialog.
     static QPushButton *newButton(const QString &text, const QString &objectName);
     /// A label that leads to @p editor.
     static QLabel *newLabel(const QString &text, QWidget *editor);

@@ -246,9 +246,18 @@ private slots:
             }
         }
         QVERIFY(focused > 24); // the dialog's four on each of six pages, and those of the pages
-        opened.find<QPushButton>("helpButton")->setFocus();
-        QTest::keyClick(opened.find<QWidget>("nameEdit"), Qt::Key_Return);
-        QCOMPARE(opened->result(), int(QDialog::Accepted));
+        for (const auto &[focus, result] :
+             {std::pair{"nameEdit", QDialog::Accepted}, {"cancelButton", QDialog::Rejected}}) {
+            OpenDialog other(par.get());
+            other.show();
+            auto *widget = other.find<QWidget>(focus);
+            widget->setFocus();
+            QTest::mouseClick(other.find<QWidget>("defaultAllButton"), Qt::LeftButton);
+            QVERIFY(widget->hasFocus());
+            QTest::keyClick(widget, Qt::Key_Return);
+            QCOMPARE(other->result(), int(result));
+            QVERIFY(!other->isVisible());
+        }
     }
 
     void groupsCannotBeFolded()
