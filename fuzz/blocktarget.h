@@ -1,7 +1,7 @@
-// The targets of the two block formats: reads the bytes as the host does and checks all that is promised for any bytes.
+// The targets of the two block formats: reads the bytes as the host does and checks the properties of any block.
 //
-// A program that includes this header (in one source file) takes the host functions below in place of basemodule's:
-// they build no texts and no paths, so that an execution is the plug-in's work.
+// A program that includes this header (in one source file) replaces these host functions of basemodule. The ones below
+// build no texts and no paths, so the time of an execution is the plug-in's.
 #pragma once
 
 #include "blockagreement.h"
@@ -57,7 +57,7 @@ inline QSet<quint32> catalogTypes()
     return types;
 }
 
-/// At most the two ranges of the header, in their order, and where the module has them.
+/// Requires at most the two ranges of the header, in their order and at the places of the module.
 inline void checkTakenRanges(const SimpleExtendPar *par)
 {
     const auto &ranges = takenRanges();
@@ -70,20 +70,19 @@ inline void checkTakenRanges(const SimpleExtendPar *par)
     }
 }
 
-inline void checkAgreement(const QByteArray &block, const SimpleExtendPar *par, qint32 result, BlockFormat blockFormat)
+inline void checkAgreement(const QByteArray &block, const SimpleExtendPar *par, qint32 result, BlockFormat format)
 {
     using namespace blockdecoder;
     static const QSet<quint32> types = catalogTypes();
-    const Format format = blockFormat == BlockFormat::SavedState ? Format::SavedState : Format::Configuration;
-    const DecodedBlock decoded = decode(block, format).constFirst();
+    const DecodedBlock decoded = decodeFirst(block, format);
     const Field *type = decoded.find(QStringLiteral("header.objId"));
     if (type != nullptr && !types.contains(static_cast<quint32>(type->value.toLongLong()))) {
         // Only the catalog has the known type codes.
-        require(par == nullptr && (blockFormat == BlockFormat::SavedState || result == UnknownTypeCode),
+        require(par == nullptr && (format == BlockFormat::SavedState || result == UnknownTypeCode),
                 "an unknown type code is accepted");
         return;
     }
-    require(decoded.refused == (par == nullptr), "the decoder and the plug-in do not refuse the same");
+    require(decoded.refused == (par == nullptr), "only the decoder or only the plug-in rejects the block");
     if (par != nullptr) {
         require(disagreement(decoded, *par, format));
     }
@@ -98,7 +97,7 @@ inline void checkBlock(const QByteArray &block, BlockFormat format)
     qint32 result = untouched;
     const auto par = blockcheck::read(block, owner, format, &result);
     checkTakenRanges(par.get());
-    if (isForCostlyChecks(block)) { // the decoder takes several times as long as the plug-in
+    if (isForCostlyChecks(block)) { // the decoder takes several times as long as the reader
         checkAgreement(block, par.get(), result, format);
     }
     if (par) {

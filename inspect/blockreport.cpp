@@ -12,7 +12,7 @@ namespace {
 
 constexpr int bytesPerLine = 8;
 constexpr int bytesWidth = 10 + 3 * bytesPerLine;
-/// No text of a block is longer; what is, is of no use byte by byte.
+/// No text of a block is longer, and longer runs of undecoded bytes are of no use byte by byte.
 constexpr int shownBytes = 256;
 constexpr int valueWidth = 10;
 
@@ -44,7 +44,7 @@ QString printable(const QString &text)
     return QLatin1Char('"') + shown + QLatin1Char('"');
 }
 
-/// Bytes have no text of their own beside the column with the raw bytes.
+/// Returns an empty string for bytes, which the column of raw bytes shows.
 QString valueText(const Field &field)
 {
     switch (field.value.type()) {
@@ -67,13 +67,13 @@ QString meaningText(const Field &field)
 
 void appendLine(QString &text, QString line)
 {
-    while (line.endsWith(QLatin1Char(' '))) { // an empty last column
+    while (line.endsWith(QLatin1Char(' '))) { // the last column may be empty
         line.chop(1);
     }
     text += line + QLatin1Char('\n');
 }
 
-/// Bytes that do not fit beside @p label, the name or nothing, follow on lines of their own.
+/// Bytes that do not fit on the line of @p label, a name or an empty string, follow on separate lines.
 QString fieldText(const Field &field, const QString &label)
 {
     QString text;
@@ -171,7 +171,7 @@ QJsonObject toJson(const DecodedBlock &block)
             {QStringLiteral("damages"), damages}};
 }
 
-/// The fields of a block in its order, names that repeat made different.
+/// Returns the fields of a block in its order, with numbers that make repeated names unique.
 QVector<Field> numberedFields(const DecodedBlock &block)
 {
     QVector<Field> fields;
@@ -197,7 +197,7 @@ QHash<QString, int> indexByName(const QVector<Field> &fields)
     return index;
 }
 
-/// The halves of a byte share its raw bytes; for all but numbers the bytes say more than the value read from them.
+/// Compares numbers by value, because the halves of a byte share its raw bytes, and everything else by its bytes.
 bool isSame(const Field &left, const Field &right)
 {
     return left.value.type() == QVariant::LongLong ? left.value == right.value : left.raw == right.raw;
@@ -226,7 +226,7 @@ void compare(int number, const DecodedBlock &left, const DecodedBlock &right, QV
 
 QString sideText(const char *sign, const QVector<Field> &side)
 {
-    const QString text = side.isEmpty() ? QStringLiteral("  not there\n") : fieldText(side.first(), QString());
+    const QString text = side.isEmpty() ? QStringLiteral("  missing\n") : fieldText(side.first(), QString());
     return QLatin1String(sign) + text;
 }
 

@@ -1,4 +1,4 @@
-// Decoded blocks and their differences as text for people and as JSON for programs.
+// Reports decoded blocks and their differences: text for people, JSON for programs.
 #pragma once
 
 #include "blockdecoder.h"
@@ -7,7 +7,7 @@
 
 namespace blockdecoder {
 
-/// A field that two blocks do not have in common: its bytes or its value differ, or one side lacks it.
+/// A field whose bytes or value differ in two blocks, or that one of them lacks.
 struct Difference {
     int block = 0; ///< position in both lists
     QString name;
@@ -15,14 +15,14 @@ struct Difference {
     QVector<Field> right;
 };
 
-/// Compares block by block and field by field; where a field stands does not matter.
+/// Compares block by block and field by field, independent of the offsets of the fields.
 QVector<Difference> difference(const QVector<DecodedBlock> &left, const QVector<DecodedBlock> &right);
 
-/// Aligned columns with a heading for every part, the damage behind them; ends with a line feed. Characters of names
+/// Returns aligned columns with a heading for each part, then the damage; ends with a line feed. Characters of texts
 /// that are not printable are escaped.
 QString toText(const QVector<DecodedBlock> &blocks);
 QString toText(const QVector<Difference> &differences);
-/// The damage alone, a line each.
+/// Returns the damage alone, one line each; an empty string without damage.
 QString damageText(const QVector<DecodedBlock> &blocks);
 
 QJsonObject toJson(const QVector<DecodedBlock> &blocks);

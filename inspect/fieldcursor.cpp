@@ -7,7 +7,7 @@ using blockdecoder::Field;
 
 namespace {
 
-/// What serves the block alone and reaches no module.
+/// Returns true for fields that structure the block and are not part of a module.
 bool isFraming(FieldPlace place, const char *name)
 {
     constexpr const char *names[] = {"length", "constant", "marker", "reservBytes", "recordLength"};
@@ -23,8 +23,8 @@ QString byteCount(int count)
 
 } // namespace
 
-FieldCursor::FieldCursor(ByteReader reader, int end, blockdecoder::DecodedBlock &block, QString cutEffect)
-    : m_reader(reader), m_end(end), m_block(&block), m_cutEffect(std::move(cutEffect))
+FieldCursor::FieldCursor(const QByteArray &bytes, int begin, blockdecoder::DecodedBlock &block, QString cutEffect)
+    : m_bytes(bytes), m_at(begin), m_end(bytes.size()), m_block(&block), m_cutEffect(std::move(cutEffect))
 {
 }
 
@@ -36,8 +36,22 @@ void FieldCursor::enter(FieldPlace place, const QString &prefix)
 
 FieldCursor FieldCursor::sub(int count)
 {
-    const int end = offset() + count;
-    return {m_reader.sub(count), end, *m_block, m_cutEffect};
+    FieldCursor part(m_bytes, m_at, *m_block, m_cutEffect);
+    m_at += count;
+    part.m_end = m_at;
+    return part;
+}
+
+std::optional<QByteArray> FieldCursor::take(const char *name, int count)
+{
+    if (m_failed || count > remaining()) {
+        m_failed = true;
+        report(m_at, name, byteCount(count), remaining() == 0 ? QStringLiteral("the end") : byteCount(remaining()),
+               m_cutEffect);
+        return std::nullopt;
+    }
+    m_at += count;
+    return QByteArray(m_bytes.constData() + m_at - count, count);
 }
 
 void FieldCursor::takeRest(const QString &name, const QString &meaning)
@@ -45,9 +59,9 @@ void FieldCursor::takeRest(const QString &name, const QString &meaning)
     if (remaining() == 0) {
         return;
     }
-    const QByteArray bytes = ahead(remaining());
-    fields() += Field{offset(), bytes, name, bytes, meaning, false};
-    m_reader = ByteReader(nullptr, 0);
+    const QByteArray bytes(m_bytes.constData() + m_at, remaining());
+    fields() += Field{m_at, bytes, name, bytes, meaning, false};
+    m_at = m_end;
 }
 
 void FieldCursor::imply(const char *name, const QVariant &value, const QString &meaning)
@@ -73,70 +87,47 @@ void FieldCursor::report(int offset, const char *name, const QString &expected, 
 
 void FieldCursor::u32FromSignedBytes(const char *name, quint32 &value)
 {
-    quint32 plain = 0;
-    ByteReader(m_reader).u32(name, plain);
-    take(name, 4, value, [&] { m_reader.u32FromSignedBytes(name, value); });
-    if (!failed() && value != plain) {
-        explain(QStringLiteral("reads back changed: the bytes count with their signs"));
+    const std::optional<QByteArray> bytes = take(name, 4);
+    if (!bytes) {
+        return;
+    }
+    value = 0;
+    for (const char byte : *bytes) {
+        value = (value << 8U) + static_cast<quint32>(static_cast<qint8>(byte));
+    }
+    add(*bytes, name, toVariant(value));
+    if (value != qFromBigEndian<quint32>(bytes->constData())) {
+        explain(QStringLiteral("reads back changed: each byte has a sign"));
     }
 }
 
-void FieldCursor::textSigned(const char *name, QString &value)
+void FieldCursor::takeText(const char *name, int length, QString &value)
 {
-    qint8 length = 0;
-    ByteReader(m_reader).lowByteSigned(name, length);
-    textBehind(name, length, value, &ByteReader::textSigned);
-}
-
-void FieldCursor::text(const char *name, QString &value)
-{
-    quint8 length = 0;
-    ByteReader(m_reader).u8(name, length);
-    textBehind(name, length, value, &ByteReader::text);
-}
-
-void FieldCursor::textBehind(const char *name, int length, QString &value,
-                             void (ByteReader::*read)(const char *, QString &))
-{
-    const int at = offset();
-    const int left = remaining() - 1;
-    const QByteArray bytes = ahead(1 + qMax(0, length));
-    (m_reader.*read)(name, value);
-    if (failed()) {
-        return reportCut(name, 1);
+    const int at = m_at;
+    const std::optional<QByteArray> lengthByte = take(name, 1);
+    if (!lengthByte) {
+        return;
     }
-    fields() += Field{at,
-                      bytes.left(1),
-                      m_prefix + QLatin1String(name) + QStringLiteral(".length"),
-                      static_cast<qlonglong>(length),
-                      QString(),
-                      false};
-    add(at + 1, bytes.mid(1), name, value);
+    const QString lengthName = m_prefix + QLatin1String(name) + QStringLiteral(".length");
+    fields() += Field{at, *lengthByte, lengthName, static_cast<qlonglong>(length), QString(), false};
+    const int left = remaining();
+    const QByteArray bytes = take(name, qBound(0, length, left)).value_or(QByteArray());
+    value = QString::fromLocal8Bit(bytes.constData(), bytes.size());
+    add(bytes, name, value);
     if (length < 0) {
-        report(at, name, QStringLiteral("at most 127 bytes of text"), QStringLiteral("%1").arg(length + 256),
-               QStringLiteral("the length reads as %1: no text is taken, and its bytes pass for the fields behind it")
+        report(at, name, QStringLiteral("at most 127 bytes of text"), QString::number(length + 256),
+               QStringLiteral("the length reads as %1: no text is taken, and its bytes are read as the next fields")
                    .arg(length));
     } else if (length > left) {
         report(at, name, byteCount(length) + QStringLiteral(" of text"), byteCount(left),
-               QStringLiteral("the text is cut, and the fields behind it keep the catalog's values"));
+               QStringLiteral("the text is truncated, and all later fields keep the catalog's values"));
     }
 }
 
-QByteArray FieldCursor::ahead(int count) const
-{
-    return {m_reader.rest().constData(), qMin(count, remaining())};
-}
-
-void FieldCursor::reportCut(const char *name, int size)
-{
-    report(offset(), name, byteCount(size), remaining() == 0 ? QStringLiteral("the end") : byteCount(remaining()),
-           m_cutEffect);
-}
-
-void FieldCursor::add(int at, const QByteArray &bytes, const char *name, const QVariant &value)
+void FieldCursor::add(const QByteArray &bytes, const char *name, const QVariant &value)
 {
     const bool isNumber = value.type() == QVariant::LongLong || value.type() == QVariant::Double;
-    fields() += Field{at,
+    fields() += Field{m_at - bytes.size(),
                       bytes,
                       m_prefix + QLatin1String(name),
                       value,

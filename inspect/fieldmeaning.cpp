@@ -1,6 +1,8 @@
 #include "fieldmeaning.h"
 
 #include "choices.h"
+#include "digitalbits.h"
+#include "fieldlimits.h"
 #include "modulekind.h"
 #include "simpleextendpar.h"
 
@@ -8,12 +10,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <iterator>
 
 namespace {
 
-/// One row for a field whose number stands for a choice; the lists by signal family where they differ.
+/// A field whose number is the index or code of a choice, with one list for each signal family.
 struct ChoiceRow {
     FieldPlace place;
     const char *name;
@@ -21,14 +22,14 @@ struct ChoiceRow {
     const char *unit = "";
 };
 
-constexpr std::array<const ChoiceList *, 3> always(const ChoiceList &list)
+constexpr std::array<const ChoiceList *, 3> forAllFamilies(const ChoiceList &list)
 {
     return {&list, &list, &list};
 }
 
 const ChoiceRow choiceRows[] = {
-    {FieldPlace::AnalogInput, "samples", always(choices::sampleCounts), " samples"},
-    {FieldPlace::AnalogInput, "enable", always(choices::enable)},
+    {FieldPlace::AnalogInput, "samples", forAllFamilies(choices::sampleCounts), " samples"},
+    {FieldPlace::AnalogInput, "enable", forAllFamilies(choices::enable)},
     {FieldPlace::AnalogInput,
      "filterTime",
      {&choices::filterTimes, &choices::temperatureFilterTimes, &choices::temperatureFilterTimes}},
@@ -36,16 +37,16 @@ const ChoiceRow choiceRows[] = {
      "inputRange",
      {&choices::inputRanges, &choices::thermocoupleRanges, &choices::resistanceRanges}},
     {FieldPlace::AnalogInput, "openWire", {&choices::openWire, &choices::enable, &choices::enable}},
-    {FieldPlace::AnalogInput, "direction", always(choices::directions)},
-    {FieldPlace::AnalogInput, "temperatureScale", always(choices::temperatureScales)},
-    {FieldPlace::AnalogInput, "coldJunction", always(choices::enable)},
-    {FieldPlace::AnalogInput, "wiringScheme", always(choices::wiringSchemes)},
-    {FieldPlace::AnalogOutput, "enable", always(choices::enable)},
-    {FieldPlace::AnalogOutput, "range", always(choices::outputRanges)},
-    {FieldPlace::Weighing, "enable", always(choices::enable)},
-    {FieldPlace::Weighing, "limitFreq", always(choices::limitFrequencies)},
-    {FieldPlace::Weighing, "filterMode", always(choices::filterModes)},
-    {FieldPlace::Weighing, "sampleFreq", always(choices::sampleFrequencies)},
+    {FieldPlace::AnalogInput, "direction", forAllFamilies(choices::directions)},
+    {FieldPlace::AnalogInput, "temperatureScale", forAllFamilies(choices::temperatureScales)},
+    {FieldPlace::AnalogInput, "coldJunction", forAllFamilies(choices::enable)},
+    {FieldPlace::AnalogInput, "wiringScheme", forAllFamilies(choices::wiringSchemes)},
+    {FieldPlace::AnalogOutput, "enable", forAllFamilies(choices::enable)},
+    {FieldPlace::AnalogOutput, "range", forAllFamilies(choices::outputRanges)},
+    {FieldPlace::Weighing, "enable", forAllFamilies(choices::enable)},
+    {FieldPlace::Weighing, "limitFreq", forAllFamilies(choices::limitFrequencies)},
+    {FieldPlace::Weighing, "filterMode", forAllFamilies(choices::filterModes)},
+    {FieldPlace::Weighing, "sampleFreq", forAllFamilies(choices::sampleFrequencies)},
 };
 
 QString choiceText(const ChoiceRow &row, quint8 family, int code)
@@ -70,7 +71,7 @@ QString areaText(double area)
     case VarArea::Variable:
         return QStringLiteral("variable area");
     }
-    return QStringLiteral("no area that a module uses");
+    return QStringLiteral("not an area of modules");
 }
 
 QString signalFamilyText(double family)
@@ -103,8 +104,10 @@ QString deadbandText(double deadband)
     if (deadband == 0) {
         return QStringLiteral("no deadband");
     }
-    const bool offered = deadband <= 4080 && std::fmod(deadband, 16) == 0;
-    return offered ? QString() : QStringLiteral("not a multiple of 16 up to 4080");
+    constexpr Limits limits = limits::deadband;
+    return limits.contains(deadband)
+               ? QString()
+               : QStringLiteral("not a multiple of %1 up to %2").arg(limits.step).arg(limits.maximum);
 }
 
 QString dqModeText(double mode)
@@ -119,11 +122,10 @@ QString dqModeText(double mode)
     }
 }
 
-template <int Minimum, int Maximum>
+template <const Limits &Range>
 QString limitText(double value)
 {
-    const bool inside = value >= Minimum && value <= Maximum; // false for what is no number
-    return inside ? QString() : QStringLiteral("outside %1 to %2").arg(Minimum).arg(Maximum);
+    return Range.contains(value) ? QString() : QStringLiteral("outside %1 to %2").arg(Range.minimum).arg(Range.maximum);
 }
 
 struct NumberRow {
@@ -153,15 +155,15 @@ constexpr NumberRow numberRows[] = {
          return freeze == 1 ? QStringLiteral("freeze output in last state")
                             : QStringLiteral("output takes the stop value");
      }},
-    {FieldPlace::AnalogOutput, "stopValue", limitText<-32000, 32000>},
-    {FieldPlace::Weighing, "sensitivity", limitText<0, 32>},
-    {FieldPlace::Weighing, "filterDepth", limitText<0, 2000>},
-    {FieldPlace::Weighing, "subMax", limitText<0, 2000>},
-    {FieldPlace::Weighing, "subMin", limitText<0, 2000>},
-    {FieldPlace::Weighing, "bootClear", limitText<-99, 99>},
+    {FieldPlace::AnalogOutput, "stopValue", limitText<limits::stopValue>},
+    {FieldPlace::Weighing, "sensitivity", limitText<limits::sensitivity>},
+    {FieldPlace::Weighing, "filterDepth", limitText<limits::weighingFilterCount>},
+    {FieldPlace::Weighing, "subMax", limitText<limits::weighingFilterCount>},
+    {FieldPlace::Weighing, "subMin", limitText<limits::weighingFilterCount>},
+    {FieldPlace::Weighing, "bootClear", limitText<limits::bootClear>},
 };
 
-template <class Row, std::size_t Size>
+template <typename Row, std::size_t Size>
 const Row *findRow(const Row (&rows)[Size], FieldPlace place, const char *name)
 {
     const Row *found = std::find_if(std::begin(rows), std::end(rows), [place, name](const Row &row) {
@@ -172,7 +174,7 @@ const Row *findRow(const Row (&rows)[Size], FieldPlace place, const char *name)
 
 QString outputName(int output)
 {
-    return QStringLiteral("Q%1.%2").arg(output / 8).arg(output % 8);
+    return QStringLiteral("Q%1.%2").arg(output / outputsPerByte).arg(output % outputsPerByte);
 }
 
 } // namespace
@@ -208,26 +210,25 @@ QString moduleKindText(quint32 objId)
 
 QString filterGroupText(int group, int inputCount, int code)
 {
-    if (group * 4 >= inputCount) {
+    if (group * inputsPerFilterRow >= inputCount) {
         return QStringLiteral("beyond the last input");
     }
-    const int byte = group / 2;
-    const int bit = group % 2 * 4;
+    const int bit = filterShift(group); // 4 inputs share a code of 4 bits
     const QString delay = choices::digitalFilterDelays.text(code);
     return QStringLiteral("I%1.%2 - I%1.%3: %4")
-        .arg(byte)
+        .arg(group / 2)
         .arg(bit)
-        .arg(bit + 3)
+        .arg(bit + inputsPerFilterRow - 1)
         .arg(delay.isEmpty() ? QStringLiteral("no such choice") : delay);
 }
 
-QString outputStatesText(int index, int outputCount, quint8 states)
+QString outputStatesText(int index, int outputCount, const QByteArray &table)
 {
-    const int first = index * 8;
-    const int last = qMin(first + 8, outputCount) - 1;
+    const int first = index * outputsPerByte;
+    const int last = qMin(first + outputsPerByte, outputCount) - 1;
     QStringList on;
     for (int output = first; output <= last; ++output) {
-        if ((states & (0x80U >> static_cast<unsigned>(output - first))) != 0) {
+        if (outputState(table, output).value_or(false)) {
             on += outputName(output);
         }
     }

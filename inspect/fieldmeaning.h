@@ -1,20 +1,22 @@
-// What the number in a field says to the person who reads it.
+// What the numbers in the fields of a block mean, in English.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
-#include <QtGlobal>
 
-/// Where a field stands; names repeat from place to place.
+/// The place of a field in a block. Field names are unique within a place only.
 enum class FieldPlace { Frame, Header, Range, DigitalInput, DigitalOutput, AnalogInput, AnalogOutput, Weighing };
 
-/// The text of the choice, unit or warning; empty where the number says it all. @p family matters to analog inputs.
+/// Returns the text of the choice, the unit or a warning; an empty string if the number needs no explanation. @p family
+/// is the signal family of an analog input and otherwise ignored.
 QString fieldMeaning(FieldPlace place, quint8 family, const char *name, double value);
 
-/// "digital module" and so on.
+/// Returns a text such as "digital module".
 QString moduleKindText(quint32 objId);
 
-/// The inputs of a four-input group as the dialog labels them, or that the group is beyond the last input.
+/// Returns the labels that the dialog gives to the inputs of filter row @p group, and the delay of @p code; or a
+/// warning if the row is beyond the last input.
 QString filterGroupText(int group, int inputCount, int code);
 
-/// The outputs of byte @p index that are on, the first output in the highest bit.
-QString outputStatesText(int index, int outputCount, quint8 states);
+/// Returns which outputs of byte @p index of @p table are on.
+QString outputStatesText(int index, int outputCount, const QByteArray &table);

@@ -1,4 +1,4 @@
-// The block inspector: its decoder beside the plug-in's readers, its texts, its damage reports, the program.
+// The block inspector: its decoder compared with the plug-in's readers, its texts, its damage reports, the program.
 #include "blockagreement.h"
 #include "blockbuilder.h"
 #include "blockreport.h"
@@ -11,16 +11,10 @@ using namespace blockdecoder;
 
 namespace {
 
-const QVector<quint32> typeCodes{13395, 13650, 14418, 14419, 100};
+constexpr BlockFormat savedState = BlockFormat::SavedState;
+constexpr BlockFormat configuration = BlockFormat::Configuration;
 
-QByteArray fields(quint32 objId, bool saved, quint32 moduleInfo = 0x01010808)
-{
-    return be32(objId) + hex("01 FE 02 4E78") + (saved ? hex("01 63 01020304 00000005") : QByteArray()) +
-           be32(moduleInfo) + hex("0C  B00102030405060708090A0B0CB1  500000000000000051") +
-           hex("06 0110 02  82 0220 01  01 01020304E5  0000000000000000");
-}
-
-// Each holds something besides that a writer never writes: channels twice, sections twice, an unknown family.
+/// Sections with what no writer produces, too: channels twice, sections twice, an unknown family.
 const QByteArrayList analogSections{
     hex("00000016 00 25 0000 01  000B 00 07 01 05 0140 01 02 03 02 01"),
     hex("0000003C 00 25 0000 04  000D 01 00 01 05 0140 01 02 08 01 00 00 01  000D 02 01 00 07 0011 01 04 13 01 01 01 01"
@@ -30,47 +24,36 @@ const QByteArrayList digitalSections{hex("0000000B 00 05 0000 08 01 81"), hex("0
                                      hex("0000000C 00 05 0000 10 02 81FF")};
 const QByteArrayList weighSections{hex(
     "00000029 00 29 0000 02  00 01 40000000 04 000F 0102 0304 00 01 9D  03 00 7FC00000 00 07D1 0000 0000 02 06 64")};
+const QMap<quint32, QByteArrayList> sectionsOf{
+    {13395, analogSections}, {13650, digitalSections}, {14418, weighSections}, {14419, {}}, {100, {}}};
 
-QByteArray sample(quint32 objId, bool saved = true)
+QByteArray headerFields(quint32 objId, BlockFormat format)
 {
-    const QByteArrayList sections = objId == 13395   ? analogSections
-                                    : objId == 13650 ? digitalSections
-                                    : objId == 14418 ? weighSections
-                                                     : QByteArrayList();
-    return block(header(fields(objId, saved)), sections);
+    return be32(objId) + hex("01 FE 02 4E78") + (format == savedState ? hex("01 63 01020304 00000005") : QByteArray()) +
+           hex("01010808 0C  B00102030405060708090A0B0CB1  500000000000000051") +
+           hex("06 0110 02  82 0220 01  01 01020304E5  0000000000000000");
 }
 
-DecodedBlock decodeOne(const QByteArray &bytes, bool saved = true)
+QByteArray sample(quint32 objId, BlockFormat format = savedState)
 {
-    return decode(bytes, saved ? Format::SavedState : Format::Configuration).constFirst();
+    return block(header(headerFields(objId, format)), sectionsOf.value(objId));
 }
 
-/// Empty, or in what the decoder and the plug-in do not agree.
-QString disagreementOver(const QByteArray &bytes, bool saved)
+/// Returns how decoder and plug-in differ; an empty string if they agree.
+QString disagreementOver(const QByteArray &bytes, BlockFormat format)
 {
-    const DecodedBlock decoded = decodeOne(bytes, saved);
-    const auto par = saved ? restoreModule(bytes, QString()) : recompileModule(bytes, QString(), nullptr);
+    const DecodedBlock decoded = decodeFirst(bytes, format);
+    const auto par =
+        format == savedState ? restoreModule(bytes, QString()) : recompileModule(bytes, QString(), nullptr);
     if (decoded.refused != (par == nullptr)) {
         return QStringLiteral("refused");
     }
-    return par ? disagreement(decoded, *par, saved ? Format::SavedState : Format::Configuration) : QString();
+    return par ? disagreement(decoded, *par, format) : QString();
 }
 
-struct Run {
-    int status;
-    QByteArray output;
-    QByteArray complaint;
-};
-
-Run run(const QStringList &arguments, const QByteArray &input = {})
+QString textOf(const QByteArray &bytes)
 {
-    QProcess process;
-    process.start(QStringLiteral(BLOCKINSPECT_PATH), arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    const bool finished = process.waitForFinished();
-    return {finished && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput(), process.readAllStandardError()};
+    return toText(QVector<DecodedBlock>{decodeSavedState(bytes)});
 }
 
 } // namespace
@@ -78,30 +61,62 @@ Run run(const QStringList &arguments, const QByteArray &input = {})
 class TestBlockInspect : public QObject {
     Q_OBJECT
 
+    struct Run {
+        int status;
+        QByteArray output;
+        QByteArray complaint;
+    };
+
+    /// Runs the program in the catalog's folder.
+    Run run(const QStringList &arguments, const QByteArray &input = {}) const
+    {
+        QProcess process;
+        process.setWorkingDirectory(m_catalog.path());
+        process.start(QStringLiteral(BLOCKINSPECT_PATH), arguments);
+        process.write(input);
+        process.closeWriteChannel();
+        const bool finished = process.waitForFinished();
+        return {finished && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                process.readAllStandardOutput(), process.readAllStandardError()};
+    }
+
+    CatalogFolder m_catalog;
+
 private slots:
     void initTestCase()
     {
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
         QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
-        for (const quint32 objId : typeCodes) {
+        for (const quint32 objId : sectionsOf.keys()) {
             m_catalog.writeModule(objId, 0x01010808);
         }
+        m_catalog.writeFile("state", sample(13650));
+        m_catalog.writeFile("other", sample(13650).replace(13, 1, hex("02")));
+        m_catalog.writeFile("cut", sample(13650).chopped(3));
+        m_catalog.writeFile("%2", "x");
+        m_catalog.writeFile("shorter", sample(13650).replace(15, 1, hex("01")));
     }
 
+    void readsWhatThePlugInReads_data()
+    {
+        const Rows<QByteArray, BlockFormat> row("whole", "format");
+        for (const quint32 objId : sectionsOf.keys()) {
+            row(QByteArray::number(objId) + ", saved state", sample(objId, savedState), savedState);
+            row(QByteArray::number(objId) + ", configuration", sample(objId, configuration), configuration);
+        }
+    }
     void readsWhatThePlugInReads()
     {
-        for (const int each : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}) {
-            const bool saved = each % 2 == 0;
-            const QByteArray whole = sample(typeCodes.at(each / 2), saved);
-            QVERIFY(decodeOne(whole, saved).damages.isEmpty());
-            for (int size = 0; size <= whole.size(); ++size) {
-                QCOMPARE(disagreementOver(whole.left(size), saved), QString());
-            }
-            for (int at = 0; at < whole.size(); at += at == 8 ? 5 : 1) { // the catalog may not have another type code
-                for (const int value : {0, 1, 2, 5, 8, 11, 16, 38, 41, 64, 127, 128, 255}) {
-                    const QByteArray changed = QByteArray(whole).replace(at, 1, QByteArray(1, char(value)));
-                    QVERIFY2(disagreementOver(changed, saved).isEmpty(), changed.toHex().constData());
-                }
+        QFETCH(QByteArray, whole);
+        QFETCH(BlockFormat, format);
+        QVERIFY(decodeFirst(whole, format).damages.isEmpty());
+        for (int size = 0; size <= whole.size(); ++size) {
+            QCOMPARE(disagreementOver(whole.left(size), format), QString());
+        }
+        for (int at = 0; at < whole.size(); at += at == 8 ? 5 : 1) { // the catalog may lack another type code
+            for (const int value : {0, 1, 2, 5, 8, 11, 16, 38, 41, 64, 127, 128, 255}) {
+                const QByteArray changed = QByteArray(whole).replace(at, 1, QByteArray(1, char(value)));
+                QVERIFY2(disagreementOver(changed, format).isEmpty(), changed.toHex().constData());
             }
         }
     }
@@ -149,7 +164,7 @@ private slots:
     {
         QFETCH(quint32, objId);
         QFETCH(QString, name);
-        const DecodedBlock decoded = decodeOne(sample(objId));
+        const DecodedBlock decoded = decodeSavedState(sample(objId));
         const Field *field = decoded.find(name);
         QVERIFY(field);
         QTEST(field->meaning, "meaning");
@@ -157,123 +172,131 @@ private slots:
 
     void damage_data()
     {
-        // report: of the first damage
-        const Rows<QByteArray, bool, QString> row("bytes", "refused", "report");
-        const QByteArray head = fields(13650, true);
+        const Rows<QByteArray, bool, QString> row("bytes", "refused", "firstDamage");
+        const QByteArray head = headerFields(13650, savedState);
         const auto digital = [&head](const QByteArray &section, int count = honest) {
             return block(header(head), {section}, count);
         };
         const auto analog = [](const char *body) {
-            return block(header(fields(13395, true)), {section(37, hex(body))});
+            return block(header(headerFields(13395, savedState)), {section(37, hex(body))});
         };
         row("no bytes", {}, true, "0000 sectionCount: 1 byte / the end");
-        row("a header frame cut", hex("01 00000008 0002"), true, "0001 header.length: at least 8 bytes / 6 bytes");
+        row("a truncated header frame", hex("01 00000008 0002"), true,
+            "0001 header.length: at least 8 bytes / 6 bytes");
         row("a header length beyond the data", block(header(head, 500)), true,
-            "0001 header.length: 500 bytes, as the length says / 77 bytes");
+            "0001 header.length: 500 bytes, the length of the header / 77 bytes");
         row("a header length below its frame", block(header({}, 7)), true, "0001 header.length: at least 8 / 7");
-        row("a header cut in its type code", block(header(head.left(3))), true, "0009 header.objId: 4 bytes / 3 bytes");
-        row("a header cut in a field", block(header(head.left(8))), false,
+        row("a header that ends in its type code", block(header(head.left(3))), true,
+            "0009 header.objId: 4 bytes / 3 bytes");
+        row("a header that ends in a field", block(header(head.left(8))), false,
             "000F header.objName: 2 bytes of text / 1 byte");
-        row("a header cut in a range", block(header(head.left(49))), false,
+        row("a header that ends in a range", block(header(head.left(49))), false,
             "0039 header.inMap.start: 2 bytes / 1 byte");
-        row("a name length with its sign bit", block(header(head.left(6) + hex("80") + QByteArray(200, 0))), false,
+        row("a negative name length", block(header(head.left(6) + hex("80") + QByteArray(200, 0))), false,
             "000F header.objName: at most 127 bytes of text / 128");
         row("a header longer than its fields", block(header(head + "x")), false,
             "004E header.rest: the end of the header / 1 more bytes");
-        row("more sections counted than there are", digital({}), false,
-            "004E section[1].length: a section of at least 8 bytes / 0 bytes");
+        row("a missing section", digital({}), false, "004E section[1].length: a section of at least 8 bytes / 0 bytes");
         row("a section longer than the data", digital(section(18, hex("08 55"), 11)), false,
             "004E section[1].length: 1 to 10 / 11");
-        row("a section length with its sign bit", digital(section(18, hex("08 55"), 0x80000000)), false,
+        row("a negative section length", digital(section(18, hex("08 55"), 0x80000000)), false,
             "004E section[1].length: 1 to 10 / -2147483648");
         row("a section shorter than its frame", digital(section(18, hex("08 55"), 5)), false,
             "004E section[1].length: at least 8 / 5");
-        row("a section of another kind", digital(section(41, hex("00"))), false,
+        row("a section of another module kind", digital(section(41, hex("00"))), false,
             "0053 section[1].type: 18 or 5 in a digital module / 41");
         row("a table shorter than its count", digital(section(18, hex("10 55"))), false,
             "0057 digitalInput.diFilter: 2 bytes / 1 byte");
         row("a record length beyond its section", analog("01 000B 00 00 01"), false,
             "0057 analogInput[0].recordLength: at most 3 / 11");
-        row("a record length that its family does not have", analog("01 000A 00 00 01 05 0140 01 02 03 02 01"), false,
+        row("a record length of another family", analog("01 000A 00 00 01 05 0140 01 02 03 02 01"), false,
             "0057 analogInput[0].recordLength: 11 / 10");
-        row("a section that ends within a record", analog("02 0006 07 00 01 05 0140 0002 07 01"), false,
+        row("a section that ends in a record", analog("02 0006 07 00 01 05 0140 0002 07 01"), false,
             "005F analogInput[1].recordLength: 6 / 2");
     }
     void damage()
     {
         QFETCH(QByteArray, bytes);
-        const DecodedBlock decoded = decodeOne(bytes);
+        const DecodedBlock decoded = decodeSavedState(bytes);
         QTEST(decoded.refused, "refused");
-        QVERIFY(!decoded.damages.isEmpty());
-        const Damage &first = decoded.damages.constFirst();
-        QTEST(QStringLiteral("%1 %2: %3 / %4")
-                  .arg(QString::number(first.offset, 16).toUpper().rightJustified(4, QLatin1Char('0')), first.name,
-                       first.expected, first.found),
-              "report");
-        QCOMPARE(disagreementOver(bytes, true), QString());
+        const Damage first = decoded.damages.value(0);
+        const QString offset = QString::number(first.offset, 16).toUpper().rightJustified(4, '0');
+        QTEST(QStringLiteral("%1 %2: %3 / %4").arg(offset, first.name, first.expected, first.found), "firstDamage");
+        QCOMPARE(disagreementOver(bytes, savedState), QString());
     }
 
-    void walksAStation()
+    void decodesTheBlocksOfAStation()
     {
-        const QByteArray station = sample(13650, false) + sample(14418, false) + sample(100, false);
-        const QVector<DecodedBlock> blocks = decode(station, Format::Configuration);
-        QCOMPARE(blocks.size(), 3);
-        QCOMPARE(blocks.at(1).offset, sample(13650, false).size());
-        QCOMPARE(blocks.at(2).offset + blocks.at(2).size, station.size());
-        QCOMPARE(blocks.at(1).find(QStringLiteral("header.objId"))->offset, blocks.at(1).offset + 9);
-        QCOMPARE(decode(station, Format::SavedState).size(), 1);
-    }
-
-    void exitStatuses()
-    {
-        const QString state = file("state", sample(13650));
-        const QString other = file("other", sample(13650).replace(13, 1, hex("02")));
-        const QString cut = file("cut", sample(13650).chopped(3));
-        const QByteArray text = sample(13650).toHex(' ') + '\n';
-
-        const Run shown = run({state});
-        QCOMPARE(shown.status, 0);
-        QVERIFY(shown.output.contains("\n  000D  01                        header.rackId              1\n"));
-        QCOMPARE(run({"-"}, sample(13650)).output, shown.output);
-        QCOMPARE(run({"--hex", "-"}, text).output, shown.output);
-        QCOMPARE(run({"--config", file("config", sample(13395, false))}).status, 0);
-
-        const Run damaged = run({cut});
-        QCOMPARE(damaged.status, 2);
-        QVERIFY(damaged.output.contains("\nDamaged at 0064, section[3].length: expected 1 to 9, found 12; "));
-        const Run trailing = run({file("trailing", sample(13650) + "xy")});
-        QCOMPARE(trailing.status, 0);
-        QVERIFY(trailing.output.contains("\nBehind the block\n  0070  78 79 "));
-
-        QCOMPARE(run({state, "--diff", state}).status, 0);
-        const Run different = run({state, "--diff", other});
-        QCOMPARE(different.status, 1);
-        QCOMPARE(different.output, QByteArray("Block 1, header.rackId\n-  000D  01                        1\n"
-                                              "+  000D  02                        2\n"));
-        QCOMPARE(run({state, "--diff", cut}).status, 2);
-
-        for (const QStringList &wrong : {QStringList(),
-                                         {state, other},
-                                         {"--nonsense", state},
-                                         {state + "absent"},
-                                         {QFileInfo(state).path()},
-                                         {"--hex", state},
-                                         {"--hex", file("%2 is not a place", "x")},
-                                         {file("large", QByteArray(maximumFileSize + 1, 0))},
-                                         {"-", "--diff", "-"}}) {
-            const Run refused = run(wrong);
-            QCOMPARE(refused.status, 2);
-            QVERIFY(refused.output.isEmpty() && refused.complaint.startsWith("blockinspect: "));
-            QVERIFY(!refused.complaint.contains("1 is not a place"));
+        const QByteArray first = sample(13650, configuration);
+        const QByteArray second = sample(14418, configuration);
+        const QByteArray whole = first + second + sample(100, configuration);
+        const QVector<DecodedBlock> blocks = decodeConfiguration(whole);
+        QVector<int> ends;
+        for (const DecodedBlock &each : blocks) {
+            ends += each.offset + each.size;
         }
-        QCOMPARE(run({"--help"}).status, 0);
+        QCOMPARE(ends, (QVector<int>{first.size(), first.size() + second.size(), whole.size()}));
+        QCOMPARE(blocks.at(1).find(QStringLiteral("header.objId"))->offset, first.size() + 9);
     }
 
-    void jsonHoldsTheSame()
+    void texts_data()
     {
-        const QString state = file("state", sample(14418));
-        const QJsonObject shown = QJsonDocument::fromJson(run({"--json", state}).output).object();
-        QCOMPARE(shown, toJson(decode(sample(14418), Format::SavedState)));
+        const Rows<QByteArray, QString> row("bytes", "lines");
+        row("a field", sample(13650), "\n  000D  01                        header.rackId              1\n");
+        row("damage", sample(13650).chopped(3), "\nDamaged at 0064, section[3].length: expected 1 to 9, found 12; ");
+        row("bytes after the block", sample(13650) + "xy", "\nAfter the block\n  0070  78 79 ");
+    }
+    void texts()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, lines);
+        QVERIFY(textOf(bytes).contains(lines));
+    }
+
+    void program_data()
+    {
+        const Rows<QStringList, QByteArray, int, QString> row("arguments", "input", "status", "output");
+        const QByteArray state = sample(13650);
+        const QByteArray stations = sample(13395, configuration) + sample(100, configuration);
+        row("a file", {"state"}, {}, 0, textOf(state));
+        row("standard input", {"-"}, state, 0, textOf(state));
+        row("hexadecimal text", {"--hex", "-"}, state.toHex(' ') + '\n', 0, textOf(state));
+        row("configuration blocks", {"--config", "-"}, stations, 0, toText(decodeConfiguration(stations)));
+        row("a damaged block", {"cut"}, {}, 2, textOf(state.chopped(3)));
+        row("bytes after the block", {"-"}, state + "xy", 0, textOf(state + "xy"));
+        row("no difference", {"state", "--diff", "state"}, {}, 0, "No field differs\n");
+        row("a difference", {"state", "--diff", "other"}, {}, 1,
+            "Block 1, header.rackId\n-  000D  01                        1\n+  000D  02                        2\n");
+        row("a difference from a damaged block", {"state", "--diff", "cut"}, {}, 2,
+            toText(difference({decodeSavedState(state)}, {decodeSavedState(state.chopped(3))})));
+        row("no file", {}, {}, 2, {});
+        row("two files", {"state", "other"}, {}, 2, {});
+        row("an unknown option", {"--nonsense", "state"}, {}, 2, {});
+        row("a missing file", {"absent"}, {}, 2, {});
+        row("a folder", {"."}, {}, 2, {});
+        row("bytes instead of hexadecimal text", {"--hex", "state"}, {}, 2, {});
+        row("more bytes than the limit", {"-"}, QByteArray(maximumFileSize + 1, 0), 2, {});
+        row("standard input twice", {"-", "--diff", "-"}, {}, 2, {});
+    }
+    void program()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QByteArray, input);
+        QFETCH(QString, output);
+        const Run result = run(arguments, input);
+        QTEST(result.status, "status");
+        QCOMPARE(QString::fromUtf8(result.output), output);
+        QVERIFY(!output.isEmpty() || result.complaint.startsWith("blockinspect: "));
+    }
+
+    void complaintsNameAnyFile() { QVERIFY(run({"--hex", "%2"}).complaint.startsWith("blockinspect: %2: ")); }
+
+    void helpIsNoError() { QCOMPARE(run({"--help"}).status, 0); }
+
+    void jsonOfABlock()
+    {
+        const QJsonObject shown = QJsonDocument::fromJson(run({"--json", "-"}, sample(14418)).output).object();
+        QCOMPARE(shown, toJson(QVector<DecodedBlock>{decodeSavedState(sample(14418))}));
         const QJsonArray parts = shown.value("blocks").toArray().at(0).toObject().value("parts").toArray();
         const QJsonObject nan = parts.at(2).toObject().value("fields").toArray().at(17).toObject();
         QCOMPARE(nan, QJsonObject({{"offset", 0x69},
@@ -282,19 +305,15 @@ private slots:
                                    {"value", "nan"},
                                    {"meaning", "outside 0 to 32"},
                                    {"stored", true}}));
-
-        const QString other = file("other", sample(14418).replace(15, 1, hex("01")));
-        const Run different = run({"--json", "--diff", other, state});
-        const QJsonArray differences =
-            QJsonDocument::fromJson(different.output).object().value("differences").toArray();
-        QCOMPARE(different.status, 2); // a name that is one byte shorter than it says leaves a byte too many
-        QCOMPARE(differences.at(0).toObject().value("name").toString(), QStringLiteral("header.objName.length"));
     }
 
-private:
-    QString file(const char *name, const QByteArray &content) { return m_catalog.writeFile(name, content); }
-
-    CatalogFolder m_catalog;
+    void jsonOfADifference()
+    {
+        const Run result = run({"--json", "--diff", "shorter", "state"});
+        const QJsonArray differences = QJsonDocument::fromJson(result.output).object().value("differences").toArray();
+        QCOMPARE(result.status, 2); // the name is one byte shorter than before, so one byte is too many
+        QCOMPARE(differences.at(0).toObject().value("name").toString(), QStringLiteral("header.objName.length"));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestBlockInspect)

@@ -1,5 +1,5 @@
-// Damaged blocks through the plug-in's boundary: every prefix, every value of every byte, random mutations; with what
-// each leaves claimed in the memory service.
+// Damaged blocks at the plug-in's boundary: every prefix, every value of every byte, random mutations. Each is compared
+// with the decoder's result, and with its claims in the memory service.
 #include "blockagreement.h"
 #include "blockcheck.h"
 #include "catalogfolder.h"
@@ -14,16 +14,16 @@ using namespace blockdecoder;
 namespace {
 
 const QString owner = QStringLiteral("station");
-const QString model = QStringLiteral("model"); // holds what the blocks say that the owner holds
+const QString model = QStringLiteral("model"); // has the claims that the owner is expected to have
 
-/// At most two ranges are held, inside their areas and apart from each other.
+/// Returns true if the owner has at most two ranges, which are inside their areas and do not overlap.
 bool isConsistent()
 {
     simulatedhost::ClaimedRange before{};
     const auto ranges = simulatedhost::claimedRanges(owner);
     for (const auto &range : ranges) {
-        const qint32 lowest = before.area == range.area ? before.start + before.length : 0;
-        if (range.start < lowest || range.start + range.length > simulatedhost::areaSize(owner, range.area)) {
+        const qint32 minimum = before.area == range.area ? before.start + before.length : 0;
+        if (range.start < minimum || range.start + range.length > simulatedhost::areaSize(owner, range.area)) {
             return false;
         }
         before = range;
@@ -31,7 +31,7 @@ bool isConsistent()
     return ranges.size() <= 2 && simulatedhost::openSnapshots(owner) == 0;
 }
 
-/// The number in the header's first field of that name, or -1.
+/// Returns the number in the header's first field of that name, or -1.
 qint64 numberIn(const DecodedBlock &block, const QString &name)
 {
     const QVector<Field> fields = block.parts.value(1).fields;
@@ -59,8 +59,6 @@ QByteArray changedAtRandom(const QByteArray &bytes, QRandomGenerator &random)
 
 } // namespace
 
-Q_DECLARE_METATYPE(BlockFormat)
-
 class TestDamage : public QObject {
     Q_OBJECT
 
@@ -75,7 +73,7 @@ class TestDamage : public QObject {
                            [type](const Golden &golden) { return golden.objId == type; });
     }
 
-    /// Takes for the model what the header says.
+    /// Claims the ranges of the header for the model.
     static void claimForModel(const DecodedBlock &decoded)
     {
         if (!isKnown(numberIn(decoded, QStringLiteral("header.objId"))) ||
@@ -90,12 +88,12 @@ class TestDamage : public QObject {
         }
     }
 
-    /// Empty, or what is wrong with what the plug-in makes of the bytes.
+    /// Reads the bytes with the plug-in. Returns an error text; an empty string if module and claims are as expected.
     QString faultOf(const QByteArray &bytes, BlockFormat format) const
     {
         simulatedhost::resetBase();
         const bool saved = format == BlockFormat::SavedState;
-        const DecodedBlock decoded = decode(bytes, saved ? Format::SavedState : Format::Configuration).constFirst();
+        const DecodedBlock decoded = decodeFirst(bytes, format);
         const qint64 type = numberIn(decoded, QStringLiteral("header.objId"));
         const PluginExports &host = m_plugin.exports();
         ModuleHandle module = m_plugin.own(saved ? host.restore(bytes, owner) : host.recompile(bytes, owner, nullptr));
@@ -109,9 +107,9 @@ class TestDamage : public QObject {
         if (!isKnown(type)) {
             return QStringLiteral("accepted with an unknown type");
         }
-        QString fault = disagreement(decoded, *module, saved ? Format::SavedState : Format::Configuration);
+        QString fault = disagreement(decoded, *module, format);
         fault += blockcheck::roundTripFault(*module, format);
-        // A range is given back as long as its channels make it; one that the block gave another length stays.
+        // The module frees the length of its channels. A range whose length in the block differs stays claimed.
         for (const IoMap &map : {host.getInMap(module.get()), host.getOutMap(module.get())}) {
             const int length = map.unit == 0 ? (map.count + 7) / 8 : map.count * map.unit;
             freeMemory(model, static_cast<VarArea>(map.area), map.start, length);
@@ -120,13 +118,11 @@ class TestDamage : public QObject {
         return claims(owner) == claims(model) ? fault : fault + QStringLiteral("claims left");
     }
 
-    void offer(const QByteArray &bytes, BlockFormat format)
+    /// Skips nine of ten blocks, except in thorough runs. Returns an error text as faultOf(), with the bytes.
+    QString faultOfSome(const QByteArray &bytes, BlockFormat format)
     {
-        if (m_offered++ % 10 != 0 && !m_thorough) {
-            return;
-        }
-        const QString fault = faultOf(bytes, format);
-        QVERIFY2(fault.isEmpty(), qPrintable(fault + ": " + QString::fromLatin1(bytes.toHex())));
+        const QString fault = m_offered++ % 10 == 0 || m_thorough ? faultOf(bytes, format) : QString();
+        return fault.isEmpty() ? fault : fault + ": " + QString::fromLatin1(bytes.toHex());
     }
 
 private slots:
@@ -154,15 +150,16 @@ private slots:
         QFETCH(QByteArray, whole);
         QFETCH(BlockFormat, format);
         QCOMPARE(faultOf(whole, format), QString());
-        // Double words are counted as words after recompile, so that the claim of a block that counts them right stays.
+        // Intended: recompile counts double words as words, so it frees too little of a correct claim.
         const bool staysClaimed = whole.mid(9, 4) == be32(14418) && format == BlockFormat::Configuration;
         QCOMPARE(claims(owner), staysClaimed ? QStringList("132 8+4") : QStringList());
         for (int size = 0; size < whole.size(); ++size) {
-            offer(whole.left(size), format);
+            QCOMPARE(faultOfSome(whole.left(size), format), QString());
         }
         for (int at = 0; at < whole.size(); ++at) {
             for (int value = 0; value < 256; ++value) {
-                offer(QByteArray(whole).replace(at, 1, QByteArray(1, static_cast<char>(value))), format);
+                const QByteArray changed = QByteArray(whole).replace(at, 1, QByteArray(1, static_cast<char>(value)));
+                QCOMPARE(faultOfSome(changed, format), QString());
             }
         }
     }
@@ -173,13 +170,14 @@ private slots:
         const quint32 seed = chosen != 0 ? chosen : QRandomGenerator::system()->bounded(1U, 0x7FFFFFFFU);
         qInfo("SIMPLEEXTEND_SEED=%u", seed);
         QRandomGenerator random(seed);
-        for (int i = 0; i < 100000 && !QTest::currentTestFailed(); ++i) {
+        for (int i = 0; i < 100000; ++i) {
             const bool saved = i % 2 == 0;
             QByteArray bytes = goldenBlock(goldens().at(random.bounded(goldens().size())), saved);
             for (int changes = random.bounded(1, 6); changes > 0; --changes) {
                 bytes = changedAtRandom(bytes, random);
             }
-            offer(bytes, saved ? BlockFormat::SavedState : BlockFormat::Configuration);
+            const BlockFormat format = saved ? BlockFormat::SavedState : BlockFormat::Configuration;
+            QCOMPARE(faultOfSome(bytes, format), QString());
         }
     }
 };

@@ -47,8 +47,8 @@ QStringList textsOf(const Project &project)
 /// A saved state with other bytes in a field of its header.
 QByteArray withField(QByteArray state, const char *name, const QByteArray &bytes)
 {
-    const auto decoded = blockdecoder::decode(state, blockdecoder::Format::SavedState);
-    const blockdecoder::Field *field = decoded.first().find(QLatin1String("header.") + QLatin1String(name));
+    const auto decoded = blockdecoder::decodeSavedState(state);
+    const blockdecoder::Field *field = decoded.find(QLatin1String("header.") + QLatin1String(name));
     return field != nullptr ? state.replace(field->offset, bytes.size(), bytes) : state;
 }
 

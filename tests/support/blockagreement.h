@@ -1,24 +1,33 @@
-// Whether the decoder and the plug-in read the same from a block; for the programs that test both.
+// Compares what the decoder and the plug-in read from a block.
 #pragma once
 
 #include "blockdecoder.h"
 #include "blocklayout.h"
+#include "digitalbits.h"
 
 #include <QMap>
+#include <QMetaType>
 
 #include <cmath>
 
+Q_DECLARE_METATYPE(BlockFormat)
+
 namespace blockdecoder {
 
-/// Collects what a record holds under the names that the decoder gives to the fields; goes over the walks of
-/// blocklayout.h like a writer.
+/// Decodes a saved state or the first configuration block.
+inline DecodedBlock decodeFirst(const QByteArray &bytes, BlockFormat format)
+{
+    return format == BlockFormat::SavedState ? decodeSavedState(bytes) : decodeConfiguration(bytes).constFirst();
+}
+
+/// The values of a record under the decoder's field names. A cursor for the walks of blocklayout.h, as a writer is.
 class RecordFields {
 public:
     RecordFields(const SimpleExtendPar &par, BlockFormat format)
     {
         put("header.objId", par.objId);
         blocklayout::walkHeader(enter("header."), par, format);
-        quint8 noLength = 0; // no record holds the length of a range
+        quint8 noLength = 0; // the length of a range is not in the record
         blocklayout::walkRange(enter("header.inMap."), par.inMap, noLength);
         blocklayout::walkRange(enter("header.outMap."), par.outMap, noLength);
         enter("header.").raw("intEnableTbl", par.intEnableTbl);
@@ -72,10 +81,8 @@ private:
 
     void putTables(const SimpleExtendPar &par)
     {
-        for (int i = 0; i < par.diFilter.size(); ++i) {
-            const auto codes = static_cast<quint8>(par.diFilter.at(i));
-            putElement("digitalInput.diFilter", 2 * i, codes & 0x0F);
-            putElement("digitalInput.diFilter", 2 * i + 1, codes >> 4);
+        for (int row = 0; row < 2 * par.diFilter.size(); ++row) {
+            putElement("digitalInput.diFilter", row, *filterCode(par.diFilter, row));
         }
         for (int i = 0; i < par.dqOutTbl.size(); ++i) {
             putElement("digitalOutput.dqOutTbl", i, static_cast<quint8>(par.dqOutTbl.at(i)));
@@ -105,25 +112,24 @@ private:
     QMap<QString, QVariant> m_values;
 };
 
-/// The name of the first field that the decoder says is stored but @p par, rebuilt from the same block, holds
-/// otherwise, or the first channel that only the record has; empty when they agree.
-inline QString disagreement(const DecodedBlock &block, const SimpleExtendPar &par, Format format)
+/// Returns the name of the first stored field whose value differs in @p par, which was rebuilt from the same block, or
+/// of the first channel that only @p par has; an empty string if decoder and plug-in agree.
+inline QString disagreement(const DecodedBlock &block, const SimpleExtendPar &par, BlockFormat format)
 {
     const auto isSame = [](const QVariant &left, const QVariant &right) {
         const bool areDoubles = left.type() == QVariant::Double && right.type() == QVariant::Double;
         return left == right || (areDoubles && std::isnan(left.toDouble()) && std::isnan(right.toDouble()));
     };
-    QMap<QString, QVariant> held =
-        RecordFields(par, format == Format::SavedState ? BlockFormat::SavedState : BlockFormat::Configuration).values();
+    QMap<QString, QVariant> values = RecordFields(par, format).values();
     for (const Part &part : block.parts) {
         for (const Field &field : part.fields) {
-            if (field.stored && !isSame(held.take(field.name), field.value)) {
+            if (field.stored && !isSame(values.take(field.name), field.value)) {
                 return field.name;
             }
         }
     }
-    // What is left the catalog has filled, or nothing has; channels and table entries can only come from the block.
-    for (auto left = held.cbegin(); left != held.cend(); ++left) {
+    // The catalog may have set other values, but channels and table entries come only from the block.
+    for (auto left = values.cbegin(); left != values.cend(); ++left) {
         if (left.key().contains(QLatin1Char('['))) {
             return left.key();
         }

@@ -1,37 +1,48 @@
-// A module catalog in a temporary folder, which the simulated host uses while the object lives.
+// A module catalog in a temporary folder.
 #pragma once
 
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 
+/// The simulated host uses the catalog while the object exists. A file error ends the program.
 class CatalogFolder {
 public:
     CatalogFolder()
     {
-        QDir folder(m_folder.path());
-        QVERIFY(folder.mkpath(QStringLiteral("6")) && folder.mkpath(QStringLiteral("9")));
-        qputenv("SIMHOST_COMPONENTS", QFile::encodeName(m_folder.path()));
+        QDir(path()).mkdir(QStringLiteral("6"));
         writeFile(QStringLiteral("9/module.cmp"), "module");
+        qputenv("SIMHOST_COMPONENTS", QFile::encodeName(m_folder.path()));
     }
     ~CatalogFolder() { qunsetenv("SIMHOST_COMPONENTS"); }
     Q_DISABLE_COPY_MOVE(CatalogFolder)
 
-    /// Gives the whole path.
-    QString writeFile(const QString &path, const QByteArray &content)
+    /// Returns the path of a file or folder of the catalog.
+    QString path(const QString &name = {}) const { return QDir(m_folder.path()).filePath(name); }
+
+    /// Creates the folder of the file if necessary. Returns the path of the file.
+    QString writeFile(const QString &name, const QByteArray &content)
     {
-        QFile file(m_folder.filePath(path));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-            qFatal("cannot write %s", qPrintable(path));
+        QFile file(path(name));
+        if (!QFileInfo(file).dir().mkpath(QStringLiteral(".")) || !file.open(QIODevice::WriteOnly) ||
+            file.write(content) != content.size()) {
+            qFatal("cannot write %s", qPrintable(file.fileName()));
         }
         return file.fileName();
     }
-    void remove(const QString &path) { QVERIFY(QFile::remove(m_folder.filePath(path))); }
+    void remove(const QString &name)
+    {
+        if (!QFile::remove(path(name))) {
+            qFatal("cannot remove %s", qPrintable(name));
+        }
+    }
 
     void writeDescription(quint32 typeCode, const QByteArray &content)
     {
-        const QString name = QString::number(typeCode, 16).toUpper().rightJustified(8, QLatin1Char('0'));
-        writeFile(QStringLiteral("6/hw%1.met").arg(name), content);
+        const QString code = QString::number(typeCode, 16).toUpper().rightJustified(8, QLatin1Char('0'));
+        writeFile(QStringLiteral("6/hw%1.met").arg(code), content);
     }
-    /// A whole entry whose component file exists.
+    /// Writes a complete entry whose component file exists.
     void writeModule(quint32 typeCode, quint32 moduleInfo, const QByteArray &moreLines = {})
     {
         writeDescription(typeCode, "[MODULE START]\nObjName=Module\nServerFile=module.cmp\nObjID=" +

@@ -1,4 +1,4 @@
-// blockinspect: prints what a module's block holds, or in what two of them differ.
+// blockinspect: prints the fields of a module's block, or the fields in which two blocks differ.
 #include "blockreport.h"
 
 #include <QCommandLineParser>
@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -17,10 +18,10 @@ enum ExitStatus { Success = 0, Different = 1, Failure = 2 };
 
 struct Options {
     QCommandLineOption config{QStringLiteral("config"),
-                              QStringLiteral("The data are configuration blocks, one behind the other; without this "
-                                             "option, one saved state.")};
+                              QStringLiteral("The data is configuration blocks, one after the other. Without this "
+                                             "option it is one saved state.")};
     QCommandLineOption hex{QStringLiteral("hex"),
-                           QStringLiteral("The data are hexadecimal text; white space does not count.")};
+                           QStringLiteral("The data is hexadecimal text. White space is ignored.")};
     QCommandLineOption json{QStringLiteral("json"), QStringLiteral("Print JSON instead of text.")};
     QCommandLineOption diff{QStringLiteral("diff"),
                             QStringLiteral("Print only the fields in which FILE and OTHER differ."),
@@ -37,24 +38,26 @@ void print(const QByteArray &utf8)
     std::fwrite(utf8.constData(), 1, static_cast<std::size_t>(utf8.size()), stdout);
 }
 
-bool readFile(const QString &path, QByteArray &bytes)
+/// Reads a file, or standard input if @p path is "-". Returns std::nullopt after an error message.
+std::optional<QByteArray> readFile(const QString &path)
 {
     const bool isStandardInput = path == QLatin1String("-");
     QFile file(path);
     if (!(isStandardInput ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly))) {
         complain(QStringLiteral("%1: %2").arg(path, file.errorString()));
-        return false;
+        return std::nullopt;
     }
-    bytes = file.read(maximumFileSize + 1);
+    QByteArray bytes = file.read(maximumFileSize + 1);
     if (file.error() != QFileDevice::NoError) {
         complain(QStringLiteral("%1: %2").arg(path, file.errorString()));
-        return false;
+        return std::nullopt;
     }
     if (bytes.size() > maximumFileSize) {
-        complain(QStringLiteral("%1: larger than %2 bytes, the limit for blocks").arg(path, QString::number(maximumFileSize)));
-        return false;
+        complain(QStringLiteral("%1: the file is larger than %2 bytes, the limit for blocks")
+                     .arg(path, QString::number(maximumFileSize)));
+        return std::nullopt;
     }
-    return true;
+    return bytes;
 }
 
 bool isSpace(char character)
@@ -67,42 +70,46 @@ bool isHexDigit(char character)
     return QByteArrayLiteral("0123456789abcdefABCDEF").contains(character);
 }
 
-bool takeHex(const QString &path, QByteArray &bytes)
+/// Returns the bytes that @p text spells, or std::nullopt after an error message.
+std::optional<QByteArray> parseHex(const QString &path, QByteArray text)
 {
     const auto *const wrong = std::find_if(
-        bytes.cbegin(), bytes.cend(), [](char character) { return !isSpace(character) && !isHexDigit(character); });
-    if (wrong != bytes.cend()) {
-        complain(QStringLiteral("%1: no hexadecimal digit at character %2")
-                     .arg(path, QString::number(wrong - bytes.cbegin() + 1)));
-        return false;
+        text.cbegin(), text.cend(), [](char character) { return !isSpace(character) && !isHexDigit(character); });
+    if (wrong != text.cend()) {
+        complain(QStringLiteral("%1: character %2 is not a hexadecimal digit")
+                     .arg(path, QString::number(wrong - text.cbegin() + 1)));
+        return std::nullopt;
     }
-    bytes.truncate(static_cast<int>(std::remove_if(bytes.begin(), bytes.end(), isSpace) - bytes.begin()));
-    if (bytes.size() % 2 != 0) {
-        complain(QStringLiteral("%1: an odd number of hexadecimal digits").arg(path));
-        return false;
+    text.truncate(static_cast<int>(std::remove_if(text.begin(), text.end(), isSpace) - text.begin()));
+    if (text.size() % 2 != 0) {
+        complain(QStringLiteral("%1: the number of hexadecimal digits is odd").arg(path));
+        return std::nullopt;
     }
-    bytes = QByteArray::fromHex(bytes);
-    return true;
+    return QByteArray::fromHex(text);
 }
 
-bool readBlocks(const QString &path, const QCommandLineParser &parser, const Options &options,
-                QVector<DecodedBlock> &blocks)
+using Blocks = QVector<DecodedBlock>;
+
+/// Returns std::nullopt after an error message.
+std::optional<Blocks> readBlocks(const QString &path, const QCommandLineParser &parser, const Options &options)
 {
-    QByteArray bytes;
-    if (!readFile(path, bytes) || (parser.isSet(options.hex) && !takeHex(path, bytes))) {
-        return false;
+    std::optional<QByteArray> bytes = readFile(path);
+    if (bytes && parser.isSet(options.hex)) {
+        bytes = parseHex(path, *bytes);
     }
-    blocks = decode(bytes, parser.isSet(options.config) ? Format::Configuration : Format::SavedState);
-    return true;
+    if (!bytes) {
+        return std::nullopt;
+    }
+    return parser.isSet(options.config) ? decodeConfiguration(*bytes) : Blocks{decodeSavedState(*bytes)};
 }
 
-bool isDamaged(const QVector<DecodedBlock> &blocks)
+bool isDamaged(const Blocks &blocks)
 {
     return std::any_of(blocks.cbegin(), blocks.cend(),
                        [](const DecodedBlock &block) { return !block.damages.isEmpty(); });
 }
 
-template <class Report>
+template <typename Report>
 void printReport(const Report &report, bool json)
 {
     print(json ? QJsonDocument(toJson(report)).toJson() : toText(report).toUtf8());
@@ -112,22 +119,22 @@ int compareFiles(const QString &path, const QCommandLineParser &parser, const Op
 {
     const QString other = parser.value(options.diff);
     if (path == other && path == QLatin1String("-")) {
-        complain(QStringLiteral("standard input is there only once"));
+        complain(QStringLiteral("standard input can be read only once"));
         return Failure;
     }
-    QVector<DecodedBlock> left;
-    QVector<DecodedBlock> right;
-    if (!readBlocks(path, parser, options, left) || !readBlocks(other, parser, options, right)) {
+    const std::optional<Blocks> left = readBlocks(path, parser, options);
+    const std::optional<Blocks> right = left ? readBlocks(other, parser, options) : std::nullopt;
+    if (!right) {
         return Failure;
     }
-    const QVector<Difference> differences = difference(left, right);
+    const QVector<Difference> differences = difference(*left, *right);
     printReport(differences, parser.isSet(options.json));
-    for (const auto &[name, blocks] : {std::pair(path, left), std::pair(other, right)}) {
+    for (const auto &[name, blocks] : {std::pair(path, *left), std::pair(other, *right)}) {
         if (isDamaged(blocks)) {
-            complain(QStringLiteral("%1 is damaged\n%2").arg(name, damageText(blocks).trimmed()));
+            complain(QStringLiteral("%1 is damaged.\n%2").arg(name, damageText(blocks).trimmed()));
         }
     }
-    if (isDamaged(left) || isDamaged(right)) {
+    if (isDamaged(*left) || isDamaged(*right)) {
         return Failure;
     }
     return differences.isEmpty() ? Success : Different;
@@ -135,12 +142,12 @@ int compareFiles(const QString &path, const QCommandLineParser &parser, const Op
 
 int inspectFile(const QString &path, const QCommandLineParser &parser, const Options &options)
 {
-    QVector<DecodedBlock> blocks;
-    if (!readBlocks(path, parser, options, blocks)) {
+    const std::optional<Blocks> blocks = readBlocks(path, parser, options);
+    if (!blocks) {
         return Failure;
     }
-    printReport(blocks, parser.isSet(options.json));
-    return isDamaged(blocks) ? Failure : Success;
+    printReport(*blocks, parser.isSet(options.json));
+    return isDamaged(*blocks) ? Failure : Success;
 }
 
 } // namespace
@@ -151,11 +158,11 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(QStringLiteral("blockinspect"));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
-        "Prints every field of a module's block: offset, bytes, name, value and what it means to the module.\n"
-        "Reads what the plug-in reads from the block, and says where a damaged one stops making sense.\n"
-        "Needs no catalog. Names are decoded in the encoding of the locale; the output is UTF-8.\n\n"
-        "Exit status: 0 the block makes sense, or the two are equal; 1 the two differ; 2 a block is\n"
-        "damaged, a file cannot be read or the command line is wrong.\n\n"
+        "Prints every field of a module's block: offset, bytes, name, value and meaning.\n"
+        "The values are those that the plug-in reads. For a damaged block it reports the first invalid place.\n"
+        "No catalog is needed. Names are decoded in the encoding of the locale. The output is UTF-8.\n\n"
+        "Exit status: 0 the block is valid, or the two blocks are equal; 1 the two blocks differ;\n"
+        "2 a block is damaged, a file cannot be read or the command line is invalid.\n\n"
         "Examples:\n"
         "  blockinspect module.state\n"
         "  blockinspect --config --json station.block\n"
@@ -163,7 +170,8 @@ int main(int argc, char *argv[])
     const Options options;
     parser.addOptions({options.config, options.hex, options.json, options.diff});
     const QCommandLineOption help = parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The block; - is standard input."));
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 QStringLiteral("The file with the block; - is standard input."));
     if (!parser.parse(QCoreApplication::arguments())) {
         complain(parser.errorText());
         return Failure;
@@ -172,7 +180,7 @@ int main(int argc, char *argv[])
         parser.showHelp(Success);
     }
     if (parser.positionalArguments().size() != 1) {
-        complain(QStringLiteral("one FILE is wanted; --help tells more"));
+        complain(QStringLiteral("expected one FILE; see --help"));
         return Failure;
     }
     const QString path = parser.positionalArguments().constFirst();

@@ -101,9 +101,8 @@ bool areHeld(const QString &owner, const std::vector<MemoryRange> &ranges)
 }
 
 /// The type code that a block begins with.
-std::optional<quint32> typeCodeIn(const QByteArray &block, blockdecoder::Format format)
+std::optional<quint32> typeCodeIn(const blockdecoder::DecodedBlock &decoded)
 {
-    const auto decoded = blockdecoder::decode(block, format).constFirst();
     const blockdecoder::Field *type = decoded.find(QStringLiteral("header.objId"));
     return type == nullptr ? std::nullopt : std::optional<quint32>(type->value.toUInt());
 }
@@ -121,7 +120,7 @@ QString whyNoType(quint32 typeCode)
 class StatePatch {
 public:
     explicit StatePatch(const QByteArray &state)
-        : m_state(state), m_decoded(blockdecoder::decode(state, blockdecoder::Format::SavedState).constFirst())
+        : m_state(state), m_decoded(blockdecoder::decodeSavedState(state))
     {
     }
 
@@ -412,7 +411,7 @@ bool Station::addBlock(const QByteArray &block, qint32 *code, QString &error)
         *code = result;
     }
     if (!handle) {
-        const auto type = typeCodeIn(block, blockdecoder::Format::Configuration);
+        const auto type = typeCodeIn(blockdecoder::decodeConfiguration(block).constFirst());
         error = whyNotRebuilt(type.value_or(0), tr("The block is damaged."));
         return false;
     }
@@ -566,7 +565,7 @@ ModuleHandle Station::read(const StoredModule &module, const QString &memoryOwne
     ModuleHandle handle = m_plugin.own(isTooLong ? nullptr : m_exports.restore(module.state, memoryOwner));
     if (!handle) {
         const quint32 type =
-            isTooLong ? 0 : typeCodeIn(module.state, blockdecoder::Format::SavedState).value_or(module.typeCode);
+            isTooLong ? 0 : typeCodeIn(blockdecoder::decodeSavedState(module.state)).value_or(module.typeCode);
         reason = whyNotRebuilt(type, tr("Its saved state is damaged."));
     }
     return handle;

@@ -25,7 +25,7 @@ std::unique_ptr<Station> decompiled(const PluginLibrary &plugin, const QString &
     auto station = std::make_unique<Station>(plugin, memoryOwner);
     QString ignored;
     station->setPlcType(simulatedhost::plcTypes().last().id, ignored);
-    const QVector<blockdecoder::DecodedBlock> blocks = blockdecoder::decode(bytes, blockdecoder::Format::Configuration);
+    const QVector<blockdecoder::DecodedBlock> blocks = blockdecoder::decodeConfiguration(bytes);
     int number = 0;
     for (const blockdecoder::DecodedBlock &block : blocks) {
         BlockResult result;

@@ -69,7 +69,7 @@ BlockView::BlockView(const QByteArray &blocks, QString fileName, QWidget *parent
     : QDialog(parent),
       m_bytes(blocks),
       m_fileName(std::move(fileName)),
-      m_blocks(blockdecoder::decode(blocks, blockdecoder::Format::Configuration)),
+      m_blocks(blockdecoder::decodeConfiguration(blocks)),
       m_list(tree(QStringLiteral("blockList"), tr("Blocks"), {tr("Rack"), tr("Slot"), tr("Module"), tr("Bytes")})),
       m_fields(tree(QStringLiteral("blockFields"), tr("Fields"),
                     {tr("Field"), tr("Value"), tr("Meaning"), tr("Offset"), tr("Bytes")}))
