@@ -1,4 +1,4 @@
-// Any bytes through the description linter.
+// Checks any bytes with the description linter.
 #include "linter.h"
 #include "metentries.h"
 #include "target.h"
@@ -12,7 +12,7 @@ constexpr quint32 typeCode = 13395;
 
 const LintContext &context()
 {
-    // No component folder: a look at the disk for every entry would cost more than all else.
+    // No component folder, because a disk access for each entry would take most of the time.
     static const LintContext theContext{metFileName(typeCode), 2300, QString(), QTextCodec::codecForLocale()};
     return theContext;
 }
@@ -29,15 +29,15 @@ bool isPrintableLine(const QString &text)
     });
 }
 
-/// What a host finds in a file that the linter does not object to.
+/// Returns true if a host can create a module from the file.
 bool isUsable(const QByteArray &content)
 {
-    bool isThere = false;
-    fuzz::visitMetFile(content, [&isThere](QStringView /*line*/, const ModuleMetInfo *entry) {
-        isThere = isThere || (entry != nullptr && entry->objId == typeCode && entry->moduleInfo != 0 &&
-                              !entry->serverFile.isEmpty());
+    bool found = false;
+    fuzz::visitMetFile(content, [&found](QStringView /*line*/, const ModuleMetInfo *entry) {
+        found = found || (entry != nullptr && entry->objId == typeCode && entry->moduleInfo != 0 &&
+                          !entry->serverFile.isEmpty());
     });
-    return isThere;
+    return found;
 }
 
 } // namespace
@@ -54,10 +54,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     const QVector<Finding> findings = lint(content, context());
     const int lines = content.count('\n') + 1;
     for (const Finding &finding : findings) {
-        fuzz::require(finding.line >= 1 && finding.line <= lines && finding.column >= 1, "a finding has no place");
-        fuzz::require(isPrintableLine(formatFinding(context().fileName, finding)), "a finding is no printable line");
+        fuzz::require(finding.line >= 1 && finding.line <= lines && finding.column >= 1, "a diagnostic has no place");
+        fuzz::require(isPrintableLine(formatFinding(context().fileName, finding)),
+                      "a diagnostic is not a printable line");
     }
-    fuzz::require(std::is_sorted(findings.begin(), findings.end(), isBefore), "the findings are not in order");
-    fuzz::require(!findings.isEmpty() || isUsable(content), "a file without findings has no entry for the host");
+    fuzz::require(std::is_sorted(findings.begin(), findings.end(), isBefore), "the diagnostics are not in order");
+    fuzz::require(!findings.isEmpty() || isUsable(content), "a file without diagnostics has no entry for the host");
     return 0;
 }

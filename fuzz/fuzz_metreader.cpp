@@ -1,4 +1,4 @@
-// Any bytes as a description file.
+// Reads any bytes as a description file.
 #include "metentries.h"
 #include "target.h"
 
@@ -13,12 +13,12 @@ int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray content = fuzz::bytesOf(data, size);
-    QTextStream stream(content); // whose lines are what hosts before this one read
+    QTextStream stream(content); // the reader must find the same lines
     QString expected;
     fuzz::visitMetFile(content, [&](QStringView line, const ModuleMetInfo *entry) {
         fuzz::require(stream.readLineInto(&expected) && line == expected, "a text stream reads another line");
         fuzz::require(entry == nullptr || line.startsWith(QLatin1String("[end]"), Qt::CaseInsensitive),
-                      "an entry ends elsewhere than in its end line");
+                      "an entry does not end in an [END] line");
     });
     fuzz::require(!stream.readLineInto(&expected), "a text stream reads more lines");
     return 0;

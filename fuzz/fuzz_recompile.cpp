@@ -1,4 +1,4 @@
-// Any bytes as configuration blocks.
+// Reads any bytes as a configuration block.
 #include "blocktarget.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)

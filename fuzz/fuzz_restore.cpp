@@ -1,4 +1,4 @@
-// Any bytes as saved states.
+// Reads any bytes as a saved state.
 #include "blocktarget.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)

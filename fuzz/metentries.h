@@ -1,12 +1,12 @@
-// Description files from memory, read as the reader reads them from disk.
+// Reads description files from memory as the reader does from disk.
 #pragma once
 
 #include "metreader.h"
 
 namespace fuzz {
 
-/// Calls @p visit with each line of a file's text and with the entry that ends there, or null.
-template <class Visitor>
+/// Calls @p visit with each line of a file and the entry that ends in it, or null.
+template <typename Visitor>
 void visitMetFile(const QByteArray &content, Visitor &&visit)
 {
     QTextCodec::ConverterState state;

@@ -1,5 +1,5 @@
-// Runs a target on files, for builds without a fuzzing engine: replay FILE|FOLDER... A folder that is not there is
-// one without files; that none at all is there is an error.
+// Runs a target on files, for builds without a fuzzing engine: replay FOLDER... A missing folder counts as empty. It is
+// an error if all folders are empty.
 #include "target.h"
 
 #include <QDirIterator>
@@ -14,7 +14,7 @@ bool replayFile(const QString &path)
         std::fprintf(stderr, "cannot read %s\n", qPrintable(path));
         return false;
     }
-    std::printf("%s\n", qPrintable(path)); // the last line names the file of a crash
+    std::printf("%s\n", qPrintable(path)); // after a crash the last line names the file
     std::fflush(stdout);
     const QByteArray content = file.readAll();
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(content.constData()),

@@ -1,5 +1,5 @@
-// Writes what the fuzz targets start from: seeds FOLDER makes the golden blocks, in a folder for each format, a catalog
-// with their types, and a dictionary for each kind of input.
+// Writes the initial inputs of the fuzz targets: seeds FOLDER writes the golden blocks into one folder per format, a
+// catalog with their types, and one dictionary per kind of input.
 #include "goldenblocks.h"
 #include "metformat.h"
 
@@ -23,8 +23,8 @@ void writeFile(const QString &path, const QByteArray &content)
     }
 }
 
-/// As short as an entry can be, since an execution reads it up to twice. Every byte of the module info counts the
-/// channels of one kind.
+/// The entries have minimum length, because an execution reads one up to twice. Each byte of the module info is the
+/// number of channels of one kind.
 void writeCatalog(const QString &folder)
 {
     for (const Golden &golden : goldens()) {
@@ -35,7 +35,7 @@ void writeCatalog(const QString &folder)
     writeFile(folder + QStringLiteral("/9/a"), {});
 }
 
-/// A line of a dictionary, every byte spelled as a number.
+/// Returns a line of a dictionary with each byte as a number.
 QByteArray dictionaryLine(const QByteArray &bytes)
 {
     return "\"\\x" + bytes.toHex(':').replace(":", "\\x") + "\"\n";
@@ -50,7 +50,7 @@ QByteArray keyDictionary()
     return lines;
 }
 
-/// Type codes and the frames of sections.
+/// Returns type codes and the frames of sections.
 QByteArray blockDictionary()
 {
     QByteArray lines;

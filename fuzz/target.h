@@ -1,4 +1,4 @@
-// What every fuzz target begins with and ends in. A target is one LLVMFuzzerTestOneInput and this header.
+// Shared by all fuzz targets. A target is this header and one function LLVMFuzzerTestOneInput.
 #pragma once
 
 #include <QLoggingCategory>
@@ -12,20 +12,20 @@
 
 extern "C" {
 int LLVMFuzzerInitialize(int *argc, char ***argv);
-/// Takes any bytes; does not return when they reveal a fault. Always 0.
+/// Accepts any bytes. Returns 0, or aborts the program if a check fails.
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 }
 
 namespace fuzz {
 
-/// The costly checks see one input in FUZZ_COSTLY_SHARE (an environment variable), chosen by content; each without it.
+/// Returns true for one input of FUZZ_COSTLY_SHARE (an environment variable, by default 1), chosen by its content.
 inline bool isForCostlyChecks(const QByteArray &bytes)
 {
     static const int share = qMax(1, qEnvironmentVariableIntValue("FUZZ_COSTLY_SHARE"));
     return qChecksum(bytes.constData(), static_cast<uint>(bytes.size()), Qt::ChecksumIso3309) % share == 0;
 }
 
-/// Ends the program with a finding unless @p fault is empty.
+/// Aborts the program with the message @p fault unless that is empty.
 inline void require(const QString &fault)
 {
     if (!fault.isEmpty()) {
@@ -41,13 +41,13 @@ inline void require(bool holds, const char *fault)
     }
 }
 
-/// The bytes as they are, so that a read past their end is one past the end of an allocation.
+/// Returns the bytes without a copy, so a read beyond their end is a read beyond the allocation.
 inline QByteArray bytesOf(const std::uint8_t *data, std::size_t size)
 {
     return QByteArray::fromRawData(reinterpret_cast<const char *>(data), static_cast<int>(size));
 }
 
-/// The same encoding and the same silence wherever the target runs.
+/// Sets the same encoding on all machines and switches debug output off.
 inline void prepare()
 {
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));

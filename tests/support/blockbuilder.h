@@ -1,4 +1,4 @@
-// Builds blocks field by field, and lies about counts and lengths where a test wants it to.
+// Builds blocks field by field, with wrong counts and lengths where a test needs them.
 #pragma once
 
 #include <QByteArray>
@@ -7,7 +7,7 @@
 
 namespace blockbuilder {
 
-/// Bytes written as hexadecimal text, with blanks where they help the reader.
+/// Returns the bytes of a hexadecimal text, which may contain spaces.
 inline QByteArray hex(const char *text)
 {
     return QByteArray::fromHex(text);
@@ -20,11 +20,11 @@ inline QByteArray be32(quint32 value)
     return bytes;
 }
 
-constexpr qint64 honest = -1;
+constexpr qint64 honest = -1; ///< stands for the correct count or length
 
-inline quint32 lengthOf(const QByteArray &body, qint64 claimed)
+inline quint32 lengthOf(const QByteArray &body, qint64 declared)
 {
-    return claimed == honest ? static_cast<quint32>(body.size() + 8) : static_cast<quint32>(claimed);
+    return declared == honest ? static_cast<quint32>(body.size() + 8) : static_cast<quint32>(declared);
 }
 
 inline QByteArray header(const QByteArray &fields, qint64 length = honest)

@@ -1,5 +1,4 @@
-// What must hold for every module that was rebuilt from a block, whatever the bytes; for the fuzz targets and the
-// tests.
+// Properties of every module that was rebuilt from a block, for fuzz targets and tests.
 #pragma once
 
 #include "baseservices.h"
@@ -28,25 +27,25 @@ inline std::unique_ptr<SimpleExtendPar> read(const QByteArray &block, const QStr
     return format == BlockFormat::SavedState ? restoreModule(block, owner) : recompileModule(block, owner, result);
 }
 
-/// Text as its length byte of 8 bits and the local decoder leave it.
+/// Changes a text as its 8-bit length and the local decoder do.
 inline void carryText(QString &text)
 {
     const QByteArray bytes = text.toLocal8Bit();
-    const bool beginsWithMark = text.startsWith(QChar::ByteOrderMark); // which every decoder takes for its own
+    const bool beginsWithMark = text.startsWith(QChar::ByteOrderMark); // every decoder drops it
     if (bytes.size() > 255 || beginsWithMark) {
         text = QString::fromLocal8Bit(bytes.constData(), static_cast<quint8>(bytes.size()));
     }
 }
 
-/// The number that the bytes of @p value, each with its sign, make.
+/// Returns the sum of the bytes of @p value as signed bytes, each at its place.
 inline quint32 joinedWithSigns(quint32 value)
 {
-    // A byte of 128 and above counts 256 less, which is 1 less in the byte before it.
+    // A byte of 128 or more counts 256 less, which is 1 less in the byte before it.
     return value - ((value & 0x00808080U) << 1U);
 }
 
-/// A table whose size is not its count's, left behind when a later section brings a count but not the bytes for it:
-/// the reader takes what is counted, or nothing where there is less.
+/// Changes a table whose size does not match its count, because a later section had the count but not the bytes: the
+/// reader takes the counted bytes, or none if there are fewer.
 inline void carryTable(int channels, QByteArray &table)
 {
     const int size = blocklayout::bitTableSize(channels);
@@ -55,8 +54,7 @@ inline void carryTable(int channels, QByteArray &table)
     }
 }
 
-/// The host counts the channels of a range that the first block ended in front of when the second, which has it, is
-/// read.
+/// Sets the channel count of a range that is missing in the first block but not in the second.
 inline void carryRange(quint32 moduleInfo, IoMap &range, qint32 (*channelCount)(quint32 moduleInfo))
 {
     if (moduleInfo != 0 && range.area == 0) {
@@ -64,7 +62,7 @@ inline void carryRange(quint32 moduleInfo, IoMap &range, qint32 (*channelCount)(
     }
 }
 
-/// Fewer channels than counted: the writer gives up on both directions.
+/// With fewer channels than counted the writer omits both directions.
 inline void carryAnalog(SimpleExtendPar &par)
 {
     if (par.aiKind.size() < par.aiCount || par.aqKind.size() < par.aqCount) {
@@ -72,7 +70,7 @@ inline void carryAnalog(SimpleExtendPar &par)
     }
 }
 
-/// More channels than counted, gathered over several sections: all are written, the counted ones read.
+/// With more channels than counted, from several sections, all are written but only the counted ones are read.
 inline void carryWeighing(SimpleExtendPar &par)
 {
     QList<quint8> channels = par.weighPar.keys();
@@ -82,9 +80,9 @@ inline void carryWeighing(SimpleExtendPar &par)
     }
 }
 
-/// The module that a block of @p par brings back, where that differs from @p par in what the format is known not to
-/// carry; nothing where the block's fields shift, so that anything may come back. The range length of double-word
-/// weighing modules, which the two formats count differently, is the same in two blocks of one format.
+/// Returns @p par as a block of it is read back, with the known losses of the format; std::nullopt if the fields of
+/// that block shift, so any values may result. The range length of double-word weighing modules depends on the format
+/// but not on the number of round trips.
 inline std::optional<SimpleExtendPar> carried(SimpleExtendPar par)
 {
     const auto nameLength = static_cast<quint8>(par.objName.toLocal8Bit().size());
@@ -104,13 +102,14 @@ inline std::optional<SimpleExtendPar> carried(SimpleExtendPar par)
     return par;
 }
 
-/// Saves @p par, which was rebuilt from a block, rebuilds that and saves it again: empty, or what is wrong.
+/// Writes @p par, which was rebuilt from a block, reads it and writes it again. Returns an error text; an empty string
+/// if both blocks have the expected bytes.
 inline QString roundTripFault(const SimpleExtendPar &par, BlockFormat format)
 {
     const QByteArray first = write(par, format);
     const auto again = read(first, QString(), format);
     if (!again) {
-        return QStringLiteral("its own block is refused: %1").arg(first.toHex().constData());
+        return QStringLiteral("its own block is rejected: %1").arg(first.toHex().constData());
     }
     const QByteArray second = write(*again, format);
     if (second == first) {

@@ -1,4 +1,4 @@
-// What a station holds in the simulated host's memory, as text that a failure shows.
+// The ranges that a station has claimed in the simulated host's memory, as texts.
 #pragma once
 
 #include "simulatedbase.h"
@@ -10,7 +10,7 @@ inline QString claimText(int area, int start, int length)
     return QStringLiteral("%1 %2+%3").arg(area).arg(start).arg(length);
 }
 
-/// Of each held range, in the order of the texts.
+/// Returns the text of each claimed range, sorted.
 inline QStringList claims(const QString &owner)
 {
     QStringList texts;

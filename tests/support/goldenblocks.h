@@ -1,4 +1,4 @@
-// One hand-written block of each module kind and format; the tests' reference and the seeds of the fuzz targets.
+// Hand-written blocks, one per module kind and format: reference of the tests and seeds of the fuzz targets.
 #pragma once
 
 #include "blockbuilder.h"
@@ -8,13 +8,13 @@
 
 namespace blockbuilder {
 
-/// A block written by hand, what reading it stores and claims, and the units that its kind has.
+/// A hand-written block, and the values and claims that result from reading it.
 struct Golden {
     const char *name;
     quint32 objId;
     quint32 moduleInfo;
-    int unit;
-    QByteArray ranges; ///< as both formats hold them
+    int unit;          ///< bytes per channel; 0 = bits
+    QByteArray ranges; ///< their bytes in both formats
     QStringList claims;
     QByteArrayList sections;
     QString tail;
@@ -54,7 +54,7 @@ inline const QVector<Golden> &goldens()
     return rows;
 }
 
-/// The header behind its frame.
+/// Returns the header without its frame.
 inline QByteArray headerFields(const Golden &golden, bool saved)
 {
     return be32(golden.objId) + hex("01 FE 03 4EC3A9") + (saved ? hex("01 63 01020304 00000005") : QByteArray()) +
@@ -62,7 +62,7 @@ inline QByteArray headerFields(const Golden &golden, bool saved)
            hex("01 01020304E5  0000000000000000");
 }
 
-/// The saved state of the module, or its configuration block.
+/// Returns the saved state of the module, or its configuration block.
 inline QByteArray goldenBlock(const Golden &golden, bool saved)
 {
     return block(header(headerFields(golden, saved)), golden.sections);

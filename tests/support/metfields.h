@@ -1,9 +1,9 @@
-// What a description file says about a module, as text: "field=value" for each member that a key sets.
+// The values of a description file as texts: "field=value" for each member that a key sets.
 #pragma once
 
 #include "simpleextendpar.h"
 
-template <class Bytes>
+template <typename Bytes>
 QString hex(const Bytes &bytes)
 {
     return QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(bytes.data()), int(bytes.size())).toHex());

@@ -1,5 +1,5 @@
-// Description files read without any art: line for line from a text stream, key for key with QString::startsWith, the
-// values by QString's own conversions. What the reader is measured against, and what its outcome must equal.
+// A simple reader of description files: lines from a text stream, keys by QString::startsWith, values by the conversions
+// of QString. Tests compare the reader's results with it, benchmarks the reader's time.
 #pragma once
 
 #include "simpleextendpar.h"
@@ -17,7 +17,7 @@ struct Key {
     Set set;
 };
 
-template <class Bytes>
+template <typename Bytes>
 void setBytes(Bytes &bytes, const QString &value)
 {
     const QStringList items = value.split(QLatin1Char(','));
@@ -66,7 +66,7 @@ constexpr Key keys[] = {
     {"softCtrlRemote", [](auto &entry, const auto &value) { entry.softCtrlRemote = value.toUInt() != 0; }},
 };
 
-/// What a start leaves of the entry before.
+/// Returns the initial values of an entry, which keeps some values of the entry before.
 inline ModuleMetInfo startAfter(const ModuleMetInfo &before)
 {
     ModuleMetInfo entry;
@@ -79,7 +79,7 @@ inline ModuleMetInfo startAfter(const ModuleMetInfo &before)
     return entry;
 }
 
-/// All entries of a file.
+/// Returns all entries of a file.
 inline QVector<ModuleMetInfo> read(QTextStream &stream)
 {
     QVector<ModuleMetInfo> entries;
@@ -107,7 +107,7 @@ inline QVector<ModuleMetInfo> read(QTextStream &stream)
     return entries;
 }
 
-/// Index of the entry that a look-up chooses, or -1.
+/// Returns the index of the entry that a lookup finds; -1 if it finds none.
 inline int choose(const QVector<ModuleMetInfo> &entries, quint32 typeCode, quint32 hostVersion)
 {
     for (int index = 0; index < entries.size(); ++index) {

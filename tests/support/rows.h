@@ -1,13 +1,13 @@
-// A table of test data, row by row.
+// Tables of test data.
 #pragma once
 
 #include <QtTest>
 
-/// Declares the columns, whose names come in the order of their types; each call then adds a row.
-template <class... Columns>
+/// Declares the columns with their names in the order of their types. Each call adds a row.
+template <typename... Columns>
 class Rows {
 public:
-    template <class... Names>
+    template <typename... Names>
     explicit Rows(Names... names)
     {
         (QTest::addColumn<Columns>(names), ...);
