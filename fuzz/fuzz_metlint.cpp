@@ -17,9 +17,9 @@ const LintContext &context()
     return theContext;
 }
 
-bool isBefore(const Finding &left, const Finding &right)
+bool isBefore(const Diagnostic &left, const Diagnostic &right)
 {
-    return std::tie(left.line, left.column) < std::tie(right.line, right.column);
+    return std::tie(left.place.line, left.place.column) < std::tie(right.place.line, right.place.column);
 }
 
 bool isPrintableLine(const QString &text)
@@ -51,14 +51,15 @@ int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray content = fuzz::bytesOf(data, size);
-    const QVector<Finding> findings = lint(content, context());
+    const QVector<Diagnostic> diagnostics = lint(content, context());
     const int lines = content.count('\n') + 1;
-    for (const Finding &finding : findings) {
-        fuzz::require(finding.line >= 1 && finding.line <= lines && finding.column >= 1, "a diagnostic has no place");
-        fuzz::require(isPrintableLine(formatFinding(context().fileName, finding)),
+    for (const Diagnostic &diagnostic : diagnostics) {
+        fuzz::require(diagnostic.place.line >= 1 && diagnostic.place.line <= lines && diagnostic.place.column >= 1,
+                      "a diagnostic has no place");
+        fuzz::require(isPrintableLine(formatDiagnostic(context().fileName, diagnostic)),
                       "a diagnostic is not a printable line");
     }
-    fuzz::require(std::is_sorted(findings.begin(), findings.end(), isBefore), "the diagnostics are not in order");
-    fuzz::require(!findings.isEmpty() || isUsable(content), "a file without diagnostics has no entry for the host");
+    fuzz::require(std::is_sorted(diagnostics.begin(), diagnostics.end(), isBefore), "the diagnostics are not in order");
+    fuzz::require(!diagnostics.isEmpty() || isUsable(content), "a file without diagnostics has no entry for the host");
     return 0;
 }

@@ -30,11 +30,14 @@ LintContext context(const QString &name = metFile)
 }
 
 /// Such as "no-equals@5:1 prefix-key@6:8".
-QString places(const QVector<Finding> &findings)
+QString places(const QVector<Diagnostic> &findings)
 {
     QStringList texts;
-    for (const Finding &finding : findings) {
-        texts << QStringLiteral("%1@%2:%3").arg(lintRule(finding.rule).id).arg(finding.line).arg(finding.column);
+    for (const Diagnostic &diagnostic : findings) {
+        texts << QStringLiteral("%1@%2:%3")
+                     .arg(lintRule(diagnostic.rule).id)
+                     .arg(diagnostic.place.line)
+                     .arg(diagnostic.place.column);
     }
     return texts.join(' ');
 }
@@ -68,10 +71,10 @@ QStringList &noted()
     return messages;
 }
 
-QVector<Finding> note(const QVector<Finding> &findings, const QString &name = metFile)
+QVector<Diagnostic> note(const QVector<Diagnostic> &findings, const QString &name = metFile)
 {
-    for (const Finding &finding : findings) {
-        noted() << formatFinding(name, finding);
+    for (const Diagnostic &diagnostic : findings) {
+        noted() << formatDiagnostic(name, diagnostic);
     }
     return findings;
 }

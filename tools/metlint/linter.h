@@ -1,4 +1,4 @@
-// Explains what the reader does with a description file where that differs from what the file seems to say.
+// Reports where the reader's result differs from what a description file appears to say.
 #pragma once
 
 #include "lintrules.h"
@@ -9,26 +9,34 @@
 
 #include <optional>
 
-/// What the linter has to know about the file's surroundings.
+/// The surroundings of a file.
 struct LintContext {
-    QString fileName;        ///< without folder; decides the type code that the host looks up in the file
-    quint32 hostVersion = 0; ///< as getAppVerNum() gives it
-    QString componentFolder; ///< folder of the component files; empty = whether they exist is not checked
-    QTextCodec *encoding = QTextCodec::codecForLocale(); ///< of files without a byte-order mark
+    QString fileName;        ///< without folder; the host looks up the type code that it contains
+    quint32 hostVersion = 0; ///< as getAppVerNum() returns it
+    QString componentFolder; ///< folder of the component files; empty = their existence is not checked
+    QTextCodec *encoding = QTextCodec::codecForLocale(); ///< of files without a byte-order mark; not owned
 };
 
-struct Finding {
-    int line = 1;   ///< from 1, as the reader counts lines
+/// A place in a description file.
+struct Place {
+    int line = 0;   ///< from 1, as the reader counts lines; 0 = no place
     int column = 1; ///< from 1, in UTF-16 units
-    Rule rule = Rule::NoEntry;
+
+    bool exists() const { return line > 0; }
+    Place moved(int columns) const { return {line, column + columns}; }
+};
+
+struct Diagnostic {
+    Place place;
+    Rule rule;
     QString text; ///< one printable line
 };
 
-/// The type code whose look-up the file's name suggests, in whatever case it is written; nothing for other names.
+/// Returns the type code that the name suggests, in any case; std::nullopt for names of another form.
 std::optional<quint32> typeCodeOfFileName(const QString &fileName);
 
-/// All findings in the order of their places. Takes any bytes; time and result grow with the content's length.
-QVector<Finding> lint(const QByteArray &content, const LintContext &context);
+/// Returns all diagnostics, sorted by their places. Accepts any bytes; time and memory grow with their number.
+QVector<Diagnostic> lint(const QByteArray &content, const LintContext &context);
 
-/// "file:line:column: severity: text [rule]"
-QString formatFinding(const QString &file, const Finding &finding);
+/// Returns "file:line:column: severity: text [rule]".
+QString formatDiagnostic(const QString &file, const Diagnostic &diagnostic);

@@ -1,5 +1,5 @@
-// The rules of the description linter: one for each way in which the reader silently does something else than the
-// author of a description file meant.
+// The rules of the description linter: one for each case in which the reader ignores or changes the content of a
+// description file without a message.
 #pragma once
 
 #include <QString>
@@ -52,17 +52,18 @@ enum class Rule {
 };
 
 struct LintRule {
+    Rule rule;
     const char *id;
     Severity severity;
-    const char *description; ///< one line of English
+    const char *description; ///< one line, in English
 };
 
 using LintRules = std::array<LintRule, static_cast<std::size_t>(Rule::Count)>;
 
-/// All rules, in the order of Rule.
+/// Returns all rules in the order of the enumerators.
 const LintRules &lintRules();
 
 const LintRule &lintRule(Rule rule);
 
-/// "error" or "warning".
+/// Returns "error" or "warning".
 QString severityName(Severity severity);

@@ -15,7 +15,7 @@
 
 namespace {
 
-enum ExitCode { Clean = 0, Findings = 1, Failure = 2 };
+enum ExitStatus { Clean = 0, Diagnostics = 1, Failure = 2 };
 
 const QLatin1String descriptionFolder("6"); // as the host names its component folders
 const QLatin1String componentFolder("9");
@@ -54,18 +54,18 @@ void listRules(bool asJson)
     }
 }
 
-QJsonObject toJson(const QString &file, const Finding &finding)
+QJsonObject toJson(const QString &file, const Diagnostic &diagnostic)
 {
-    const LintRule &rule = lintRule(finding.rule);
+    const LintRule &rule = lintRule(diagnostic.rule);
     return {{QStringLiteral("file"), file},
-            {QStringLiteral("line"), finding.line},
-            {QStringLiteral("column"), finding.column},
+            {QStringLiteral("line"), diagnostic.place.line},
+            {QStringLiteral("column"), diagnostic.place.column},
             {QStringLiteral("severity"), severityName(rule.severity)},
             {QStringLiteral("rule"), QString::fromLatin1(rule.id)},
-            {QStringLiteral("text"), finding.text}};
+            {QStringLiteral("text"), diagnostic.text}};
 }
 
-/// Lints the files and folders of the command line and remembers how it went.
+/// Checks the files and folders of the command line and prints the diagnostics.
 class Run {
 public:
     Run(LintContext context, bool asJson) : m_context(std::move(context)), m_asJson(asJson) {}
@@ -79,7 +79,7 @@ public:
         }
     }
 
-    ExitCode finish() const
+    ExitStatus finish() const
     {
         if (m_asJson) {
             printJson(m_array);
@@ -87,7 +87,7 @@ public:
         if (m_failed) {
             return Failure;
         }
-        return m_found ? Findings : Clean;
+        return m_found ? Diagnostics : Clean;
     }
 
 private:
@@ -103,10 +103,10 @@ private:
         if (folder.exists(descriptionFolder)) {
             folder.cd(descriptionFolder);
         }
-        // Name filters ignore case, so that a name in the wrong case has its finding, too.
+        // Name filters ignore case, so a name in the wrong case is checked, too.
         const QStringList files = folder.entryList({QStringLiteral("hw*.met")}, QDir::Files, QDir::Name);
         if (files.isEmpty()) {
-            fail(path % QStringLiteral(": no description files (hw*.met) here"));
+            fail(path % QStringLiteral(": the folder has no description files (hw*.met)"));
         }
         for (const QString &file : files) {
             lintFile(QDir::cleanPath(folder.filePath(file)));
@@ -142,27 +142,28 @@ private:
             return beside;
         }
         if (beside != m_unchecked) {
-            complain(QStringLiteral("component files are not checked: no folder %1 (see --components)").arg(beside));
+            complain(QStringLiteral("component files are not checked: there is no folder %1 (see --components)")
+                         .arg(beside));
         }
         m_unchecked = beside;
         return {};
     }
 
-    void report(const QString &path, const QVector<Finding> &findings)
+    void report(const QString &path, const QVector<Diagnostic> &diagnostics)
     {
-        for (const Finding &finding : findings) {
+        for (const Diagnostic &diagnostic : diagnostics) {
             if (m_asJson) {
-                m_array.append(toJson(path, finding));
+                m_array.append(toJson(path, diagnostic));
             } else {
-                printLine(stdout, formatFinding(path, finding).toLocal8Bit());
+                printLine(stdout, formatDiagnostic(path, diagnostic).toLocal8Bit());
             }
         }
-        m_found = m_found || !findings.isEmpty();
+        m_found = m_found || !diagnostics.isEmpty();
     }
 
-    LintContext m_context; // what the command line says for all files
+    LintContext m_context; // from the command line, for all files
     bool m_asJson;
-    QString m_unchecked; // folder that the user was told about
+    QString m_unchecked; // missing folder of the latest message
     QJsonArray m_array;
     bool m_found = false;
     bool m_failed = false;
@@ -175,16 +176,17 @@ int main(int argc, char *argv[])
     const QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("metlint"));
 
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this and stop."));
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help and exit."));
     const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print JSON instead of lines."));
-    const QCommandLineOption list(QStringLiteral("list-rules"), QStringLiteral("List the rules and stop."));
+    const QCommandLineOption list(QStringLiteral("list-rules"), QStringLiteral("List the rules and exit."));
     const QCommandLineOption host(
         QStringLiteral("host-version"),
         QStringLiteral("Version number of the host that reads the files (default: %1).").arg(getAppVerNum()),
         QStringLiteral("N"), QString::number(getAppVerNum()));
     const QCommandLineOption components(
         QStringLiteral("components"),
-        QStringLiteral("Folder of the component files (default: the folder 9 beside that of the description files)."),
+        QStringLiteral("Folder of the component files (default: the folder 9 next to that of the description files)."),
         QStringLiteral("DIR"));
     const QCommandLineOption encoding(
         QStringLiteral("encoding"),
@@ -193,15 +195,15 @@ int main(int argc, char *argv[])
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
-        "Explains where a module description file says something else than the host reads from it.\n"
-        "Prints file:line:column: severity: text [rule]. Exit status: 0 clean, 1 findings, 2 wrong usage or a file\n"
-        "that cannot be read."));
+        "Reports where the host reads something else than a module description file appears to say.\n"
+        "Prints file:line:column: severity: text [rule]. Exit status: 0 no diagnostics, 1 diagnostics, 2 invalid\n"
+        "command line or unreadable file."));
     parser.addOptions({help, json, list, host, components, encoding});
     parser.addPositionalArgument(
         QStringLiteral("FILE|FOLDER..."),
         QStringLiteral("Description files, folders of them, or the folder that holds the folders 6 and 9."));
 
-    // Not process(): its exit status for wrong usage is 1.
+    // Not process(), because its exit status for an invalid command line is 1.
     if (!parser.parse(QCoreApplication::arguments())) {
         complain(parser.errorText());
         return Failure;
@@ -222,13 +224,13 @@ int main(int argc, char *argv[])
         context.encoding = QTextCodec::codecForName(parser.value(encoding).toUtf8());
     }
     if (!isNumber) {
-        complain(QStringLiteral("--host-version needs a number"));
+        complain(QStringLiteral("--host-version: expected a number"));
     } else if (context.encoding == nullptr) {
         complain(QStringLiteral("unknown encoding ") % parser.value(encoding));
     } else if (parser.isSet(components) && !QFileInfo(context.componentFolder).isDir()) {
-        complain(QStringLiteral("no folder ") % context.componentFolder);
+        complain(QStringLiteral("--components: not a folder: ") % context.componentFolder);
     } else if (parser.positionalArguments().isEmpty()) {
-        complain(QStringLiteral("name at least one file or folder (see --help)"));
+        complain(QStringLiteral("expected at least one file or folder; see --help"));
     } else {
         const QStringList paths = parser.positionalArguments();
         Run run(context, parser.isSet(json));
