@@ -4,64 +4,24 @@
 
 #include <QString>
 
-#include <array>
+#include <vector>
 
 enum class Severity { Warning, Error };
 
 enum class Rule {
-    FileName,
-    NoEntry,
-    Encoding,
-    LocalEncoding,
-    ControlCharacter,
-    LineBreak,
-    LeadingBlank,
-    LookAlike,
-    PrefixKey,
-    NoEquals,
-    UnknownKey,
-    UnknownMarker,
-    StrayText,
-    MarkerTail,
-    NumberMalformed,
-    NumberTruncated,
-    VersionAmbiguous,
-    ListTooLong,
-    ListTooShort,
-    EmptyItem,
-    CollapsedBlanks,
-    TrailingComment,
-    QuotedValue,
-    OutsideEntry,
-    SecondStart,
-    EndWithoutStart,
-    UnendedEntry,
-    AfterLastEnd,
-    DuplicateKey,
-    CarriedOver,
-    NoTypeCode,
-    ForeignCode,
-    DuplicateEntry,
-    HidesLater,
-    NoServerFile,
-    MissingComponent,
-    NoModuleInfo,
-    NoChannels,
-    ChannelCount,
-    Count
+#define RULE(name, id, severity, description) name,
+#include "lintrules.inc"
+#undef RULE
 };
 
 struct LintRule {
-    Rule rule;
     const char *id;
     Severity severity;
     const char *description; ///< one line, in English
 };
 
-using LintRules = std::array<LintRule, static_cast<std::size_t>(Rule::Count)>;
-
 /// Returns all rules in the order of the enumerators.
-const LintRules &lintRules();
+const std::vector<LintRule> &lintRules();
 
 const LintRule &lintRule(Rule rule);
 
