@@ -1,7 +1,8 @@
-// How long saving and restoring a module takes, and how much heap a record takes, against what the framework offers for
-// the same: QDataStream for the bytes, a text stream for the catalog, a CBOR tree for the channels.
-#include "blockvariants.h"
+// The time to save and restore a module and the heap memory of a record, compared with Qt's general classes:
+// QDataStream for the bytes, a text stream for the catalog, a CBOR tree for the channels.
 #include "comparison.h"
+#include "defaultbuilder.h"
+#include "diagnostics.h"
 #include "modulestate.h"
 #include "sampledescriptions.h"
 
@@ -11,7 +12,11 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 
+#include <benchmark/benchmark.h>
+
+#include <ctime>
 #include <malloc.h>
+#include <tuple>
 
 namespace {
 
@@ -43,9 +48,39 @@ SimpleExtendPar sampleRecord(quint8 inputs, quint8 outputs)
     return par;
 }
 
+/// Without the catalog a lookup finds an empty entry at once, and all component files exist.
+bool isCatalogUsed = true;
+
 } // namespace
 
-// The record as anyone would stream it: what a block holds, field by field, the hashes whole.
+// The linker replaces the plug-in's functions by these; see the option --wrap in CMakeLists.txt.
+qint32 catalogLookUp(quint32 typeCode, ModuleMetInfo &destination) asm("__real__Z13lookUpMetInfojR13ModuleMetInfo");
+qint32 lookUp(quint32 typeCode, ModuleMetInfo &destination) asm("__wrap__Z13lookUpMetInfojR13ModuleMetInfo");
+QString catalogComponent(const ModuleMetInfo &info) asm("__real__Z17componentFilePathRK13ModuleMetInfo");
+QString component(const ModuleMetInfo &info) asm("__wrap__Z17componentFilePathRK13ModuleMetInfo");
+bool isOnDisk(const QString &path) asm("__real__ZN5QFile6existsERK7QString");
+bool isThere(const QString &path) asm("__wrap__ZN5QFile6existsERK7QString");
+
+qint32 lookUp(quint32 typeCode, ModuleMetInfo &destination)
+{
+    if (isCatalogUsed) {
+        return catalogLookUp(typeCode, destination);
+    }
+    destination.objId = typeCode;
+    return 0;
+}
+
+QString component(const ModuleMetInfo &info)
+{
+    return isCatalogUsed ? catalogComponent(info) : QString();
+}
+
+bool isThere(const QString &path)
+{
+    return !isCatalogUsed || isOnDisk(path);
+}
+
+// The record in a QDataStream: the fields of a block one by one, the hashes as a whole.
 
 template <std::size_t Size>
 QDataStream &operator<<(QDataStream &stream, const std::array<quint8, Size> &bytes)
@@ -61,60 +96,40 @@ QDataStream &operator>>(QDataStream &stream, std::array<quint8, Size> &bytes)
     return stream;
 }
 
-QDataStream &operator<<(QDataStream &stream, const AiFilter &filter)
+/// The members of a structure in the order of the stream.
+template <typename Record>
+constexpr auto members = std::tuple();
+template <>
+constexpr auto members<AiFilter> = std::tuple(&AiFilter::samples, &AiFilter::deadband, &AiFilter::filterOn);
+template <>
+constexpr auto members<AqOutTbl> = std::tuple(&AqOutTbl::freezeLast, &AqOutTbl::stopValue);
+template <>
+constexpr auto members<AqOutType> = std::tuple(&AqOutType::enable, &AqOutType::range);
+template <>
+constexpr auto members<IoMap> = std::tuple(&IoMap::area, &IoMap::start, &IoMap::count, &IoMap::unit);
+using Par = SimpleExtendPar;
+template <>
+constexpr auto members<Par> = std::tuple(&Par::objId, &Par::rackId, &Par::slotId, &Par::objName, &Par::comment,
+                                         &Par::position, &Par::moduleInfo, &Par::fwVersion, &Par::buffCnfg,
+                                         &Par::syncCnfg, &Par::inMap, &Par::outMap, &Par::intEnableTbl,
+                                         &Par::reservBytes, &Par::aiCount, &Par::aiKind, &Par::aiFilter, &Par::aiRange,
+                                         &Par::aqCount, &Par::aqKind, &Par::aqOutTbl, &Par::aqOutType);
+
+template <typename Record>
+using HasMembers = std::enable_if_t<std::tuple_size_v<decltype(members<Record>)> != 0>;
+
+template <typename Record, typename = HasMembers<Record>>
+QDataStream &operator<<(QDataStream &stream, const Record &record)
 {
-    return stream << filter.samples << filter.deadband << filter.filterOn;
+    return std::apply([&](auto... each) -> QDataStream & { return (stream << ... << (record.*each)); },
+                      members<Record>);
 }
 
-QDataStream &operator>>(QDataStream &stream, AiFilter &filter)
+template <typename Record, typename = HasMembers<Record>>
+QDataStream &operator>>(QDataStream &stream, Record &record)
 {
-    return stream >> filter.samples >> filter.deadband >> filter.filterOn;
-}
-
-QDataStream &operator<<(QDataStream &stream, const AqOutTbl &stop)
-{
-    return stream << stop.freezeLast << stop.stopValue;
-}
-
-QDataStream &operator>>(QDataStream &stream, AqOutTbl &stop)
-{
-    return stream >> stop.freezeLast >> stop.stopValue;
-}
-
-QDataStream &operator<<(QDataStream &stream, const AqOutType &type)
-{
-    return stream << type.enable << type.range;
-}
-
-QDataStream &operator>>(QDataStream &stream, AqOutType &type)
-{
-    return stream >> type.enable >> type.range;
-}
-
-QDataStream &operator<<(QDataStream &stream, const IoMap &range)
-{
-    return stream << range.area << range.start << range.count << range.unit;
-}
-
-QDataStream &operator>>(QDataStream &stream, IoMap &range)
-{
-    return stream >> range.area >> range.start >> range.count >> range.unit;
-}
-
-QDataStream &operator<<(QDataStream &stream, const SimpleExtendPar &par)
-{
-    return stream << par.objId << par.rackId << par.slotId << par.objName << par.comment << par.position
-                  << par.moduleInfo << par.fwVersion << par.buffCnfg << par.syncCnfg << par.inMap << par.outMap
-                  << par.intEnableTbl << par.reservBytes << par.aiCount << par.aiKind << par.aiFilter << par.aiRange
-                  << par.aqCount << par.aqKind << par.aqOutTbl << par.aqOutType;
-}
-
-QDataStream &operator>>(QDataStream &stream, SimpleExtendPar &par)
-{
-    return stream >> par.objId >> par.rackId >> par.slotId >> par.objName >> par.comment >> par.position >>
-           par.moduleInfo >> par.fwVersion >> par.buffCnfg >> par.syncCnfg >> par.inMap >> par.outMap >>
-           par.intEnableTbl >> par.reservBytes >> par.aiCount >> par.aiKind >> par.aiFilter >> par.aiRange >>
-           par.aqCount >> par.aqKind >> par.aqOutTbl >> par.aqOutType;
+    return std::apply([&](auto... each) -> QDataStream & { return (stream >> ... >> (record.*each)); },
+                      members<Record>);
 }
 
 namespace {
@@ -135,7 +150,7 @@ std::unique_ptr<SimpleExtendPar> restoreByStream(const QByteArray &bytes)
     return par;
 }
 
-/// What a restore does beside reading the bytes: the head from the catalog, and whether the component file exists.
+/// A restore with the catalog: reads the bytes, the head of the record, and whether the component file exists.
 std::unique_ptr<SimpleExtendPar> restoreWholeByStream(const QByteArray &bytes)
 {
     auto par = restoreByStream(bytes);
@@ -144,16 +159,16 @@ std::unique_ptr<SimpleExtendPar> restoreWholeByStream(const QByteArray &bytes)
         !QFileInfo(getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent) % info.serverFile).isFile()) {
         return nullptr;
     }
-    par->serverFile = info.serverFile; // for the whole head, which is what a restore takes over
+    par->serverFile = info.serverFile; // stands for the whole head
     return par;
 }
 
-std::unique_ptr<SimpleExtendPar> restoreWhole(const QByteArray &state)
+std::unique_ptr<SimpleExtendPar> restoreByPlugin(const QByteArray &state)
 {
     return restoreModule(state, QString());
 }
 
-/// The channels with a name at each value.
+/// Returns the channels with the name of each value.
 QCborArray treeOf(const SimpleExtendPar &par)
 {
     QCborArray channels;
@@ -175,8 +190,8 @@ QCborArray treeOf(const SimpleExtendPar &par)
     return channels;
 }
 
-/// Bytes of heap that what @p make returns takes, the allocator's own share included.
-template <class Make>
+/// Returns the bytes of heap memory that the result of @p make takes, including the overhead of the allocator.
+template <typename Make>
 double heapOf(const Make &make)
 {
     constexpr int copies = 100;
@@ -192,9 +207,10 @@ double heapOf(const Make &make)
 using Save = QByteArray (*)(const SimpleExtendPar &par);
 using Restore = std::unique_ptr<SimpleExtendPar> (*)(const QByteArray &state);
 
-void measureRestore(const QString &name, const QByteArray &state, Restore restore)
+void measureRestore(const QString &name, const QByteArray &state, Restore restore, bool usesCatalog)
 {
-    benchmark::RegisterBenchmark(qPrintable(name), [state, restore](benchmark::State &run) {
+    benchmark::RegisterBenchmark(qPrintable(name), [state, restore, usesCatalog](benchmark::State &run) {
+        isCatalogUsed = usesCatalog;
         for ([[maybe_unused]] const auto _ : run) {
             const auto par = restore(state);
             if (par == nullptr) {
@@ -205,14 +221,72 @@ void measureRestore(const QString &name, const QByteArray &state, Restore restor
     });
 }
 
+void saveAndRestore(const SimpleExtendPar &par, Save save, Restore restore)
+{
+    const auto restored = restore(save(par));
+    benchmark::DoNotOptimize(restored.get());
+}
+
 void measureBoth(const QString &name, const SimpleExtendPar &par, Save save, Restore restore)
 {
     benchmark::RegisterBenchmark(qPrintable(name), [par, save, restore](benchmark::State &run) {
+        isCatalogUsed = false;
         for ([[maybe_unused]] const auto _ : run) {
-            const auto restored = restore(save(par));
-            benchmark::DoNotOptimize(restored.get());
+            saveAndRestore(par, save, restore);
         }
     });
+}
+
+/// Returns the number of diagnostic lines of one save and restore.
+int linesOf(const SimpleExtendPar &par)
+{
+    static int lines = 0;
+    lines = 0;
+    isCatalogUsed = false;
+    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, true);
+    const auto previous = qInstallMessageHandler([](auto /*type*/, auto & /*context*/, auto & /*text*/) { ++lines; });
+    saveAndRestore(par, saveModule, restoreByPlugin);
+    qInstallMessageHandler(previous);
+    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+    isCatalogUsed = true;
+    return lines;
+}
+
+/// Returns the CPU time of this thread for @p work, in seconds.
+template <typename Work>
+double secondsOf(const Work &work)
+{
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+    };
+    const double start = now();
+    work();
+    return now() - start;
+}
+
+/// Measures save and restore less the time that their lines take while debug output is off.
+void measureWithoutLines(const QString &name, const SimpleExtendPar &par)
+{
+    const auto measure = [par, lines = linesOf(par)](benchmark::State &run) {
+        constexpr int times = 100; // much more than a call of the clock takes
+        isCatalogUsed = false;
+        for ([[maybe_unused]] const auto _ : run) {
+            const double whole = secondsOf([&] {
+                for (int i = 0; i < times; ++i) {
+                    saveAndRestore(par, saveModule, restoreByPlugin);
+                }
+            });
+            const double checks = secondsOf([&] {
+                for (int i = 0; i < times * lines; ++i) {
+                    writeDiagnostic(DiagnosticLine::Save, ByteReader(nullptr, 0));
+                }
+            });
+            run.SetIterationTime((whole - checks) / times);
+        }
+    };
+    benchmark::RegisterBenchmark(qPrintable(name), measure)->UseManualTime();
 }
 
 QString named(const QString &work, const char *side)
@@ -220,30 +294,29 @@ QString named(const QString &work, const char *side)
     return work % QLatin1Char('/') % QLatin1String(side);
 }
 
-/// Save and restore with the catalog set aside. Returns the name of the restore alone.
+/// Adds save and restore without the catalog. Returns the name of the benchmark of restore alone.
 QString addRecord(Comparison &comparison, const QString &channels, const SimpleExtendPar &par)
 {
     const QString both = QStringLiteral("save + restore, ") % channels;
-    measureBoth(named(both, "plug-in"), par, asshipped::save, asshipped::restore);
+    measureBoth(named(both, "plug-in"), par, saveModule, restoreByPlugin);
     measureBoth(named(both, "QDataStream"), par, saveByStream, restoreByStream);
-    measureBoth(named(both, "without lines"), par, withoutlines::save, withoutlines::restore);
+    measureWithoutLines(named(both, "without lines"), par);
     comparison.add(TimeRow{both, named(both, "plug-in"), {named(both, "QDataStream")}, 0.45});
     comparison.add(TimeRow{both, named(both, "plug-in"), {named(both, "without lines")}, 1.02});
 
     const QString restored = QStringLiteral("restore, ") % channels;
-    measureRestore(named(restored, "plug-in"), asshipped::save(par), asshipped::restore);
-    measureRestore(named(restored, "QDataStream"), saveByStream(par), restoreByStream);
+    measureRestore(named(restored, "plug-in"), saveModule(par), restoreByPlugin, false);
+    measureRestore(named(restored, "QDataStream"), saveByStream(par), restoreByStream, false);
     comparison.add(TimeRow{restored, named(restored, "plug-in"), {named(restored, "QDataStream")}});
     return named(restored, "plug-in");
 }
 
 void addWhole(Comparison &comparison, const SimpleExtendPar &par)
 {
-    using sampledescriptions::Folder;
-    Folder::write(metFilePath(typeCode), sampledescriptions::descriptionEntry(typeCode));
+    sampledescriptions::catalog().writeDescription(typeCode, sampledescriptions::descriptionEntry(typeCode));
     const QString whole = QStringLiteral("whole restore");
-    measureRestore(named(whole, "plug-in"), saveModule(par), restoreWhole);
-    measureRestore(named(whole, "QDataStream, text stream, exists"), saveByStream(par), restoreWholeByStream);
+    measureRestore(named(whole, "plug-in"), saveModule(par), restoreByPlugin, true);
+    measureRestore(named(whole, "QDataStream, text stream, exists"), saveByStream(par), restoreWholeByStream, true);
     comparison.add(TimeRow{whole, named(whole, "plug-in"), {named(whole, "QDataStream, text stream, exists")}, 0.35});
 }
 
@@ -252,7 +325,7 @@ void addWhole(Comparison &comparison, const SimpleExtendPar &par)
 int main(int argc, char *argv[])
 {
     QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
-    sampledescriptions::folder();
+    sampledescriptions::catalog();
     const SimpleExtendPar small = sampleRecord(8, 8);
     const SimpleExtendPar wide = sampleRecord(255, 0);
 
@@ -265,7 +338,7 @@ int main(int argc, char *argv[])
     addWhole(comparison, small);
     const QByteArray state = saveModule(wide);
     comparison.add(ValueRow{QStringLiteral("heap, 255 in"), QStringLiteral("restored record"),
-                            heapOf([&] { return restoreWhole(state); }), QStringLiteral("CBOR tree of its channels"),
+                            heapOf([&] { return restoreByPlugin(state); }), QStringLiteral("CBOR tree of its channels"),
                             heapOf([&] { return treeOf(wide); }), QStringLiteral("bytes"), 0.55});
     return comparison.run(argc, argv);
 }

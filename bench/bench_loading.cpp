@@ -1,5 +1,5 @@
-// How long the dynamic loader takes to load the plug-in into a program that has Qt and the host libraries, against the
-// same sources built with default visibility.
+// The time that the dynamic loader takes to load the plug-in into a program that has Qt and the host libraries, compared
+// with the same sources built with default visibility.
 #include "comparison.h"
 
 #include <benchmark/benchmark.h>
@@ -30,7 +30,7 @@ double cpuSeconds()
         .count();
 }
 
-/// CPU seconds with all symbols bound at once; negative if the library cannot be loaded.
+/// Returns the CPU seconds to load the library and to bind all its symbols; -1 if it cannot be loaded.
 double secondsOfLoading(const char *file)
 {
     const double start = cpuSeconds();
@@ -38,7 +38,7 @@ double secondsOfLoading(const char *file)
     return isLoaded ? cpuSeconds() - start : -1;
 }
 
-/// In a process of its own, whose start has loaded Qt and nothing of the library.
+/// Returns the same from a separate process, which has loaded only Qt before.
 double secondsInProcess(const char *file)
 {
     const std::string command = std::string("\"") + program_invocation_name + "\" load \"" + file + "\"";
@@ -54,7 +54,7 @@ void add(const Library &library)
                                      for ([[maybe_unused]] const auto _ : state) {
                                          const double seconds = secondsInProcess(file);
                                          if (seconds < 0) {
-                                             state.SkipWithError("cannot be loaded");
+                                             state.SkipWithError("the library cannot be loaded");
                                              break;
                                          }
                                          state.SetIterationTime(seconds);

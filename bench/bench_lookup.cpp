@@ -1,9 +1,11 @@
-// How long a look-up in a description file takes, against the same keys read by QSettings and by a text stream, and
-// against opening and reading the file alone.
+// The time of a lookup in a description file, compared with QSettings and a text stream that read the same keys, and
+// with opening and reading the file alone.
 #include "comparison.h"
 #include "sampledescriptions.h"
 
 #include <QSettings>
+
+#include <benchmark/benchmark.h>
 
 #include <array>
 
@@ -11,18 +13,17 @@ using namespace sampledescriptions;
 
 namespace {
 
-// QSettings keeps the last files that it has parsed, six of this size. Everybody here takes many more in turn, so that
-// it parses, and so that the caches of the file system are as warm for one as for the other.
+// QSettings caches the last files that it has parsed, six of this size. All benchmarks read many more files in turn, so
+// QSettings parses each one, and the caches of the file system have the same effect on all.
 constexpr quint32 fileCount = 64;
 
-/// Copies of a file under the type codes from @p first on. The entries before the one that is looked up have another
-/// type code.
+/// Copies of a file for consecutive type codes. Entries before the one that the lookup finds have another type code.
 struct Files {
     quint32 first;
     int entries;
-    int match; ///< entry that is looked up, from 1
+    int match; ///< number of the entry that the lookup finds, from 1
 
-    /// Of an INI file; QSettings gives out the sections in the order of their names.
+    /// Of an INI file. QSettings returns the sections in the order of their names.
     static QString sectionName(int entry) { return QStringLiteral("%1").arg(entry, 3, 10, QLatin1Char('0')); }
     static QString iniPath(quint32 typeCode) { return metFilePath(typeCode) % QStringLiteral(".ini"); }
     void write() const
@@ -35,14 +36,14 @@ struct Files {
                 description += descriptionEntry(entryCode);
                 ini += iniSection(sectionName(entry).toLatin1(), entryCode);
             }
-            Folder::write(metFilePath(code), description);
-            Folder::write(iniPath(code), ini);
+            catalog().writeFile(metFilePath(code), description);
+            catalog().writeFile(iniPath(code), ini);
         }
     }
 };
 
 /// Calls @p lookUp with the type codes of the files in turn.
-template <class LookUp>
+template <typename LookUp>
 auto inTurn(const Files &files, const LookUp &lookUp)
 {
     return [files, lookUp](benchmark::State &state) {
@@ -72,7 +73,7 @@ bool byTextStream(const Files &files, quint32 typeCode)
     return found;
 }
 
-/// Reads every key of the section; leaves the values as the texts and lists of texts that QSettings has them as.
+/// Reads each key of the section and leaves the values as texts and lists of texts.
 bool readSection(QSettings &settings, const QString &section)
 {
     settings.beginGroup(section);
@@ -85,7 +86,7 @@ bool readSection(QSettings &settings, const QString &section)
     return found;
 }
 
-/// Searches the sections for the type code, as a look-up does: only they tell which it is.
+/// Searches the sections for the type code, as a lookup does.
 bool bySettings(const Files &files, quint32 typeCode)
 {
     QSettings settings(Files::iniPath(typeCode), QSettings::IniFormat);
@@ -101,7 +102,7 @@ bool bySettings(const Files &files, quint32 typeCode)
     return false;
 }
 
-/// What QSettings parses is then one section of the file.
+/// Reads the section without a search.
 bool bySettingsInKnownSection(const Files &files, quint32 typeCode)
 {
     QSettings settings(Files::iniPath(typeCode), QSettings::IniFormat);

@@ -1,5 +1,5 @@
-// How long it takes to construct, show and destroy a page, against the floor: the same editors in the same layout with
-// nothing else to them.
+// The time to construct, show and destroy a page, compared with the floor: the same editors in the same layout and
+// nothing else.
 #include "baseservices.h"
 #include "comparison.h"
 #include "saifilterwgt.h"
@@ -36,7 +36,7 @@ namespace {
 constexpr std::array<quint8, 3> channelCounts = {8, 64, 255};
 constexpr double growthGoal = 4.6; ///< from 64 to 255 channels
 constexpr quint8 dialogChannels = 16;
-constexpr QSize pageSize(490, 340); ///< about what the dialog gives to a page
+constexpr QSize pageSize(490, 340); ///< about the size of a page in the dialog
 
 SimpleExtendPar recordOf(quint32 typeCode, quint8 channels, SignalFamily family = VoltageCurrent)
 {
@@ -66,8 +66,8 @@ struct Kind {
     PageMaker make;
     quint32 typeCode;
     SignalFamily family;
-    Variant peer = Floor; ///< what the goal is against
-    double goal = 0;      ///< of the most channels; 0 = none
+    Variant peer = Floor; ///< the variant that the goal compares with
+    double goal = 0;      ///< of the variant with the most channels; 0 = none
 };
 
 constexpr std::array kinds = {
@@ -82,13 +82,13 @@ constexpr std::array kinds = {
     Kind{"weighing", make<SWeightParCfgWgt>, 14418, VoltageCurrent, FloorToContents, 0.65},
 };
 
-/// What stands in one place of a page's grid or table.
+/// The editor or the text at one place of a page's grid or table.
 struct Cell {
     int row = 0;
     int column = 0;
     int rowSpan = 1;
     int columnSpan = 1;
-    std::function<QWidget *(QWidget *parent)> newEditor; ///< none in the cells of a table that hold text
+    std::function<QWidget *(QWidget *parent)> newEditor; ///< empty for a table cell with text
 };
 
 template <class Widget>
@@ -97,7 +97,7 @@ QWidget *newWidget(QWidget *parent)
     return new Widget(parent);
 }
 
-/// Makes bare editors like @p widget; none for what is no editor.
+/// Returns a function that creates plain editors like @p widget; an empty function if @p widget is not an editor.
 std::function<QWidget *(QWidget *parent)> makerOf(const QWidget *widget)
 {
     if (const auto *label = qobject_cast<const QLabel *>(widget)) {
@@ -127,7 +127,7 @@ std::function<QWidget *(QWidget *parent)> makerOf(const QWidget *widget)
                                                              : std::function<QWidget *(QWidget *)>();
 }
 
-/// The editors of a page. Read from the page itself, so that the floor keeps up with it.
+/// The editors of a page, taken from the page itself, so the floor changes with the page.
 struct Plan {
     QStringList titles; ///< of a table's columns; empty for a grid
     int rows = 0;
@@ -224,7 +224,7 @@ void constructShowDestroy(benchmark::State &state, const std::function<std::uniq
         }
         widget->show();
         QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(); // what the window's activation has posted to every line edit
+        QCoreApplication::sendPostedEvents(); // the activation of the window posts an event to each line edit
     }
 }
 
@@ -246,7 +246,7 @@ void add(const QString &name, int iterations, const Function &function)
 
 void addPages(const Kind &kind, quint8 channels)
 {
-    const int iterations = std::numeric_limits<quint8>::max() / channels; // a few milliseconds at least
+    const int iterations = std::numeric_limits<quint8>::max() / channels; // at least a few milliseconds
     auto par = std::make_shared<SimpleExtendPar>(recordOf(kind.typeCode, channels, kind.family));
     add(nameOf(kind.name, channels, Page), iterations, [par, kind](benchmark::State &state) {
         constructShowDestroy(

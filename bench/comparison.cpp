@@ -52,7 +52,7 @@ QString timeText(double seconds)
     return QString::number(value, 'f', value < 10 ? 2 : value < 100 ? 1 : 0) % QLatin1Char(' ') % QLatin1String(unit);
 }
 
-/// Ratio, goal and outcome, the last cells of a row.
+/// Returns the last cells of a row: ratio, goal and outcome.
 QStringList verdict(double ratio, double goal)
 {
     QStringList cells{QString::number(ratio, 'f', 3)};
@@ -89,13 +89,13 @@ void print(Table table)
                   [&](const QStringList &row) { printRow(row, QLatin1Char(' ')); });
 }
 
-/// A benchmark's name without the row's work in front of it.
+/// Returns the name of a benchmark without the work of the row as its prefix.
 QString sideOf(const QString &name, const QString &work)
 {
     return name.startsWith(work % QLatin1Char('/')) ? name.mid(work.size() + 1) : name;
 }
 
-/// Nothing where a benchmark of the row did not run.
+/// Returns an empty list if a benchmark of the row did not run.
 QStringList cellsOf(const TimeRow &row, const FastestReporter &reporter)
 {
     const bool isComplete = reporter.has(row.ours) && std::all_of(row.peers.begin(), row.peers.end(),
@@ -133,7 +133,7 @@ QStringList cellsOf(const ValueRow &row)
 
 int Comparison::run(int argc, char *argv[]) const
 {
-    // In front of the program's own arguments, which win.
+    // Before the program's arguments, because the last argument applies.
     std::vector<std::string> defaults{"--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=15",
                                       "--benchmark_min_time=0.02"};
     std::vector<char *> arguments{argv, argv + argc};

@@ -1,8 +1,8 @@
-// What all benchmark programs share: the table of what was measured, ours beside its peer.
+// Measures pairs of benchmarks and prints the table of their ratios.
 //
-// A program registers its benchmarks with the benchmark library, names the pairs of them that make a row, and calls
-// run(). Every repetition measures all of them, in another order each, so that a busy moment spoils none for good; the
-// fastest repetition of each is what counts.
+// A program registers its benchmarks with the benchmark library, adds the pairs that make a row, and calls run(). Each
+// repetition measures all benchmarks in random order, so a short load on the machine affects few of them. The result of
+// a benchmark is its fastest repetition.
 #pragma once
 
 #include <QString>
@@ -10,15 +10,15 @@
 
 #include <vector>
 
-/// Two benchmarks, by their names. The times of several peers add up; without a peer the row shows our time alone.
+/// Two benchmarks, by their names. The times of several peers are added. Without a peer the row shows only our time.
 struct TimeRow {
     QString work;
     QString ours;
     QStringList peers;
-    double goal = 0; ///< largest ratio ours / peer; 0 = none
+    double goal = 0; ///< maximum ratio ours / peer; 0 = none
 };
 
-/// Two figures that are no times, such as bytes.
+/// Two figures other than times, such as bytes.
 struct ValueRow {
     QString work;
     QString ours;
@@ -34,9 +34,10 @@ public:
     void add(const TimeRow &row) { m_times.push_back(row); }
     void add(const ValueRow &row) { m_values.push_back(row); }
 
-    /// Runs the registered benchmarks with the program's arguments and prints the table: by default 15 repetitions of
-    /// at least 20 ms. A benchmark with manual time counts with that, every other with the CPU time of its thread.
-    /// Returns the program's exit code: 0, also where a goal is missed, for no figure here is a test.
+    /// Runs the registered benchmarks with the program's arguments and prints the table. By default there are 15
+    /// repetitions of at least 20 ms. A benchmark with manual time uses that time, all others the CPU time of the
+    /// thread.
+    /// @return the exit status of the program: 1 for an invalid command line, otherwise 0, also if a goal is missed
     int run(int argc, char *argv[]) const;
 
 private:

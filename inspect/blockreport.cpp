@@ -137,15 +137,6 @@ QJsonObject toJson(const Field &field)
             {QStringLiteral("meaning"), field.meaning}, {QStringLiteral("stored"), field.stored}};
 }
 
-QJsonObject toJson(const Part &part)
-{
-    QJsonArray fields;
-    for (const Field &field : part.fields) {
-        fields += toJson(field);
-    }
-    return {{QStringLiteral("title"), part.title}, {QStringLiteral("fields"), fields}};
-}
-
 QJsonObject toJson(const Damage &damage)
 {
     return {{QStringLiteral("offset"), damage.offset},
@@ -155,20 +146,34 @@ QJsonObject toJson(const Damage &damage)
             {QStringLiteral("effect"), damage.effect}};
 }
 
+QJsonObject toJson(const Part &part);
+QJsonObject toJson(const DecodedBlock &block);
+QJsonObject toJson(const Difference &difference);
+
+template <typename Item>
+QJsonArray toArray(const QVector<Item> &items)
+{
+    QJsonArray array;
+    for (const Item &item : items) {
+        array += toJson(item);
+    }
+    return array;
+}
+
+QJsonObject toJson(const Part &part)
+{
+    return {{QStringLiteral("title"), part.title}, {QStringLiteral("fields"), toArray(part.fields)}};
+}
+
 QJsonObject toJson(const DecodedBlock &block)
 {
-    QJsonArray parts;
-    for (const Part &part : block.parts) {
-        parts += toJson(part);
-    }
-    QJsonArray damages;
-    for (const Damage &damage : block.damages) {
-        damages += toJson(damage);
-    }
-    return {{QStringLiteral("offset"), block.offset},     {QStringLiteral("size"), block.size},
-            {QStringLiteral("kind"), block.kind},         {QStringLiteral("refused"), block.refused},
-            {QStringLiteral("complete"), block.complete}, {QStringLiteral("parts"), parts},
-            {QStringLiteral("damages"), damages}};
+    return {{QStringLiteral("offset"), block.offset},
+            {QStringLiteral("size"), block.size},
+            {QStringLiteral("kind"), block.kind},
+            {QStringLiteral("refused"), block.refused},
+            {QStringLiteral("complete"), block.complete},
+            {QStringLiteral("parts"), toArray(block.parts)},
+            {QStringLiteral("damages"), toArray(block.damages)}};
 }
 
 /// Returns the fields of a block in its order, with numbers that make repeated names unique.
@@ -235,6 +240,14 @@ QJsonValue sideJson(const QVector<Field> &side)
     return side.isEmpty() ? QJsonValue() : QJsonValue(toJson(side.first()));
 }
 
+QJsonObject toJson(const Difference &difference)
+{
+    return {{QStringLiteral("block"), difference.block + 1},
+            {QStringLiteral("name"), difference.name},
+            {QStringLiteral("left"), sideJson(difference.left)},
+            {QStringLiteral("right"), sideJson(difference.right)}};
+}
+
 } // namespace
 
 QVector<Difference> difference(const QVector<DecodedBlock> &left, const QVector<DecodedBlock> &right)
@@ -281,23 +294,12 @@ QString toText(const QVector<Difference> &differences)
 
 QJsonObject toJson(const QVector<DecodedBlock> &blocks)
 {
-    QJsonArray array;
-    for (const DecodedBlock &block : blocks) {
-        array += toJson(block);
-    }
-    return {{QStringLiteral("blocks"), array}};
+    return {{QStringLiteral("blocks"), toArray(blocks)}};
 }
 
 QJsonObject toJson(const QVector<Difference> &differences)
 {
-    QJsonArray array;
-    for (const Difference &difference : differences) {
-        array += QJsonObject{{QStringLiteral("block"), difference.block + 1},
-                             {QStringLiteral("name"), difference.name},
-                             {QStringLiteral("left"), sideJson(difference.left)},
-                             {QStringLiteral("right"), sideJson(difference.right)}};
-    }
-    return {{QStringLiteral("differences"), array}};
+    return {{QStringLiteral("differences"), toArray(differences)}};
 }
 
 } // namespace blockdecoder

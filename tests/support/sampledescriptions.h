@@ -1,65 +1,36 @@
-// Description files to measure with.
+// Description files for benchmarks.
 //
-// A program that includes this header (in one source file) takes the host functions below in place of basemodule's:
-// they cost nothing, so that a look-up is the plug-in's work.
+// A program that includes this header (in one source file) replaces these host functions of basemodule. The ones below
+// take no time, so the time of a lookup is the plug-in's.
 #pragma once
 
 #include "baseservices.h"
+#include "catalogfolder.h"
 #include "metreader.h"
 #include "plainreader.h"
 
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <QTextCodec>
-
-#include <benchmark/benchmark.h>
 
 namespace sampledescriptions {
 
 constexpr quint32 hostVersion = 2300;
 
-/// The host's component folders, in a temporary folder.
-class Folder {
-public:
-    Folder()
-    {
-        QDir(m_folder.path()).mkpath(QStringLiteral("6"));
-        QDir(m_folder.path()).mkpath(QStringLiteral("9"));
-        descriptions = m_folder.filePath(QStringLiteral("6/"));
-        components = m_folder.filePath(QStringLiteral("9/"));
-        write(components % QStringLiteral("ai8_ui.cmp"), "component");
-        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-    }
-
-    static void write(const QString &path, const QByteArray &content)
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-            qFatal("cannot write %s", qPrintable(path));
-        }
-    }
-
-    QString descriptions;
-    QString components;
-
-private:
-    QTemporaryDir m_folder;
-};
-
-inline Folder &folder()
+/// The catalog of the program, whose encoding is UTF-8 on every machine.
+inline CatalogFolder &catalog()
 {
-    static Folder theFolder;
-    return theFolder;
+    static CatalogFolder theCatalog;
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    return theCatalog;
 }
 
-/// What stands in an entry but its start, its end and its type code: every other key once, in 40 lines with these. A
-/// ";" begins a comment in an INI file too.
+/// Returns the lines of an entry without start, end and type code, which make 40 lines with these. Each other key
+/// occurs once. A ";" also begins a comment in an INI file.
 inline const QByteArray &entryLines()
 {
     static const QByteArray lines = "; Eight inputs and eight outputs for voltages and currents.\n"
                                     ";\n"
-                                    "; What the catalog shows\n"
+                                    "; For the catalog\n"
                                     "MetVersion=1.0\n"
                                     "NeedHwCnfgVersion=2000\n"
                                     "ObjName=Analog Module 8 x U/I in, 8 x U/I out\n"
@@ -68,10 +39,10 @@ inline const QByteArray &entryLines()
                                     "BaseType=1\n"
                                     "NumIOModules=1\n"
                                     "NotSupported=3552,3553,3554\n"
-                                    "ServerFile=ai8_ui.cmp\n"
+                                    "ServerFile=module.cmp\n"
                                     "IsCatEntry=1\n"
                                     "\n"
-                                    "; What the controller gets\n"
+                                    "; For the controller\n"
                                     "ModuleInfo=08080000\n"
                                     "IntSupported=01,02,00,00,00\n"
                                     "IntEnableTbl=01,00,00,00,00\n"
@@ -85,8 +56,8 @@ inline const QByteArray &entryLines()
                                     "SampPeriodGrpCnfg=1\n"
                                     "SampPeriodList=5ms,10ms,50ms,100ms\n"
                                     "\n"
-                                    "; Where the module can stand\n"
-                                    "; and what it cannot do there\n"
+                                    "; Possible places of the module\n"
+                                    "; and its restrictions there\n"
                                     "SupportEtherCAT=1\n"
                                     "SupportCANopen=1\n"
                                     "supportRack=4\n"
@@ -102,13 +73,13 @@ inline QByteArray descriptionEntry(quint32 typeCode)
     return "[MODULE START]\n" + entryLines() + "ObjID=" + QByteArray::number(typeCode, 16) + "\n[END]\n";
 }
 
-/// The same as a section of an INI file.
+/// Returns the same as a section of an INI file.
 inline QByteArray iniSection(const QByteArray &name, quint32 typeCode)
 {
     return "[" + name + "]\n" + entryLines() + "ObjID=" + QByteArray::number(typeCode, 16) + "\n\n";
 }
 
-/// A look-up as anyone would write it.
+/// A simple lookup. Returns the index of the entry, or -1.
 inline qint32 lookUpPlainly(quint32 typeCode, ModuleMetInfo &destination)
 {
     QFile file(metFilePath(typeCode));
@@ -128,8 +99,9 @@ inline qint32 lookUpPlainly(quint32 typeCode, ModuleMetInfo &destination)
 
 QString getHwcnfgComponentPath(HwcnfgComponent component)
 {
-    return component == HwcnfgComponent::ModuleDescription ? sampledescriptions::folder().descriptions
-                                                           : sampledescriptions::folder().components;
+    static const QString descriptions = sampledescriptions::catalog().path(QStringLiteral("6/"));
+    static const QString components = sampledescriptions::catalog().path(QStringLiteral("9/"));
+    return component == HwcnfgComponent::ModuleDescription ? descriptions : components;
 }
 
 quint32 getAppVerNum()
