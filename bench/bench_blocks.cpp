@@ -56,10 +56,8 @@ bool isCatalogUsed = true;
 // The linker replaces the plug-in's functions by these; see the option --wrap in CMakeLists.txt.
 qint32 catalogLookUp(quint32 typeCode, ModuleMetInfo &destination) asm("__real__Z13lookUpMetInfojR13ModuleMetInfo");
 qint32 lookUp(quint32 typeCode, ModuleMetInfo &destination) asm("__wrap__Z13lookUpMetInfojR13ModuleMetInfo");
-QString catalogComponent(const ModuleMetInfo &info) asm("__real__Z17componentFilePathRK13ModuleMetInfo");
-QString component(const ModuleMetInfo &info) asm("__wrap__Z17componentFilePathRK13ModuleMetInfo");
-bool isOnDisk(const QString &path) asm("__real__ZN5QFile6existsERK7QString");
-bool isThere(const QString &path) asm("__wrap__ZN5QFile6existsERK7QString");
+bool isComponentOnDisk(const ModuleMetInfo &info) asm("__real__Z16hasComponentFileRK13ModuleMetInfo");
+bool isComponentThere(const ModuleMetInfo &info) asm("__wrap__Z16hasComponentFileRK13ModuleMetInfo");
 
 qint32 lookUp(quint32 typeCode, ModuleMetInfo &destination)
 {
@@ -70,14 +68,9 @@ qint32 lookUp(quint32 typeCode, ModuleMetInfo &destination)
     return 0;
 }
 
-QString component(const ModuleMetInfo &info)
+bool isComponentThere(const ModuleMetInfo &info)
 {
-    return isCatalogUsed ? catalogComponent(info) : QString();
-}
-
-bool isThere(const QString &path)
-{
-    return !isCatalogUsed || isOnDisk(path);
+    return !isCatalogUsed || isComponentOnDisk(info);
 }
 
 // The record in a QDataStream: the fields of a block one by one, the hashes as a whole.
