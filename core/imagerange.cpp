@@ -2,8 +2,6 @@
 
 namespace {
 
-constexpr qint32 noRoom = -1;
-
 VarArea areaOf(const IoMap &range)
 {
     return static_cast<VarArea>(range.area);
@@ -32,8 +30,8 @@ bool claimRange(const QString &owner, IoMap &range, qint32 length)
 
 bool confirmRange(const QString &owner, IoMap &range, VarArea wordArea)
 {
-    // Intended: only the area decides, so double words in the variable area are confirmed with a bit length,
-    // shorter than what was claimed and what will be freed.
+    // Intended: only the area decides. Double words in the variable area are therefore confirmed with a length in
+    // bits, which is shorter than what was claimed and what will be freed.
     const qint32 length = areaOf(range) == wordArea ? range.count * 2 : bitLength(range);
     if (length == 0 || owner.isEmpty()) {
         return true;

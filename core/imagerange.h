@@ -1,35 +1,30 @@
-// A module's image ranges and the host's memory service: claim, confirm, take and free.
+// A module's image ranges and the host's memory service: claim, confirm, retake and free.
 //
-// None of these calls the host when the owner is empty, but for freeRange.
+// With an empty owner none of these functions calls the host. Exception: freeRange() always does.
 #pragma once
 
 #include "baseservices.h"
 #include "iomap.h"
 
-/// getMemory's only good answer; every other one is an error code.
+/// The only success code of the host's getMemory(); all others are error codes.
 constexpr qint32 memoryHeld = 1;
+/// What the host's autoMallocMemory() returns instead of a start address if it finds no room.
+constexpr qint32 noRoom = -1;
 
-/// Bytes that @p channels occupy: @p unit bytes each, or one bit each if @p unit is 0. 64 bits wide because the host's
-/// channel count is any 32-bit number.
-constexpr qint64 bytesOfChannels(quint8 unit, qint64 channels)
-{
-    return unit == 0 ? (channels + 7) / 8 : channels * unit;
-}
-
-/// Bytes that the channels of a range occupy.
+/// Returns the number of bytes that the channels of @p range occupy.
 quint16 rangeLength(const IoMap &range);
 
-/// Claims @p length bytes (0 = nothing to claim) anywhere in the range's area and stores the start.
-/// False when the host has no room; the start then reads 65535.
+/// Claims @p length bytes anywhere in the range's area and stores the start; no-op if @p length is 0.
+/// Returns false if the host has no room; the start is then 65535.
 bool claimRange(const QString &owner, IoMap &range, qint32 length);
 
-/// Makes sure that the host holds the range: where it is, else wherever there is room.
-/// @p wordArea is the area of the direction whose channels are words; all others count bits, whatever the unit.
-/// False when there is no room; the start then reads 65535.
+/// Claims the range at its start, or anywhere in its area if that fails.
+/// The length is that of words if the range is in @p wordArea, else that of bits; the unit is ignored.
+/// Returns false if the host has no room; the start is then 65535.
 bool confirmRange(const QString &owner, IoMap &range, VarArea wordArea);
 
-/// Takes the stored range again; a refusal of the host is ignored.
+/// Claims @p length bytes at the stored start. An error of the host is ignored.
 void retakeRange(const QString &owner, const IoMap &range, quint8 length);
 
-/// Gives the range back, whatever the owner.
+/// Releases the range, also under an empty owner.
 void freeRange(const QString &owner, const IoMap &range);
