@@ -39,14 +39,21 @@ const ModuleKind &moduleKind(quint32 objId)
     return range == std::end(codeRanges) ? plainKind : range->kind;
 }
 
-quint8 factorySignalFamily(quint32 objId)
+std::optional<quint8> fixedSignalFamily(quint32 objId)
 {
     switch (objId) {
+    case 13395:
+        return VoltageCurrent;
     case 13396:
         return Thermocouple;
     case 13397:
         return ResistanceThermometer;
     default:
-        return VoltageCurrent;
+        return std::nullopt;
     }
+}
+
+quint8 factorySignalFamily(quint32 objId)
+{
+    return fixedSignalFamily(objId).value_or(VoltageCurrent);
 }
