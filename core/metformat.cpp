@@ -1,154 +1,21 @@
-#include "metformat.h"
-
-#include <QStringList>
+#include "metkeys.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
-#include <limits>
 
 namespace {
 
-// The plain constructor of QLatin1String is a constant expression for one compiler only.
-constexpr QLatin1String operator""_key(const char *name, std::size_t length)
-{
-    return QLatin1String(name, static_cast<int>(length));
-}
-
-template <class Member>
-struct MemberType;
-template <class Type>
-struct MemberType<Type ModuleMetInfo::*> {
-    using type = Type;
-};
-template <auto Member>
-using MemberTypeOf = typename MemberType<decltype(Member)>::type;
-
-// Text that is no number reads as 0; what exceeds the field is cut off.
-template <class Number>
-Number parseNumber(QStringView text, MetValue value)
-{
-    return static_cast<Number>(metNumber(text, metBase(value)).value_or(0));
-}
-
-template <auto Member>
-bool keepMember(const ModuleMetInfo &before, ModuleMetInfo &entry)
-{
-    const bool isOther = entry.*Member != before.*Member;
-    entry.*Member = before.*Member;
-    return isOther;
-}
-
-template <auto Member>
-constexpr MetKey kept(MetKey key)
-{
-    key.keep = keepMember<Member>;
-    return key;
-}
-
-constexpr MetKey deciding(MetKey key)
-{
-    key.decides = true;
-    return key;
-}
-
-template <auto Member>
-constexpr MetKey text(QLatin1String name)
-{
-    return {name, MetValue::Text, 0, 0,
-            [](ModuleMetInfo &entry, QStringView value) { entry.*Member = metText(value); }};
-}
-
-template <auto Member, MetValue Value>
-constexpr MetKey number(QLatin1String name)
-{
-    using Number = MemberTypeOf<Member>;
-    return {name, Value, quint32{std::numeric_limits<Number>::max()}, 0,
-            [](ModuleMetInfo &entry, QStringView value) { entry.*Member = parseNumber<Number>(value, Value); }};
-}
-
-template <auto Member>
-constexpr MetKey decimal(QLatin1String name)
-{
-    return number<Member, MetValue::Decimal>(name);
-}
-
-template <auto Member>
-constexpr MetKey hexadecimal(QLatin1String name)
-{
-    return number<Member, MetValue::Hexadecimal>(name);
-}
-
-template <auto Member>
-constexpr MetKey flag(QLatin1String name)
-{
-    return {name, MetValue::Flag, std::numeric_limits<quint32>::max(), 0, [](ModuleMetInfo &entry, QStringView value) {
-                entry.*Member = parseNumber<quint32>(value, MetValue::Flag) != 0;
-            }};
-}
-
-/// Calls @p visit with each item of a list, until it returns false.
-template <class Visitor>
-void visitItems(QStringView list, Visitor &&visit)
-{
-    const auto *item = list.begin();
-    for (;;) {
-        const auto *comma = std::find(item, list.end(), QLatin1Char(','));
-        if (!visit(QStringView(item, comma)) || comma == list.end()) {
-            return;
-        }
-        item = std::next(comma);
-    }
-}
-
-template <auto Member>
-void assignBytes(ModuleMetInfo &entry, QStringView value)
-{
-    auto &bytes = entry.*Member;
-    auto byte = bytes.begin();
-    visitItems(value, [&byte, &bytes](QStringView item) {
-        *byte = parseNumber<quint8>(item, MetValue::Bytes);
-        return ++byte != bytes.end();
-    });
-}
-
-template <auto Member>
-constexpr MetKey bytes(QLatin1String name)
-{
-    return {name, MetValue::Bytes, std::numeric_limits<quint8>::max(), int{std::tuple_size_v<MemberTypeOf<Member>>},
-            assignBytes<Member>};
-}
-
-void assignVersion(ModuleMetInfo &entry, QStringView value)
-{
-    entry.fwVersion = parseNumber<quint8>(metVersionDigits(metText(value)), MetValue::Version);
-}
-
-void appendNotSupported(ModuleMetInfo &entry, QStringView value)
-{
-    visitItems(value, [&entry](QStringView item) {
-        entry.notSupported.append(parseNumber<quint32>(item, MetValue::Codes));
-        return true;
-    });
-}
-
-void appendSampPeriods(ModuleMetInfo &entry, QStringView value)
-{
-    visitItems(metText(value), [&entry](QStringView item) {
-        entry.sampPeriodList.append(item.toString());
-        return true;
-    });
-}
-
 constexpr ushort asciiEnd = 0x80;
 
-/// The lower case of an ASCII letter; of anything else no ASCII letter.
+/// Returns the lower case of an ASCII letter; for any other character, not an ASCII letter.
 constexpr ushort lowerLetter(ushort character)
 {
     return character | 0x20U;
 }
 
-/// As the framework's comparison without case, of which only the rare case is left to it: a few characters beyond
-/// ASCII count as the capitals of ASCII letters. @p prefix consists of ASCII letters.
+/// Equivalent to QStringView::startsWith() without regard to case, for a @p prefix of ASCII letters. Only characters
+/// beyond ASCII are left to that function, because a few of them are capitals of ASCII letters.
 bool beginsWithLetters(QStringView line, QLatin1String prefix)
 {
     if (line.size() < prefix.size()) {
@@ -163,7 +30,7 @@ bool beginsWithLetters(QStringView line, QLatin1String prefix)
     return true;
 }
 
-/// The usual number: up to eight digits and nothing else, so that no base makes it too large.
+/// Fast path for the usual number: eight digits at most, so it cannot overflow in any base, and no other character.
 std::optional<quint32> plainNumber(QStringView text, int base)
 {
     std::array<char, 8> digits{};
@@ -187,7 +54,7 @@ MetLine markerLine(QStringView line)
     return {isEnd ? MetLineKind::End : MetLineKind::Other, nullptr, line};
 }
 
-MetLine blankedLine(QStringView line)
+MetLine spacedLine(QStringView line)
 {
     const auto *first = std::find_if(line.begin(), line.end(), [](QChar character) { return !character.isSpace(); });
     const bool isComment = first != line.end() && *first == QLatin1Char(';');
@@ -195,39 +62,6 @@ MetLine blankedLine(QStringView line)
 }
 
 } // namespace
-
-using Info = ModuleMetInfo;
-
-// Intended: the kept ones have the value of the entry before when an entry does not give them; files in the field
-// rely on it.
-constexpr std::array<MetKey, 26> metKeys{
-    text<&Info::metVersion>("MetVersion"_key),
-    deciding(decimal<&Info::needHwCnfgVersion>("NeedHwCnfgVersion"_key)),
-    text<&Info::objName>("ObjName"_key),
-    text<&Info::mlfb>("MLFB"_key),
-    deciding(hexadecimal<&Info::objId>("ObjID"_key)),
-    hexadecimal<&Info::parentObjId>("ParentObjID"_key),
-    decimal<&Info::baseType>("BaseType"_key),
-    decimal<&Info::numIOModules>("NumIOModules"_key),
-    MetKey{"NotSupported"_key, MetValue::Codes, std::numeric_limits<quint32>::max(), 0, appendNotSupported},
-    text<&Info::serverFile>("ServerFile"_key),
-    flag<&Info::isCatEntry>("IsCatEntry"_key),
-    hexadecimal<&Info::moduleInfo>("ModuleInfo"_key),
-    bytes<&Info::intSupported>("IntSupported"_key),
-    bytes<&Info::intEnableTbl>("IntEnableTbl"_key),
-    MetKey{"FwVersion"_key, MetValue::Version, std::numeric_limits<quint8>::max(), 0, assignVersion},
-    bytes<&Info::buffCnfg>("BuffCnfg"_key),
-    bytes<&Info::syncCnfg>("SyncCnfg"_key),
-    kept<&Info::supportGrpCnfg>(flag<&Info::supportGrpCnfg>("SupportGrpCnfg"_key)),
-    kept<&Info::sampPeriodGrpCnfg>(flag<&Info::sampPeriodGrpCnfg>("SampPeriodGrpCnfg"_key)),
-    kept<&Info::sampPeriodList>(MetKey{"SampPeriodList"_key, MetValue::Texts, 0, 0, appendSampPeriods}),
-    kept<&Info::reservBytes>(bytes<&Info::reservBytes>("ReservBytes"_key)),
-    kept<&Info::supportEtherCAT>(decimal<&Info::supportEtherCAT>("SupportEtherCAT"_key)),
-    flag<&Info::supportCANopen>("SupportCANopen"_key),
-    kept<&Info::supportRack>(decimal<&Info::supportRack>("supportRack"_key)),
-    decimal<&Info::supportHSC>("SupportHSC"_key),
-    flag<&Info::softCtrlRemote>("softCtrlRemote"_key),
-};
 
 MetLine classifyMetLine(QStringView line)
 {
@@ -239,7 +73,7 @@ MetLine classifyMetLine(QStringView line)
         return markerLine(line);
     }
     if (initial == QLatin1Char(';') || initial.isSpace()) {
-        return blankedLine(line);
+        return spacedLine(line);
     }
     const auto *key = std::find_if(metKeys.begin(), metKeys.end(),
                                    [line](const MetKey &candidate) { return beginsWithLetters(line, candidate.name); });

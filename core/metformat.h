@@ -1,5 +1,5 @@
-// The text format of module description files: how bytes become lines, what a line is, and the keys.
-// The reader and the tools that explain what it does share these rules.
+// The text format of module description files: encoding, lines and values. The keys are in metkeys.h.
+// The reader and the tools that explain it share these rules.
 #pragma once
 
 #include "simpleextendpar.h"
@@ -8,27 +8,23 @@
 #include <QStringView>
 #include <QTextCodec>
 
-#include <array>
 #include <optional>
 
-/// What the value of a key is.
+/// The kind of value that a key has.
 enum class MetValue { Text, Texts, Decimal, Hexadecimal, Flag, Version, Bytes, Codes };
 
-/// A key of an entry. Its functions stand for the member of ModuleMetInfo that it sets.
+/// A key of an entry. Its functions access the member of ModuleMetInfo that it sets.
 struct MetKey {
     QLatin1String name;
     MetValue value;
-    quint32 largest; ///< largest number, also as an item of a list, that the member holds; 0 for texts
-    int itemLimit;   ///< items that a list of bytes keeps; 0 = every item, or no list
-    void (*assign)(ModuleMetInfo &entry, QStringView value); ///< takes a metValue
-    /// Carries the member over into the next entry and tells whether that changed it; null = each entry starts with
-    /// the initial value.
+    quint32 largest; ///< maximum number that the member, or an item of it, can store; 0 for texts
+    int itemLimit;   ///< maximum number of items of a list of bytes; 0 = no limit, or not a list
+    void (*assign)(ModuleMetInfo &entry, QStringView value); ///< @p value is a metValue()
+    /// Copies the member to the next entry and returns true if that changed the next entry; null = each entry starts
+    /// with the initial value.
     bool (*keep)(const ModuleMetInfo &before, ModuleMetInfo &entry) = nullptr;
-    bool decides = false; ///< a look-up needs the member to tell whether it has found its entry
+    bool decides = false; ///< a lookup needs the member to choose its entry
 };
-
-/// All keys in test order: keys match as prefixes, so an earlier key wins over a longer one behind it.
-extern const std::array<MetKey, 26> metKeys;
 
 enum class MetLineKind { Comment, Start, Key, End, Other };
 
@@ -40,41 +36,37 @@ struct MetLine {
 
 MetLine classifyMetLine(QStringView line);
 
-/// Value of a Key line as it stands there: what follows the first "=", or the whole line when it has none.
+/// Returns the unchanged text after the first "=" of a Key line, or the whole line if it has no "=".
 QStringView metValue(const MetLine &line);
 
-/// A value as text: trimmed, and every inner run of white space is one blank.
+/// Returns a value without white space at its ends and with one space for each inner run of white space.
 QString metText(QStringView value);
 
-/// Number base of a kind of value; 10 for texts.
+/// Returns the number base of a kind of value; 10 for texts.
 int metBase(MetValue value);
 
-/// A number without sign below 2^32, also between blanks, or nothing.
+/// Returns an unsigned 32-bit number, which may have white space around it; std::nullopt for any other text.
 std::optional<quint32> metNumber(QStringView text, int base);
 
-/// The digits of a version number: the text without its dots.
+/// Returns a version number without its dots.
 QString metVersionDigits(const QString &text);
 
-/// The text of a file, read with the Unicode encoding that its byte-order mark names, else in @p encoding,
-/// for the reader that of the locale. What is left of an incomplete character at the end of the file is dropped and
-/// counted in @p state.
+/// Returns the text of a file. The encoding is the Unicode encoding of its byte-order mark, or @p encoding without such
+/// a mark; the reader uses that of the locale. An incomplete character at the end is dropped and counted in @p state.
 QString decodeMetFile(const QByteArray &content, QTextCodec *encoding, QTextCodec::ConverterState &state);
 
-/// Calls @p visit with each line, without its end ("\n", "\r\n", or "\r" at the end of the text), until it returns
-/// false.
-template <class Visitor>
-void visitMetLines(QStringView text, Visitor &&visit)
+/// Removes the first line from @p text. Returns it without its end, which is "\n", "\r\n", or "\r" at the end of the
+/// text; std::nullopt if @p text is empty.
+inline std::optional<QStringView> takeMetLine(QStringView &text)
 {
-    while (!text.isEmpty()) {
-        const auto newline = text.indexOf(QLatin1Char('\n'));
-        const auto length = newline < 0 ? text.size() : newline;
-        QStringView line = text.left(length);
-        if (line.endsWith(QLatin1Char('\r'))) {
-            line.chop(1);
-        }
-        if (!visit(line)) {
-            return;
-        }
-        text = newline < 0 ? QStringView() : text.mid(newline + 1);
+    if (text.isEmpty()) {
+        return std::nullopt;
     }
+    const auto newline = text.indexOf(QLatin1Char('\n'));
+    QStringView line = newline < 0 ? text : text.left(newline);
+    text = newline < 0 ? QStringView() : text.mid(newline + 1);
+    if (line.endsWith(QLatin1Char('\r'))) {
+        line.chop(1);
+    }
+    return line;
 }

@@ -7,47 +7,23 @@
 
 namespace {
 
-/// Calls @p visit for each line of the type code's file until it returns false.
-template <class Visitor>
-void visitLines(quint32 typeCode, Visitor &&visit)
+/// Returns the text of the type code's file; empty if the file cannot be read.
+QString readMetFile(quint32 typeCode)
 {
-    // The file is read in one piece: a buffer would only copy it once more.
+    // Unbuffered, because the file is read in one piece.
     QFile file(metFilePath(typeCode));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        return;
+        return {};
     }
     QTextCodec::ConverterState state;
-    const QString text = decodeMetFile(file.readAll(), QTextCodec::codecForLocale(), state);
-    visitMetLines(text, [&visit](QStringView line) { return visit(classifyMetLine(line)); });
+    return decodeMetFile(file.readAll(), QTextCodec::codecForLocale(), state);
 }
 
-/// Takes in what decides whether an entry is chosen and what the next one keeps; the rest waits for complete().
-class ChoosingParser {
-public:
-    /// As MetParser. The lines must live as long as the parser.
-    const ModuleMetInfo *feed(const MetLine &line)
-    {
-        if (line.kind == MetLineKind::Start) {
-            m_waiting.clear();
-        }
-        if (line.kind == MetLineKind::Key && !line.key->decides && line.key->keep == nullptr) {
-            m_waiting.append(line);
-            return nullptr;
-        }
-        return m_parser.feed(line);
-    }
-    /// Fills the entry that feed() gave out.
-    void complete()
-    {
-        for (const MetLine &line : m_waiting) {
-            m_parser.feed(line);
-        }
-    }
-
-private:
-    MetParser m_parser;
-    QVarLengthArray<MetLine, 32> m_waiting;
-};
+/// Returns true if neither the choice of an entry nor the next entry depends on the line.
+bool canWait(const MetLine &line)
+{
+    return line.kind == MetLineKind::Key && !line.key->decides && line.key->keep == nullptr;
+}
 
 } // namespace
 
@@ -95,41 +71,53 @@ QString metFilePath(quint32 typeCode)
 
 QVector<ModuleMetInfo> readMetEntries(quint32 typeCode)
 {
+    const QString text = readMetFile(typeCode);
     QVector<ModuleMetInfo> entries;
     MetParser parser;
-    visitLines(typeCode, [&](const MetLine &line) {
-        if (const ModuleMetInfo *entry = parser.feed(line)) {
+    QStringView rest(text);
+    while (const auto line = takeMetLine(rest)) {
+        if (const ModuleMetInfo *entry = parser.feed(classifyMetLine(*line))) {
             entries.append(*entry);
         }
-        return true;
-    });
+    }
     return entries;
 }
 
 qint32 lookUpMetInfo(quint32 typeCode, ModuleMetInfo &destination)
 {
     const quint32 searched = searchedTypeCode(typeCode);
+    const QString text = readMetFile(searched);
     const quint32 hostVersion = getAppVerNum();
     qint32 index = 0;
-    bool found = false;
-    ChoosingParser parser;
-    visitLines(searched, [&](const MetLine &line) {
+    MetParser parser;
+    QVarLengthArray<MetLine, 32> waiting; // for the entry to be chosen
+    QStringView rest(text);
+    while (const auto taken = takeMetLine(rest)) {
+        const MetLine line = classifyMetLine(*taken);
+        if (canWait(line)) {
+            waiting.append(line);
+            continue;
+        }
+        if (line.kind == MetLineKind::Start) {
+            waiting.clear();
+        }
         const ModuleMetInfo *entry = parser.feed(line);
         if (entry == nullptr) {
-            return true;
+            continue;
         }
         if (static_cast<quint32>(entry->needHwCnfgVersion) > hostVersion) {
-            return false;
+            return -1;
         }
         if (entry->objId != searched) {
             ++index;
-            return true;
+            continue;
         }
-        parser.complete();
+        for (const MetLine &waitingLine : waiting) {
+            parser.feed(waitingLine);
+        }
         destination = *entry;
         destination.objId = typeCode;
-        found = true;
-        return false;
-    });
-    return found ? index : -1;
+        return index;
+    }
+    return -1;
 }

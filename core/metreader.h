@@ -1,17 +1,17 @@
-// Module description files: one text file per type code, in the host's description folder, with one or more
-// entries between "[MODULE START]" and "[END]", a "Key=value" pair per line.
+// Reads module description files. Each type code has one text file in the host's description folder. A file has one or
+// more entries between "[MODULE START]" and "[END]", with one "Key=value" pair per line.
 //
-// A file is read anew at each look-up; nothing is cached.
+// Each lookup reads the file again, without a cache.
 #pragma once
 
-#include "metformat.h"
+#include "metkeys.h"
 
 #include <QVector>
 
-/// Takes the lines of one file and gives out its entries as they end.
+/// Parses the lines of one file and yields each entry at its [END].
 class MetParser {
 public:
-    /// The finished entry when @p line ends one, else null. The entry is valid until the next line.
+    /// Returns the entry that @p line ends, or null. The parser owns the entry, which is valid until the next call.
     const ModuleMetInfo *feed(const MetLine &line);
 
 private:
@@ -20,19 +20,19 @@ private:
     ModuleMetInfo m_entry;
 };
 
-/// The type code that a look-up of @p typeCode searches for: 3 for 4, else the same.
+/// Returns the type code that a lookup of @p typeCode searches for: 3 for 4, and @p typeCode for all others.
 quint32 searchedTypeCode(quint32 typeCode);
 
-/// Name of the description file of a type code, without folder.
+/// Returns the name of a type code's description file, without folder.
 QString metFileName(quint32 typeCode);
 
-/// Path of the description file of a type code.
+/// Returns the path of a type code's description file.
 QString metFilePath(quint32 typeCode);
 
-/// All entries of the type code's file, in file order; empty when the file cannot be read.
+/// Returns all entries of the type code's file in file order; empty if the file cannot be read.
 QVector<ModuleMetInfo> readMetEntries(quint32 typeCode);
 
-/// Copies the entry of @p typeCode to @p destination and returns its index in the file, or returns -1 and leaves
-/// @p destination alone. An entry that needs a newer host ends the search, also for entries behind it. Type code 4
-/// is looked up as 3 and keeps its own code.
+/// Copies the first entry of @p typeCode to @p destination. Intended: type code 4 is looked up as 3, and the copy has
+/// the type code 4; an entry that needs a newer host ends the search, so it hides all entries after it.
+/// @return the index of the entry in the file, from 0; -1 if there is none, and then @p destination is unchanged
 qint32 lookUpMetInfo(quint32 typeCode, ModuleMetInfo &destination);

@@ -12,10 +12,10 @@ void visitMetFile(const QByteArray &content, Visitor &&visit)
     QTextCodec::ConverterState state;
     const QString text = decodeMetFile(content, QTextCodec::codecForLocale(), state);
     MetParser parser;
-    visitMetLines(text, [&](QStringView line) {
-        visit(line, parser.feed(classifyMetLine(line)));
-        return true;
-    });
+    QStringView rest(text);
+    while (const auto line = takeMetLine(rest)) {
+        visit(*line, parser.feed(classifyMetLine(*line)));
+    }
 }
 
 } // namespace fuzz

@@ -76,10 +76,10 @@ QVector<Diagnostic> Linter::run()
     lintFileName();
     QTextCodec::ConverterState state;
     m_text = decodeMetFile(m_content, m_context.encoding, state);
-    visitMetLines(m_text, [this](QStringView line) {
-        lintLine(line);
-        return true;
-    });
+    QStringView rest(m_text);
+    while (const auto line = takeMetLine(rest)) {
+        lintLine(*line);
+    }
     lintEncoding(state);
     lintEndOfFile();
     std::stable_sort(m_diagnostics.begin(), m_diagnostics.end(), [](const Diagnostic &left, const Diagnostic &right) {
