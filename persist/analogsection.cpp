@@ -6,45 +6,46 @@ namespace {
 
 using namespace blocklayout;
 
-/// @p fieldsSize counts what follows the head; the length in front of the head does not count itself.
-void writeRecordHead(BlockWriter &writer, int fieldsSize, quint8 family, quint8 channel)
-{
-    writer.u16("recordLength", static_cast<quint16>(analogRecordHeadSize + fieldsSize));
-    writer.u8("family", family);
-    writer.u8("channel", channel);
-}
+using WriteFields = void (*)(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel, quint8 family);
 
 void writeInput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel, quint8 family)
 {
-    const AiFilter filter = par.aiFilter.value(channel);
-    const AiRange range = par.aiRange.value(channel);
-    writeRecordHead(writer, analogInputSize(family), family, channel);
-    walkAnalogInput(writer, family, filter, range);
+    walkAnalogInput(FieldArchive(writer), family, par.aiFilter.value(channel), par.aiRange.value(channel));
 }
 
-void writeOutput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel, quint8 family)
+void writeOutput(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel, quint8 /*family*/)
 {
-    const AqOutTbl stop = par.aqOutTbl.value(channel);
-    const AqOutType type = par.aqOutType.value(channel);
-    const int mark = writer.mark();
-    writeRecordHead(writer, analogOutputSize, family, channel);
-    walkAnalogOutput(writer, stop, type);
-    writeDiagnostic(DiagnosticLine::AnalogOutputRecord, writer.writtenSince(mark));
+    walkAnalogOutput(FieldArchive(writer), par.aqOutTbl.value(channel), par.aqOutType.value(channel));
 }
 
-using WriteChannel = void (*)(BlockWriter &, const SimpleExtendPar &, quint8 channel, quint8 family);
+/// Returns the mark of the record.
+int writeRecord(BlockWriter &writer, const SimpleExtendPar &par, quint8 channel, quint8 family, WriteFields writeFields)
+{
+    const int lengthMark = writer.reserve(2);
+    const int recordMark = writer.mark(); // the length does not include itself
+    writer.u8(family);
+    writer.u8(channel);
+    writeFields(writer, par, channel, family);
+    writer.patch(lengthMark, ushortToByteArray(static_cast<quint16>(writer.mark() - recordMark)));
+    return lengthMark;
+}
 
-/// False when fewer channels are known than counted.
+/// Returns false and writes nothing if fewer channels are stored than counted.
 bool writeChannels(BlockWriter &writer, const SimpleExtendPar &par, SectionType type, quint8 count,
-                   const QHash<quint8, quint8> &kinds, WriteChannel writeChannel)
+                   const QHash<quint8, quint8> &kinds, WriteFields writeFields)
 {
     if (kinds.size() < count) {
         return false;
     }
     const int mark = beginSection(writer, type);
-    writer.u8("count", count);
-    visitChannels(kinds, [&](quint8 channel, quint8 family) { writeChannel(writer, par, channel, family); });
-    endSection(writer, mark);
+    writer.u8(count);
+    visitChannels(kinds, [&](quint8 channel, quint8 family) {
+        const int recordMark = writeRecord(writer, par, channel, family, writeFields);
+        if (type == SectionType::AnalogOutput) {
+            writeDiagnostic(DiagnosticLine::AnalogOutputRecord, writer.since(recordMark));
+        }
+    });
+    writer.endLength(mark);
     return true;
 }
 
@@ -52,7 +53,7 @@ void readInput(ByteReader &body, SimpleExtendPar &par, quint8 family, quint8 cha
 {
     AiFilter filter;
     AiRange range{};
-    walkAnalogInput(body, family, filter, range);
+    walkAnalogInput(FieldArchive(body), family, filter, range);
     if (body.failed()) {
         return;
     }
@@ -65,7 +66,7 @@ void readOutput(ByteReader &body, SimpleExtendPar &par, quint8 family, quint8 ch
 {
     AqOutTbl stop;
     AqOutType type;
-    walkAnalogOutput(body, stop, type);
+    walkAnalogOutput(FieldArchive(body), stop, type);
     if (body.failed()) {
         return;
     }
@@ -74,27 +75,27 @@ void readOutput(ByteReader &body, SimpleExtendPar &par, quint8 family, quint8 ch
     par.aqOutType[channel] = type;
 }
 
-using ReadChannel = void (*)(ByteReader &, SimpleExtendPar &, quint8 family, quint8 channel);
+using ReadFields = void (*)(ByteReader &body, SimpleExtendPar &par, quint8 family, quint8 channel);
 
-// Intended: the record length is checked against what remains, but the family alone decides how much is read.
-void readChannels(ByteReader &body, SimpleExtendPar &par, quint8 count, ReadChannel readChannel)
+/// Intended: the record length is compared with the remaining bytes, but only the family determines the bytes to read.
+void readChannels(ByteReader &body, SimpleExtendPar &par, quint8 count, ReadFields readFields)
 {
     for (; count > 0 && !body.failed(); --count) {
         quint16 size = 0;
-        body.u16("recordLength", size);
+        body.u16(size);
         if (body.failed() || size > body.remaining()) {
             return;
         }
         quint8 family = 0;
         quint8 channel = 0;
-        body.u8("family", family);
-        body.u8("channel", channel);
-        readChannel(body, par, family, channel);
+        body.u8(family);
+        body.u8(channel);
+        readFields(body, par, family, channel);
     }
 }
 
-/// Empties the hashes and makes room for what the block counts, at most 255 channels whatever it says.
-template <class... Hashes>
+/// Empties the hashes and reserves room for @p count channels, of which a block has at most 255.
+template <typename... Hashes>
 void makeRoom(quint8 count, Hashes &...hashes)
 {
     (hashes.clear(), ...);
@@ -103,44 +104,46 @@ void makeRoom(quint8 count, Hashes &...hashes)
 
 void readInputs(ByteReader &body, SimpleExtendPar &par)
 {
-    body.u8("count", par.aiCount);
+    body.u8(par.aiCount);
     makeRoom(par.aiCount, par.aiKind, par.aiFilter, par.aiRange);
     readChannels(body, par, par.aiCount, readInput);
 }
 
 void readOutputs(ByteReader &body, SimpleExtendPar &par)
 {
-    body.u8("count", par.aqCount);
+    body.u8(par.aqCount);
     makeRoom(par.aqCount, par.aqKind, par.aqOutTbl, par.aqOutType);
     readChannels(body, par, par.aqCount, readOutput);
 }
 
 } // namespace
 
-void writeAnalogSections(BlockWriter &writer, const SimpleExtendPar &par, quint8 &sectionCount)
+int writeAnalogSections(BlockWriter &writer, const SimpleExtendPar &par)
 {
+    int sectionCount = 0;
     const int start = writer.mark();
     if (par.aiCount != 0) {
         ++sectionCount;
         if (!writeChannels(writer, par, SectionType::AnalogInput, par.aiCount, par.aiKind, writeInput)) {
-            return;
+            return sectionCount;
         }
     }
     if (par.aqCount != 0) {
         ++sectionCount;
-        // Intended: the finished input section goes too, while the count stays raised; readers expect both.
+        // Intended: a failure also removes the input section, but sectionCount includes both, because readers expect
+        // it.
         if (!writeChannels(writer, par, SectionType::AnalogOutput, par.aqCount, par.aqKind, writeOutput)) {
             writer.truncate(start);
         }
     }
+    return sectionCount;
 }
 
-void readAnalogSection(Section section, SimpleExtendPar &par)
+void readAnalogSection(SectionType type, ByteReader &body, SimpleExtendPar &par)
 {
-    writeDiagnostic(DiagnosticLine::AnalogSection, section.fromHere);
-    if (section.type == SectionType::AnalogInput) {
-        readInputs(section.body, par);
-    } else if (section.type == SectionType::AnalogOutput) {
-        readOutputs(section.body, par);
+    if (type == SectionType::AnalogInput) {
+        readInputs(body, par);
+    } else if (type == SectionType::AnalogOutput) {
+        readOutputs(body, par);
     }
 }

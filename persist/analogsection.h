@@ -4,9 +4,9 @@
 #include "section.h"
 #include "simpleextendpar.h"
 
-/// Appends the sections that the module has and adds their number to @p sectionCount. When a direction has fewer
-/// channels in its aiKind or aqKind than it counts, nothing at all is appended, though the number has been raised.
-void writeAnalogSections(BlockWriter &writer, const SimpleExtendPar &par, quint8 &sectionCount);
+/// Appends the sections of the module and returns their number. If a direction has fewer channels in aiKind or aqKind
+/// than it counts, no section is appended, but the result includes the sections up to this direction.
+int writeAnalogSections(BlockWriter &writer, const SimpleExtendPar &par);
 
-/// Replaces all channels of the section's direction; ends at the first channel record that the section cuts short.
-void readAnalogSection(Section section, SimpleExtendPar &par);
+/// Replaces all channels of the section's direction, up to the first truncated channel record. Ignores other types.
+void readAnalogSection(SectionType type, ByteReader &body, SimpleExtendPar &par);

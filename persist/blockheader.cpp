@@ -1,5 +1,6 @@
 #include "blockheader.h"
 
+#include "fieldarchive.h"
 #include "imagerange.h"
 #include "metreader.h"
 
@@ -18,7 +19,7 @@ qint32 inputCount(const IoMap &range, quint32 moduleInfo)
     return analog ? getModuleAINum(moduleInfo) : getModuleDINum(moduleInfo);
 }
 
-// Intended: outputs in the variable area are counted as digital ones, unlike inputs.
+// Intended: outputs in the variable area are counted as digital ones, unlike inputs there.
 qint32 outputCount(const IoMap &range, quint32 moduleInfo)
 {
     return isIn(range, VarArea::AnalogOutput) ? getModuleAQNum(moduleInfo) : getModuleDQNum(moduleInfo);
@@ -27,7 +28,7 @@ qint32 outputCount(const IoMap &range, quint32 moduleInfo)
 void writeRange(BlockWriter &writer, const IoMap &range)
 {
     const auto length = static_cast<quint8>(rangeLength(range));
-    walkRange(writer, range, length);
+    walkRange(FieldArchive(writer), range, length);
 }
 
 void readRange(ByteReader &reader, const SimpleExtendPar &par, IoMap &range,
@@ -37,7 +38,7 @@ void readRange(ByteReader &reader, const SimpleExtendPar &par, IoMap &range,
         return;
     }
     quint8 length = 0;
-    walkRange(reader, range, length);
+    walkRange(FieldArchive(reader), range, length);
     range.count = static_cast<quint8>(channelCount(range, par.moduleInfo));
     if (!reader.failed()) {
         retakeRange(par.memoryOwner, range, length);
@@ -57,14 +58,14 @@ void readRanges(ByteReader &reader, SimpleExtendPar &par)
 void readInterruptTable(ByteReader &reader, SimpleExtendPar &par)
 {
     quint8 marker = 0;
-    reader.u8("marker", marker);
+    reader.u8(marker);
     if (reader.failed()) {
         return;
     }
     if (marker == 0) {
         par.intEnableTbl.fill(0);
     } else {
-        reader.raw("intEnableTbl", par.intEnableTbl);
+        reader.raw(par.intEnableTbl);
     }
 }
 
@@ -84,28 +85,28 @@ bool copyFromCatalog(SimpleExtendPar &par)
 void writeHeader(BlockWriter &writer, const SimpleExtendPar &par, BlockFormat format)
 {
     const int mark = writer.beginLength();
-    writer.raw("constant", headerConstant);
-    writer.u32FromSignedBytes("objId", par.objId);
-    walkHeader(writer, par, format);
+    writer.raw(headerConstant);
+    writer.u32FromSignedBytes(par.objId);
+    walkHeader(FieldArchive(writer), par, format);
     writeRange(writer, par.inMap);
     writeRange(writer, par.outMap);
-    writer.u8("marker", 1); // the interrupt table follows
-    writer.raw("intEnableTbl", par.intEnableTbl);
-    writer.raw("reservBytes", par.reservBytes);
+    writer.u8(1); // the interrupt table follows
+    writer.raw(par.intEnableTbl);
+    writer.raw(par.reservBytes);
     writer.endLength(mark);
 }
 
 HeaderResult readHeader(ByteReader header, SimpleExtendPar &par, BlockFormat format)
 {
-    header.u32FromSignedBytes("objId", par.objId);
+    header.u32FromSignedBytes(par.objId);
     if (header.failed()) {
         return HeaderRead;
     }
     if (!copyFromCatalog(par)) {
         return UnknownTypeCode;
     }
-    walkHeader(header, par, format);
+    walkHeader(FieldArchive(header), par, format);
     readRanges(header, par);
     readInterruptTable(header, par);
-    return HeaderRead; // the reserved bytes behind stay the catalog's
+    return HeaderRead; // intended: the reserved bytes are not read, so those of the catalog stay
 }

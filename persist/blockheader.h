@@ -1,4 +1,4 @@
-// The header record of a block: type code, placement, names, catalog fields, ranges.
+// The header record of a block: type code, placement, texts, catalog fields, ranges.
 #pragma once
 
 #include "blocklayout.h"
@@ -10,7 +10,7 @@ enum HeaderResult : qint32 { HeaderRead = 0, UnknownTypeCode = 129 };
 /// Appends the whole header record.
 void writeHeader(BlockWriter &writer, const SimpleExtendPar &par, BlockFormat format);
 
-/// Fills @p par from the catalog and then from the header's fields behind the frame; what the header does not hold
-/// keeps the catalog's value. Claims the ranges under the record's owner. With UnknownTypeCode only the type code
-/// was stored.
+/// Fills @p par from the catalog and then from the fields of the header, over which @p header is a cursor. Fields that
+/// a truncated header lacks keep the catalog's values. Claims the ranges under the record's owner. After
+/// UnknownTypeCode only the type code is stored.
 HeaderResult readHeader(ByteReader header, SimpleExtendPar &par, BlockFormat format);

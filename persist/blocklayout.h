@@ -1,14 +1,15 @@
-// The order of the fields in a block, once for everything that writes, reads or shows one.
+// The order and the names of the fields in a block, for all code that writes, reads or shows a block.
 //
-// A walk goes over a part of the block: Cursor is a BlockWriter, a ByteReader or a cursor of a tool with the same
-// functions; the values are constant for a writer and filled by the others.
+// A walk passes each field of one part of the block to a cursor, as a name and a value. A cursor that writes takes
+// constant values; a cursor that reads fills the values. It has one function per type of field: see FieldArchive.
 #pragma once
 
 #include "simpleextendpar.h"
 
 #include <array>
+#include <type_traits>
 
-/// The two blocks differ in their header alone: only the saved state carries comment and position.
+/// The two formats differ in the header: only the saved state has comment and position.
 enum class BlockFormat { SavedState, Configuration };
 
 enum class SectionType : quint8 {
@@ -21,42 +22,38 @@ enum class SectionType : quint8 {
 
 namespace blocklayout {
 
-/// Bytes before the header's own fields: its length and a constant, the one little-endian number of the block.
+/// Bytes before the fields of the header: its length and a constant, the only little-endian number of the block.
 constexpr int headerFrameSize = 8;
 constexpr std::array<quint8, 4> headerConstant{0, 2, 0, 0};
 
 constexpr int rangeSize = 4;
 constexpr int sectionFrameSize = 8;
 
-/// Bytes of a table with one bit per channel (or a 4-bit code per four channels).
+/// Returns the bytes of a table with one bit per channel or a 4-bit code per four channels.
 constexpr int bitTableSize(int channels)
 {
-    return (channels + 7) / 8;
+    return static_cast<int>(bytesOfChannels(0, channels));
 }
 
-// Intended: the bytes of a coordinate are joined with their signs, so one with a byte of 128 and above comes back
-// changed.
-template <class Cursor>
-void walkPosition(Cursor &cursor, QPoint &position)
+/// Intended: the bytes of a coordinate are joined with their signs, so a coordinate with a byte of 128 and above
+/// changes.
+template <typename Cursor, typename Position>
+void walkPosition(Cursor &cursor, Position &position)
 {
     auto x = static_cast<quint32>(position.x());
     auto y = static_cast<quint32>(position.y());
     cursor.u32FromSignedBytes("positionX", x);
     cursor.u32FromSignedBytes("positionY", y);
-    position = {static_cast<int>(x), static_cast<int>(y)};
+    if constexpr (!std::is_const_v<Position>) {
+        position = {static_cast<int>(x), static_cast<int>(y)};
+    }
 }
 
-template <class Cursor>
-void walkPosition(Cursor &cursor, const QPoint &position)
-{
-    QPoint copy = position;
-    walkPosition(cursor, copy);
-}
-
-/// The header between type code and ranges.
-/// Intended: the name's length byte has a sign, the comment's has none, so names end at 127 bytes, comments at 255.
-template <class Cursor, class Par>
-void walkHeader(Cursor &cursor, Par &par, BlockFormat format)
+/// The fields of the header between type code and ranges.
+/// Intended: the length byte of the name has a sign, that of the comment has none, so a name has at most 127 bytes and
+/// a comment at most 255.
+template <typename Cursor, typename Par>
+void walkHeader(Cursor &&cursor, Par &par, BlockFormat format)
 {
     cursor.lowByteSigned("rackId", par.rackId);
     cursor.lowByteSigned("slotId", par.slotId);
@@ -71,17 +68,17 @@ void walkHeader(Cursor &cursor, Par &par, BlockFormat format)
     cursor.raw("syncCnfg", par.syncCnfg);
 }
 
-/// @p length is the range's length in bytes, its low 8 bits.
-template <class Cursor, class Range, class Length>
-void walkRange(Cursor &cursor, Range &range, Length &length)
+/// @p length is the length of the range in bytes, truncated to 8 bits.
+template <typename Cursor, typename Range, typename Length>
+void walkRange(Cursor &&cursor, Range &range, Length &length)
 {
     cursor.u8("area", range.area);
     cursor.u16("start", range.start);
     cursor.u8("length", length);
 }
 
-/// Range bytes that a signal family carries, in the order of the block; none for an unknown family.
-/// Intended: voltage/current has open wire before direction, the temperature families direction before open wire.
+/// The range bytes of a signal family in the order of the block; none for an unknown family.
+/// Intended: voltage/current has open wire before direction, temperature families have direction before open wire.
 struct RangeOrder {
     std::array<AiRangeByte, 7> bytes{};
     std::size_t count = 0;
@@ -104,12 +101,21 @@ inline RangeOrder rangeOrder(quint8 family)
 constexpr std::array<const char *, AiRangeByteCount> rangeByteNames{
     "enable", "filterTime", "inputRange", "openWire", "direction", "temperatureScale", "coldJunction", "wiringScheme"};
 
-/// Bytes of an analog record's family and channel number, which every record begins with.
-constexpr int analogRecordHeadSize = 2;
+// The values of the record length, for tools that check it. The writer measures a record and needs none of them.
 
-/// An analog input record behind its head.
-template <class Cursor, class Filter, class Range>
-void walkAnalogInput(Cursor &cursor, quint8 family, Filter &filter, Range &range)
+/// Bytes of the family and the channel number at the start of an analog record.
+constexpr int analogRecordHeadSize = 2;
+/// Bytes of the fields of walkAnalogOutput().
+constexpr int analogOutputSize = 5;
+/// Returns the bytes of the fields of walkAnalogInput().
+inline int analogInputSize(quint8 family)
+{
+    return 4 + static_cast<int>(rangeOrder(family).count);
+}
+
+/// The fields of an analog input record after family and channel number.
+template <typename Cursor, typename Filter, typename Range>
+void walkAnalogInput(Cursor &&cursor, quint8 family, Filter &&filter, Range &&range)
 {
     cursor.u8("filterOn", filter.filterOn);
     cursor.u8("samples", filter.samples);
@@ -120,14 +126,9 @@ void walkAnalogInput(Cursor &cursor, quint8 family, Filter &filter, Range &range
     }
 }
 
-inline int analogInputSize(quint8 family)
-{
-    return 4 + static_cast<int>(rangeOrder(family).count);
-}
-
-/// An analog output record behind its head.
-template <class Cursor, class Stop, class Type>
-void walkAnalogOutput(Cursor &cursor, Stop &stop, Type &type)
+/// The fields of an analog output record after family and channel number.
+template <typename Cursor, typename Stop, typename Type>
+void walkAnalogOutput(Cursor &&cursor, Stop &&stop, Type &&type)
 {
     cursor.u8("freezeLast", stop.freezeLast);
     cursor.i16("stopValue", stop.stopValue);
@@ -135,11 +136,9 @@ void walkAnalogOutput(Cursor &cursor, Stop &stop, Type &type)
     cursor.u8("range", type.range);
 }
 
-constexpr int analogOutputSize = 5;
-
-/// A weighing record behind its channel number.
-template <class Cursor, class Par>
-void walkWeighing(Cursor &cursor, Par &par)
+/// The fields of a weighing record after its channel number.
+template <typename Cursor, typename Par>
+void walkWeighing(Cursor &&cursor, Par &par)
 {
     cursor.u8("enable", par.enable);
     cursor.f32("sensitivity", par.sensitivity);

@@ -1,19 +1,21 @@
-// Reads a block field by field and never past its end.
+// Reads the bytes of a block and never reads beyond its end.
 #pragma once
 
 #include "baseservices.h"
 
 #include <QByteArray>
 #include <QString>
+#include <QtEndian>
 
 #include <algorithm>
 #include <array>
+#include <numeric>
+#include <string_view>
 
-/// A cursor over bytes that it does not own; they must outlive it. Multi-byte numbers are big-endian. The names of the
-/// fields are for cursors that show what they read; this one has no use for them.
+/// A cursor over bytes that it does not own and that must outlive it. Numbers are big-endian.
 ///
-/// A read that wants more bytes than remain fails: it takes nothing and leaves its target as it is. Every read after
-/// it fails too, so a caller reads a whole record and asks failed() once.
+/// A read beyond the end fails: it takes no bytes and leaves its target unchanged. All later reads fail, too, so a
+/// caller can read a whole record and then check failed() once.
 class ByteReader {
 public:
     ByteReader(const char *bytes, int count) : m_at(bytes), m_left(count) {}
@@ -21,10 +23,10 @@ public:
 
     int remaining() const { return m_left; }
     bool failed() const { return m_failed; }
-    /// What has not been read yet; shares the bytes, so it must not outlive them.
-    QByteArray rest() const { return QByteArray::fromRawData(m_at, m_left); }
+    /// Returns a view of the unread bytes.
+    std::string_view rest() const { return {m_at, static_cast<std::size_t>(m_left)}; }
 
-    /// A cursor over the next @p count bytes alone, which this one steps over.
+    /// Returns a cursor over the next @p count bytes and steps over them.
     ByteReader sub(int count)
     {
         const char *bytes = take(count);
@@ -32,106 +34,73 @@ public:
     }
     void skip(int count) { take(count); }
 
-    void u8(const char * /*name*/, quint8 &value)
-    {
-        if (const char *bytes = take(1)) {
-            value = static_cast<quint8>(*bytes);
-        }
-    }
-    void u16(const char * /*name*/, quint16 &value)
-    {
-        if (const char *bytes = take(2)) {
-            value = static_cast<quint16>(joinUnsigned(bytes, 2));
-        }
-    }
-    void i16(const char * /*name*/, qint16 &value)
-    {
-        if (const char *bytes = take(2)) {
-            value = static_cast<qint16>(joinUnsigned(bytes, 2));
-        }
-    }
-    void u32(const char * /*name*/, quint32 &value)
+    void u8(quint8 &value) { number<quint8>(value); }
+    void u16(quint16 &value) { number<quint16>(value); }
+    void i16(qint16 &value) { number<qint16>(value); }
+    void u32(quint32 &value) { number<quint32>(value); }
+    /// Four bytes, each with its own sign: a byte of 128 and above borrows from the byte before it.
+    void u32FromSignedBytes(quint32 &value)
     {
         if (const char *bytes = take(4)) {
-            value = joinUnsigned(bytes, 4);
+            value = std::accumulate(bytes, bytes + 4, 0U, [](quint32 joined, char byte) {
+                return (joined << 8U) + static_cast<quint32>(static_cast<qint8>(byte));
+            });
         }
     }
-    /// Four bytes, each counted with its own sign: a byte of 128 and above borrows from the one before it.
-    void u32FromSignedBytes(const char * /*name*/, quint32 &value)
-    {
-        const char *bytes = take(4);
-        if (bytes == nullptr) {
-            return;
-        }
-        quint32 joined = 0;
-        for (int i = 0; i < 4; ++i) {
-            joined = (joined << 8U) + static_cast<quint32>(static_cast<qint8>(bytes[i]));
-        }
-        value = joined;
-    }
-    void f32(const char * /*name*/, float &value)
+    void f32(float &value)
     {
         if (const char *bytes = take(4)) {
             value = byteArrayToFloat(QByteArray::fromRawData(bytes, 4));
         }
     }
-    /// One byte with its sign.
-    template <class Integer>
-    void lowByteSigned(const char * /*name*/, Integer &value)
+    /// One byte, which has a sign.
+    template <typename Integer>
+    void lowByteSigned(Integer &value)
     {
-        if (const char *bytes = take(1)) {
-            value = static_cast<Integer>(static_cast<qint8>(*bytes));
-        }
+        number<qint8>(value);
     }
-    /// One byte without sign.
-    template <class Integer>
-    void lowByte(const char * /*name*/, Integer &value)
+    /// One byte, which has no sign.
+    template <typename Integer>
+    void lowByte(Integer &value)
     {
-        if (const char *bytes = take(1)) {
-            value = static_cast<Integer>(static_cast<quint8>(*bytes));
-        }
+        number<quint8>(value);
     }
-    void raw(const char * /*name*/, QByteArray &value, int count)
+    void raw(QByteArray &value, int count)
     {
         if (const char *bytes = take(count)) {
             value = QByteArray(bytes, count);
         }
     }
     template <std::size_t Size>
-    void raw(const char * /*name*/, std::array<quint8, Size> &value)
+    void raw(std::array<quint8, Size> &value)
     {
         if (const char *bytes = take(static_cast<int>(Size))) {
             std::copy_n(bytes, Size, value.begin());
         }
     }
-    /// A text in the local 8-bit encoding behind its length byte, which has a sign: a negative length takes no bytes.
-    /// A length beyond the end takes what is left.
-    void textSigned(const char *name, QString &value) { text(static_cast<qint8>(lengthByte(name)), value); }
-    /// The same, the length byte without sign.
-    void text(const char *name, QString &value) { text(lengthByte(name), value); }
+    /// A text in the local 8-bit encoding after its length byte, which has a sign: a negative length takes no bytes. A
+    /// length beyond the end takes all bytes.
+    void textSigned(QString &value) { textAfter<qint8>(value); }
+    /// The same with a length byte without sign.
+    void text(QString &value) { textAfter<quint8>(value); }
 
 private:
-    quint8 lengthByte(const char *name)
+    template <typename Stored, typename Value>
+    void number(Value &value)
     {
-        quint8 length = 0;
-        u8(name, length);
-        return length;
+        if (const char *bytes = take(static_cast<int>(sizeof(Stored)))) {
+            value = static_cast<Value>(qFromBigEndian<Stored>(bytes));
+        }
     }
-    void text(int length, QString &value)
+    template <typename Length>
+    void textAfter(QString &value)
     {
-        const int count = std::clamp(length, 0, m_left);
+        Length length = 0;
+        number<Length>(length);
+        const int count = std::clamp<int>(length, 0, m_left);
         if (const char *bytes = take(count)) {
             value = QString::fromLocal8Bit(bytes, count);
         }
-    }
-
-    static quint32 joinUnsigned(const char *bytes, int count)
-    {
-        quint32 joined = 0;
-        for (int i = 0; i < count; ++i) {
-            joined = (joined << 8U) | static_cast<quint8>(bytes[i]);
-        }
-        return joined;
     }
 
     const char *take(int count)

@@ -1,11 +1,11 @@
-// The debug lines that the persistence functions write, one per call, through the message logger.
+// The debug lines of the persistence functions, one per call. The message logger writes them.
 #pragma once
 
-#include "bytereader.h"
-
+#include <QByteArray>
 #include <QLoggingCategory>
 
-/// Which call a line belongs to. The values are printed and never change: filters of the host look for them.
+/// The call that a line belongs to. The values are printed and never change, because filters of the host search for
+/// them.
 enum class DiagnosticLine {
     Compile = 141,
     AnalogOutputRecord = 370,
@@ -16,13 +16,15 @@ enum class DiagnosticLine {
     Restore = 1350
 };
 
-/// Writes time, source name, line number and the bytes that @p bytes still holds.
-void printDiagnostic(DiagnosticLine line, const ByteReader &bytes);
+/// Writes time, source name, line number and @p bytes.
+void printDiagnostic(DiagnosticLine line, const QByteArray &bytes);
 
-/// The same where debug output of the default category is switched on; elsewhere it costs nothing but the question.
-inline void writeDiagnostic(DiagnosticLine line, const ByteReader &bytes)
+/// Calls printDiagnostic() if debug output of the default category is on. Otherwise it costs only this check.
+/// @p bytes is any contiguous container of char.
+template <typename Bytes>
+void writeDiagnostic(DiagnosticLine line, const Bytes &bytes)
 {
     if (QLoggingCategory::defaultCategory()->isDebugEnabled()) {
-        printDiagnostic(line, bytes);
+        printDiagnostic(line, QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size())));
     }
 }

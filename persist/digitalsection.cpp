@@ -1,7 +1,5 @@
 #include "digitalsection.h"
 
-#include "diagnostics.h"
-
 namespace {
 
 using blocklayout::bitTableSize;
@@ -9,41 +7,42 @@ using blocklayout::bitTableSize;
 void writeInputFilter(BlockWriter &writer, const SimpleExtendPar &par)
 {
     const int mark = beginSection(writer, SectionType::DigitalInputFilter);
-    writer.u8("count", par.diCount);
-    writer.raw("diFilter", par.diFilter);
-    endSection(writer, mark);
+    writer.u8(par.diCount);
+    writer.raw(par.diFilter);
+    writer.endLength(mark);
 }
 
 void readInputFilter(ByteReader &body, SimpleExtendPar &par)
 {
-    body.u8("count", par.diCount);
+    body.u8(par.diCount);
     if (body.failed()) {
         return;
     }
-    body.raw("diFilter", par.diFilter, bitTableSize(par.diCount));
-    par.dqCount = 0; // intended: only a table section behind this one says that there are outputs
+    body.raw(par.diFilter, bitTableSize(par.diCount));
+    par.dqCount = 0; // intended: only an output table after this section sets the number of outputs
 }
 
 void writeOutputTable(BlockWriter &writer, const SimpleExtendPar &par)
 {
     const int mark = beginSection(writer, SectionType::DigitalOutputTable);
-    writer.u8("count", par.dqCount);
-    writer.u8("dqMode", par.dqMode);
-    writer.raw("dqOutTbl", par.dqOutTbl);
-    endSection(writer, mark);
+    writer.u8(par.dqCount);
+    writer.u8(par.dqMode);
+    writer.raw(par.dqOutTbl);
+    writer.endLength(mark);
 }
 
 void readOutputTable(ByteReader &body, SimpleExtendPar &par)
 {
-    body.u8("count", par.dqCount);
-    body.u8("dqMode", par.dqMode);
-    body.raw("dqOutTbl", par.dqOutTbl, bitTableSize(par.dqCount));
+    body.u8(par.dqCount);
+    body.u8(par.dqMode);
+    body.raw(par.dqOutTbl, bitTableSize(par.dqCount));
 }
 
 } // namespace
 
-void writeDigitalSections(BlockWriter &writer, const SimpleExtendPar &par, quint8 &sectionCount)
+int writeDigitalSections(BlockWriter &writer, const SimpleExtendPar &par)
 {
+    int sectionCount = 0;
     if (par.diCount != 0) {
         ++sectionCount;
         writeInputFilter(writer, par);
@@ -52,14 +51,14 @@ void writeDigitalSections(BlockWriter &writer, const SimpleExtendPar &par, quint
         ++sectionCount;
         writeOutputTable(writer, par);
     }
+    return sectionCount;
 }
 
-void readDigitalSection(Section section, SimpleExtendPar &par)
+void readDigitalSection(SectionType type, ByteReader &body, SimpleExtendPar &par)
 {
-    writeDiagnostic(DiagnosticLine::DigitalSection, section.fromHere);
-    if (section.type == SectionType::DigitalInputFilter) {
-        readInputFilter(section.body, par);
-    } else if (section.type == SectionType::DigitalOutputTable) {
-        readOutputTable(section.body, par);
+    if (type == SectionType::DigitalInputFilter) {
+        readInputFilter(body, par);
+    } else if (type == SectionType::DigitalOutputTable) {
+        readOutputTable(body, par);
     }
 }

@@ -4,8 +4,8 @@
 #include "section.h"
 #include "simpleextendpar.h"
 
-/// Appends the sections that the module has and adds their number to @p sectionCount.
-void writeDigitalSections(BlockWriter &writer, const SimpleExtendPar &par, quint8 &sectionCount);
+/// Appends the sections of the module and returns their number.
+int writeDigitalSections(BlockWriter &writer, const SimpleExtendPar &par);
 
-/// Stores what the section holds; a section that ends early stores what it has.
-void readDigitalSection(Section section, SimpleExtendPar &par);
+/// Stores the fields of the section. Fields that a truncated section lacks are unchanged. Ignores other types.
+void readDigitalSection(SectionType type, ByteReader &body, SimpleExtendPar &par);

@@ -8,100 +8,86 @@
 #include "modulekind.h"
 #include "weighsection.h"
 
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
 namespace {
 
-quint8 writeSections(BlockWriter &writer, const SimpleExtendPar &par)
+/// How the sections of a module family are written and read.
+struct SectionCodec {
+    ModuleFamily family;
+    int (*write)(BlockWriter &writer, const SimpleExtendPar &par); ///< returns the number of sections
+    void (*read)(SectionType type, ByteReader &body, SimpleExtendPar &par);
+    std::optional<DiagnosticLine> line; ///< written for each section that is read
+};
+
+constexpr SectionCodec sectionCodecs[] = {
+    {ModuleFamily::Analog, writeAnalogSections, readAnalogSection, DiagnosticLine::AnalogSection},
+    {ModuleFamily::Digital, writeDigitalSections, readDigitalSection, DiagnosticLine::DigitalSection},
+    {ModuleFamily::WeighDword, writeWeighSection, readWeighSection, std::nullopt},
+};
+
+/// Returns null for a type code whose blocks have no sections.
+const SectionCodec *codecOf(quint32 objId)
 {
-    quint8 sectionCount = 0;
-    switch (moduleKind(par.objId).family) {
-    case ModuleFamily::Analog:
-        writeAnalogSections(writer, par, sectionCount);
-        break;
-    case ModuleFamily::Digital:
-        writeDigitalSections(writer, par, sectionCount);
-        break;
-    case ModuleFamily::WeighDword:
-        writeWeighSection(writer, par, sectionCount);
-        break;
-    case ModuleFamily::WeighWord:
-    case ModuleFamily::Plain:
-        break;
-    }
-    return sectionCount;
+    const ModuleFamily family = moduleKind(objId).family;
+    const auto *const codec = std::find_if(std::begin(sectionCodecs), std::end(sectionCodecs),
+                                           [family](const SectionCodec &one) { return one.family == family; });
+    return codec == std::end(sectionCodecs) ? nullptr : codec;
 }
 
 void appendBlock(const SimpleExtendPar &par, BlockFormat format, QByteArray &out)
 {
     BlockWriter writer;
-    const int countMark = writer.mark();
-    writer.u8("count", 1);
+    const int countMark = writer.reserve(1);
     writeHeader(writer, par, format);
-    const quint8 sectionCount = writeSections(writer, par);
+    const SectionCodec *codec = codecOf(par.objId);
+    const int sectionCount = codec == nullptr ? 0 : codec->write(writer, par);
     writer.patch(countMark, static_cast<quint8>(1 + sectionCount));
-    out.append(writer.bytes(), writer.size());
-}
-
-void readSection(const Section &section, SimpleExtendPar &par)
-{
-    switch (moduleKind(par.objId).family) {
-    case ModuleFamily::Analog:
-        readAnalogSection(section, par);
-        break;
-    case ModuleFamily::Digital:
-        readDigitalSection(section, par);
-        break;
-    case ModuleFamily::WeighDword:
-        readWeighSection(section, par);
-        break;
-    case ModuleFamily::WeighWord:
-    case ModuleFamily::Plain:
-        break;
-    }
-}
-
-/// Length of the section that begins here; 0 when not even that is there.
-qint32 peekSectionLength(ByteReader reader)
-{
-    QByteArray length;
-    reader.raw("length", length, 4);
-    return reader.failed() ? 0 : byteArrayToInt(length);
+    const std::string_view bytes = writer.since(countMark);
+    out.append(bytes.data(), static_cast<int>(bytes.size()));
 }
 
 void readSections(ByteReader &reader, SimpleExtendPar &par, quint8 sectionCount)
 {
-    for (; sectionCount > 0; --sectionCount) {
-        const ByteReader fromHere = reader;
-        const qint32 length = peekSectionLength(reader);
-        if (length <= 0 || length > reader.remaining()) {
+    const SectionCodec *codec = codecOf(par.objId);
+    for (; codec != nullptr && sectionCount > 0; --sectionCount) {
+        const std::string_view bytes = reader.rest();
+        quint32 length = 0;
+        ByteReader(reader).u32(length);
+        if (length == 0 || length > bytes.size()) {
             return;
         }
-        ByteReader body = reader.sub(length);
+        ByteReader body = reader.sub(static_cast<int>(length));
         quint8 type = 0;
         body.skip(5); // length and direction
-        body.u8("type", type);
+        body.u8(type);
         body.skip(2);
-        if (!body.failed()) {
-            readSection({static_cast<SectionType>(type), body, fromHere}, par);
+        if (body.failed()) {
+            continue;
         }
+        if (codec->line) {
+            writeDiagnostic(*codec->line, bytes);
+        }
+        codec->read(static_cast<SectionType>(type), body, par);
     }
 }
 
-/// Steps over the header record and gives a cursor over its fields; nothing when the block ends before it does.
-/// A length that does not even count the frame leaves no fields.
-bool takeHeader(ByteReader &reader, ByteReader &header)
+/// Steps over the header record and returns a cursor over its fields; std::nullopt if the block ends before the header.
+/// A length below the frame size gives an empty field range.
+std::optional<ByteReader> takeHeader(ByteReader &reader)
 {
-    ByteReader frame = reader;
     quint32 length = 0;
-    frame.u32("length", length);
+    ByteReader(reader).u32(length);
     if (reader.remaining() < blocklayout::headerFrameSize || length > static_cast<quint32>(reader.remaining())) {
-        return false;
+        return std::nullopt;
     }
     reader.skip(blocklayout::headerFrameSize);
-    header = reader.sub(qMax(0, static_cast<int>(length) - blocklayout::headerFrameSize));
-    return true;
+    return reader.sub(qMax(0, static_cast<int>(length) - blocklayout::headerFrameSize));
 }
 
-/// Intended: double-word weighing channels come back with 4 bytes from a saved state and 2 from a configuration block.
+/// Intended: double-word weighing channels have 4 bytes in a saved state and 2 in a configuration block.
 void setUnits(SimpleExtendPar &par, BlockFormat format)
 {
     const ModuleKind &kind = moduleKind(par.objId);
@@ -121,12 +107,12 @@ std::unique_ptr<SimpleExtendPar> readBlock(const QByteArray &block, const QStrin
 
     ByteReader reader(block);
     quint8 count = 0;
-    reader.u8("count", count);
-    ByteReader header(nullptr, 0);
-    if (!takeHeader(reader, header)) {
+    reader.u8(count);
+    const std::optional<ByteReader> header = takeHeader(reader);
+    if (!header) {
         return nullptr;
     }
-    const HeaderResult headerResult = readHeader(header, *par, format);
+    const HeaderResult headerResult = readHeader(*header, *par, format);
     if (result != nullptr) {
         *result = headerResult;
     }
@@ -144,7 +130,7 @@ QByteArray saveModule(const SimpleExtendPar &par)
 {
     QByteArray state;
     appendBlock(par, BlockFormat::SavedState, state);
-    writeDiagnostic(DiagnosticLine::Save, ByteReader(state));
+    writeDiagnostic(DiagnosticLine::Save, state);
     return state;
 }
 
@@ -153,14 +139,14 @@ std::unique_ptr<SimpleExtendPar> restoreModule(const QByteArray &state, const QS
     if (state.isEmpty()) {
         return nullptr;
     }
-    writeDiagnostic(DiagnosticLine::Restore, ByteReader(state));
+    writeDiagnostic(DiagnosticLine::Restore, state);
     return readBlock(state, memoryOwner, BlockFormat::SavedState, nullptr);
 }
 
 void compileModule(const SimpleExtendPar &par, QByteArray &block)
 {
     appendBlock(par, BlockFormat::Configuration, block);
-    writeDiagnostic(DiagnosticLine::Compile, ByteReader(block));
+    writeDiagnostic(DiagnosticLine::Compile, block);
 }
 
 std::unique_ptr<SimpleExtendPar> recompileModule(const QByteArray &block, const QString &memoryOwner, qint32 *result)
@@ -168,6 +154,6 @@ std::unique_ptr<SimpleExtendPar> recompileModule(const QByteArray &block, const 
     if (block.isEmpty()) {
         return nullptr;
     }
-    writeDiagnostic(DiagnosticLine::Recompile, ByteReader(block));
+    writeDiagnostic(DiagnosticLine::Recompile, block);
     return readBlock(block, memoryOwner, BlockFormat::Configuration, result);
 }

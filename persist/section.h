@@ -1,24 +1,18 @@
-// The frame that all parameter sections share: length (counts itself), direction, type, two zero bytes, body.
+// What all parameter sections share: the frame of length (which includes itself), direction, type and two zero bytes.
 #pragma once
 
 #include "blocklayout.h"
 #include "blockwriter.h"
 #include "bytereader.h"
+#include "fieldarchive.h"
 
 #include <QHash>
 
 #include <limits>
 
-/// A received section; the cursors share the block's bytes.
-struct Section {
-    SectionType type;    ///< any byte, also one that is no enumerator
-    ByteReader body;     ///< what follows the frame, bounded by the section's length
-    ByteReader fromHere; ///< the whole block from the section's first byte on
-};
-
-/// Calls @p visit with each channel of a hash and its entry, in the order in which sections write them: ascending.
-/// Channels are mostly numbered without gaps, so that this asks little more often than there are channels.
-template <class Value, class Visitor>
+/// Calls @p visit with each channel of a hash and its entry, in ascending order of channels.
+/// Channel numbers rarely have gaps, so the number of lookups is close to the number of channels.
+template <typename Value, typename Visitor>
 void visitChannels(const QHash<quint8, Value> &hash, Visitor &&visit)
 {
     int left = hash.size();
@@ -31,17 +25,12 @@ void visitChannels(const QHash<quint8, Value> &hash, Visitor &&visit)
     }
 }
 
-/// Writes the frame; the mark is for endSection.
+/// Writes the frame. Returns the mark for BlockWriter::endLength().
 inline int beginSection(BlockWriter &writer, SectionType type)
 {
     const int mark = writer.beginLength();
-    writer.u8("direction", type == SectionType::DigitalInputFilter ? 1 : 0);
-    writer.u8("type", static_cast<quint8>(type));
-    writer.u16("zero", 0);
+    writer.u8(type == SectionType::DigitalInputFilter ? 1 : 0);
+    writer.u8(static_cast<quint8>(type));
+    writer.u16(0);
     return mark;
-}
-
-inline void endSection(BlockWriter &writer, int mark)
-{
-    writer.endLength(mark);
 }

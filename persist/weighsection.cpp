@@ -1,34 +1,33 @@
 #include "weighsection.h"
 
-void writeWeighSection(BlockWriter &writer, const SimpleExtendPar &par, quint8 &sectionCount)
+int writeWeighSection(BlockWriter &writer, const SimpleExtendPar &par)
 {
     if (par.weighCount == 0) {
-        return;
+        return 0;
     }
-    ++sectionCount;
     const int mark = beginSection(writer, SectionType::Weighing);
-    writer.u8("count", par.weighCount);
+    writer.u8(par.weighCount);
     if (par.weighPar.size() >= par.weighCount) {
         visitChannels(par.weighPar, [&writer](quint8 channel, const WeighChannelPar &entry) {
-            writer.u8("channel", channel);
-            blocklayout::walkWeighing(writer, entry);
+            writer.u8(channel);
+            blocklayout::walkWeighing(FieldArchive(writer), entry);
         });
     }
-    endSection(writer, mark);
+    writer.endLength(mark);
+    return 1;
 }
 
-void readWeighSection(Section section, SimpleExtendPar &par)
+void readWeighSection(SectionType type, ByteReader &body, SimpleExtendPar &par)
 {
-    if (section.type != SectionType::Weighing) {
+    if (type != SectionType::Weighing) {
         return;
     }
-    ByteReader &body = section.body;
-    body.u8("count", par.weighCount);
+    body.u8(par.weighCount);
     for (int left = par.weighCount; left > 0; --left) {
         quint8 channel = 0;
         WeighChannelPar entry;
-        body.u8("channel", channel);
-        blocklayout::walkWeighing(body, entry);
+        body.u8(channel);
+        blocklayout::walkWeighing(FieldArchive(body), entry);
         if (body.failed()) {
             return;
         }

@@ -4,9 +4,9 @@
 #include "section.h"
 #include "simpleextendpar.h"
 
-/// Appends the section when the module has channels and adds it to @p sectionCount. When fewer channels are known than
-/// counted, the section holds the count alone.
-void writeWeighSection(BlockWriter &writer, const SimpleExtendPar &par, quint8 &sectionCount);
+/// Appends the section if the module has channels. Returns the number of sections, 0 or 1. If fewer channels are stored
+/// than counted, the section has only the count.
+int writeWeighSection(BlockWriter &writer, const SimpleExtendPar &par);
 
-/// Stores the channels; a record that the section cuts short stores nothing and ends the reading.
-void readWeighSection(Section section, SimpleExtendPar &par);
+/// Stores the channels up to the first truncated record. Ignores other types.
+void readWeighSection(SectionType type, ByteReader &body, SimpleExtendPar &par);
