@@ -8,15 +8,15 @@ namespace {
 
 constexpr auto translationContext = "Choices";
 
-/// The choices of a parameter that stores the position of what was chosen.
-template <class... Texts>
+/// Returns choices whose codes are their positions.
+template <typename... Texts>
 constexpr std::array<Choice, sizeof...(Texts)> positions(Texts... texts)
 {
     quint16 code = 0;
     return {Choice{texts, code++}...};
 }
 
-// The last entry has one decimal place where the others have two; it is spelled so on purpose.
+// Intended: the last entry has one decimal place, the others have two.
 constexpr std::array digitalFilterDelayTable =
     positions("0.20ms", "0.40ms", "0.80ms", "1.60ms", "3.20ms", "6.40ms", "12.8ms");
 
@@ -53,7 +53,7 @@ constexpr std::array wiringSchemeTable =
 constexpr std::array temperatureScaleTable =
     positions(QT_TRANSLATE_NOOP("Choices", "Degrees Celsius"), QT_TRANSLATE_NOOP("Choices", "Degrees Fahrenheit"));
 
-// The lower-case v tells this list from the input ranges; it is spelled so on purpose.
+// Intended: the lower-case v, which the input ranges do not have.
 constexpr std::array outputRangeTable = positions("0~10V", "+/-10v", "0~20mA", "4~20mA");
 
 constexpr std::array limitFrequencyTable = {

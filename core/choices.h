@@ -1,7 +1,7 @@
-// Every list of choices that a module parameter offers: the shown text and the value that is stored for it.
+// The choices of each module parameter: the shown text and the stored code.
 //
-// Where a parameter stores the position of its choice, the code is that position; the frequency, mode and
-// unit lists store codes of their own. Lists of words are translated, lists of values and units are not.
+// The code is the position of the choice, except in the frequency and unit lists, which have their own codes. Lists of
+// words are translated. Lists of values with units are not.
 #pragma once
 
 #include <QString>
@@ -12,10 +12,10 @@
 
 struct Choice {
     const char *text; ///< UTF-8, English
-    quint16 code;     ///< what the record stores
+    quint16 code;     ///< the stored value
 };
 
-/// A view of one list; copies are cheap and refer to the same constants.
+/// A view of one list. Copies are cheap and refer to the same constants.
 class ChoiceList {
 public:
     enum Texts { Verbatim, Translated };
@@ -28,14 +28,14 @@ public:
 
     constexpr int size() const { return m_size; }
     constexpr bool isTranslated() const { return m_texts == Translated; }
-    /// @p index must lie in the list.
+    /// @p index must be 0 to size() - 1.
     constexpr const Choice &at(int index) const { return m_choices[index]; }
 
-    /// The shown texts, in the user's language where the list is translated.
+    /// Returns the shown texts, in the user's language if the list is translated.
     QStringList texts() const;
-    /// The shown text of @p code; empty when the list has no such code.
+    /// Returns the shown text of @p code; empty if the list has no such code.
     QString text(int code) const;
-    /// The position of @p code, or -1.
+    /// Returns the position of @p code; -1 if the list has no such code.
     int indexOf(int code) const;
 
 private:
@@ -48,12 +48,12 @@ private:
 
 namespace choices {
 
-extern const ChoiceList digitalFilterDelays; ///< input filter delay of four digital inputs
-extern const ChoiceList sampleCounts;        ///< samples of an analog input's average
+extern const ChoiceList digitalFilterDelays; ///< filter delay of four digital inputs
+extern const ChoiceList sampleCounts;        ///< samples that an analog input averages
 
-/// Disable, Enable: of channels and of every other switch.
+/// Disable and Enable, for channels and for all other switches.
 extern const ChoiceList enable;
-/// Open wire detection of voltage and current inputs; temperature inputs have no "Invalid" and use enable.
+/// Open wire detection of voltage and current inputs. Temperature inputs have no "Invalid" and use enable.
 extern const ChoiceList openWire;
 extern const ChoiceList filterTimes;            ///< of voltage and current inputs
 extern const ChoiceList temperatureFilterTimes; ///< of thermocouples and resistance thermometers

@@ -14,17 +14,17 @@ namespace {
 
 constexpr AiRange factoryRanges[] = {
     {1, 2, 0, 2, 0, 0, 0, 0}, // VoltageCurrent: 0~10V, open wire detection invalid
-    {1, 2, 4, 1, 0, 0, 1, 0}, // Thermocouple: K, cold junction
+    {1, 2, 4, 1, 0, 0, 1, 0}, // Thermocouple: type K, cold junction
     {1, 2, 0, 1, 0, 0, 0, 1}, // ResistanceThermometer: first Pt-100, 3-wire
 };
 constexpr AiFilter factoryFilter{5, 320, 1}; // 64 samples
 constexpr AqOutTbl factoryStop{1, 0};        // keep the last value
 constexpr AqOutType factoryOutput{1, 1};     // enabled, +/-10V
-constexpr char factoryDelays = 0x55;         // 6.40ms for both groups of four inputs
+constexpr char factoryDelays = 0x55;         // 6.40ms for two groups of four inputs
 constexpr int channelKeys = 256;             // channel numbers are 8 bits wide
 
-/// Asks the host for the channels of one direction, fills the range and claims its bytes.
-/// The host's channel count, or nothing when it is impossible or there is no room.
+/// Asks the host for the channel count of one direction, fills the range and claims its bytes.
+/// Returns the channel count; std::nullopt if it is invalid or the host has no room.
 std::optional<qint32> openRange(const SimpleExtendPar &par, const DirectionKind &kind, IoMap &range)
 {
     const qint32 channels = kind.channelCount(par.moduleInfo);
@@ -42,8 +42,8 @@ std::optional<qint32> openRange(const SimpleExtendPar &par, const DirectionKind 
     return channels;
 }
 
-/// Calls @p fill for each channel number, once even where the host counts more channels than there are numbers.
-template <class Fill>
+/// Calls @p fill once for each channel number, also if the host counts more channels than there are numbers.
+template <typename Fill>
 void forEachChannel(qint32 channels, Fill &&fill)
 {
     for (int channel = 0; channel < std::min(channels, channelKeys); ++channel) {

@@ -1,4 +1,4 @@
-// How the bytes of a digital module share out among its channels.
+// The order of the channels in the tables of a digital module.
 #pragma once
 
 #include <QByteArray>

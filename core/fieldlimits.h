@@ -5,7 +5,7 @@
 struct Limits {
     int minimum;
     int maximum;
-    int step = 1; ///< with the step 1 fractions are within the limits, too
+    int step = 1; ///< with a step of 1, fractions are allowed, too
 
     /// Returns true for a value within the limits and on a step; false for NaN.
     constexpr bool contains(double value) const

@@ -1,8 +1,8 @@
-// Where exceptions end. None may reach the host's frames or Qt's event loop, which cannot be unwound.
+// Exceptions end here, because neither the host's frames nor Qt's event loop can be unwound.
 #pragma once
 
 /// Runs @p call. Returns false if it throws.
-template <class Call>
+template <typename Call>
 bool completes(Call &&call) noexcept
 {
     try {

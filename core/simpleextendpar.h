@@ -1,7 +1,8 @@
-// The record of one module: what the description file says, where the host placed it, its parameters.
+// The record of one module: catalog data, placement by the host, and parameters.
 //
-// Every channel hash is keyed by the channel number from 0. operator[] of a missing channel inserts an
-// all-zero entry (a factory entry in weighPar); value() reads the same without inserting.
+// Every channel hash is keyed by the channel number, which starts at 0. For a missing channel, operator[] inserts an
+// entry of zeros (in weighPar one of factory values); value() returns the same entry without inserting it. Ranges of
+// numbers are in fieldlimits.h, choices in choices.h, bit orders in digitalbits.h.
 #pragma once
 
 #include "iomap.h"
@@ -15,11 +16,11 @@
 
 #include <array>
 
-/// Head of a record: one entry of a module description file plus placement, name, comment and ranges.
+/// The head of a record: one entry of a description file, and placement, name, comment and ranges.
 struct ModuleMetInfo {
-    QString memoryOwner; ///< station whose memory the module occupies; empty = claims nothing
+    QString memoryOwner; ///< station whose memory the module occupies; empty = none
     QString metVersion;
-    qint32 needHwCnfgVersion = 2000; ///< lowest host version (getAppVerNum) that may use the entry
+    qint32 needHwCnfgVersion = 2000; ///< minimum host version (getAppVerNum) for this entry
     QString objName;
     QString mlfb;      ///< order number
     quint32 objId = 0; ///< module type code
@@ -27,10 +28,10 @@ struct ModuleMetInfo {
     quint8 baseType = 0;
     quint8 numIOModules = 0;
     QVector<quint32> notSupported;
-    QString objText;    ///< carried only
+    QString objText;    ///< not used
     QString serverFile; ///< file name in the host's module component folder
     bool isCatEntry = false;
-    quint32 moduleInfo = 0; ///< what the host derives the channel counts from
+    quint32 moduleInfo = 0; ///< the host derives the channel counts from it
     std::array<quint8, 5> intSupported{};
     quint8 fwVersion = 0;
     std::array<quint8, 14> buffCnfg{};
@@ -42,7 +43,7 @@ struct ModuleMetInfo {
     IoMap outMap;
     std::array<quint8, 5> intEnableTbl{};
     QString comment;
-    QPoint position; ///< opaque, the host's
+    QPoint position; ///< set and read by the host only
     bool supportGrpCnfg = false;
     bool sampPeriodGrpCnfg = false;
     QStringList sampPeriodList;
@@ -51,17 +52,17 @@ struct ModuleMetInfo {
     qint32 supportRack = 4;
     bool supportCANopen = false;
     qint32 supportHSC = 0;
-    QString metExtra; ///< carried only
+    QString metExtra; ///< not used
 };
 
 /// Input filter of an analog channel.
 struct AiFilter {
-    quint8 samples = 0;   ///< index of the choice (2, 4, ... 256 samples)
-    quint16 deadband = 0; ///< raw analog units: 0 or a multiple of 16 up to 4080
+    quint8 samples = 0;   ///< index in choices::sampleCounts
+    quint16 deadband = 0; ///< limits::deadband
     quint8 filterOn = 0;  ///< 1 = filtered
 };
 
-/// Bytes of an AiRange; each holds the index of a choice.
+/// The bytes of an AiRange. Each is the index of a choice.
 enum AiRangeByte : quint8 {
     AiEnable,
     AiFilterTime,
@@ -75,29 +76,29 @@ enum AiRangeByte : quint8 {
 };
 using AiRange = std::array<quint8, AiRangeByteCount>;
 
-/// What an analog output does on the transition from RUN to STOP.
+/// The behavior of an analog output on the transition from RUN to STOP.
 struct AqOutTbl {
     quint8 freezeLast = 0; ///< 1 = keep the last value
-    qint16 stopValue = 0;  ///< else this, in raw units
+    qint16 stopValue = 0;  ///< the value otherwise; limits::stopValue
 };
 
-/// Enable and range of an analog output; each the index of a choice.
+/// Enable and range of an analog output. Each is the index of a choice.
 struct AqOutType {
     quint8 enable = 0;
     quint8 range = 0;
 };
 
-/// Parameters of a weighing channel; the initial values are the factory values.
+/// Parameters of a weighing channel. The initial values are the factory values.
 struct WeighChannelPar {
-    quint8 enable = 1;        ///< index of the choice: 0 disabled, 1 enabled
-    float sensitivity = 2.0F; ///< 0 to 32
-    quint16 limitFreq = 4;    ///< code, 1 to 14
-    quint16 filterDepth = 15; ///< 0 to 2000; above 1 it must exceed subMax + subMin
-    quint16 subMax = 0;       ///< 0 to 2000
-    quint16 subMin = 0;       ///< 0 to 2000
-    quint8 filterMode = 0;    ///< code, 0 or 1
-    quint8 sampleFreq = 1;    ///< code, 1 to 6
-    qint16 bootClear = 0;     ///< -99 to 99
+    quint8 enable = 1;        ///< index in choices::enable
+    float sensitivity = 2.0F; ///< limits::sensitivity
+    quint16 limitFreq = 4;    ///< code of choices::limitFrequencies
+    quint16 filterDepth = 15; ///< limits::weighingFilterCount; above 1 it must exceed subMax + subMin
+    quint16 subMax = 0;       ///< limits::weighingFilterCount
+    quint16 subMin = 0;       ///< limits::weighingFilterCount
+    quint8 filterMode = 0;    ///< index in choices::filterModes
+    quint8 sampleFreq = 1;    ///< code of choices::sampleFrequencies
+    qint16 bootClear = 0;     ///< limits::bootClear
 };
 
 /// Signal families of analog inputs, the values of aiKind.
@@ -106,7 +107,7 @@ enum SignalFamily : quint8 { VoltageCurrent = 0, Thermocouple = 1, ResistanceThe
 /// Values of dqMode.
 enum DqMode : quint8 { DqFreezeLast = 1, DqUseTable = 2 };
 
-/// One module; handed to the host as the opaque handle. Owns all its data.
+/// One module. The host has it as an opaque handle. It owns all its data.
 struct SimpleExtendPar : ModuleMetInfo {
     quint8 aiCount = 0;
     QHash<quint8, quint8> aiKind; ///< SignalFamily
@@ -117,10 +118,10 @@ struct SimpleExtendPar : ModuleMetInfo {
     QHash<quint8, AqOutTbl> aqOutTbl;
     QHash<quint8, AqOutType> aqOutType;
     quint8 diCount = 0;
-    QByteArray diFilter; ///< a 4-bit code per four inputs, the lower four inputs in the low half
+    QByteArray diFilter; ///< a 4-bit code per four inputs: filterCode()
     quint8 dqCount = 0;
     quint8 dqMode = DqUseTable;
-    QByteArray dqOutTbl; ///< one bit per output, the first output of a byte in its highest bit
+    QByteArray dqOutTbl; ///< one bit per output: outputState()
     quint8 weighCount = 0;
     QHash<quint8, WeighChannelPar> weighPar;
 };
