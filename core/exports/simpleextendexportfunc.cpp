@@ -15,8 +15,8 @@
 
 namespace {
 
-/// The result of @p call, or @p fallback if it throws.
-template <class Call, class Result = std::invoke_result_t<Call>>
+/// Returns the result of @p call, or @p fallback if it throws.
+template <typename Call, typename Result = std::invoke_result_t<Call>>
 Result guarded(Call &&call, Result fallback = {}) noexcept
 {
     completes([&] { fallback = call(); });
@@ -45,9 +45,9 @@ qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *pare
     if (handle == nullptr || parent == nullptr) {
         return 0;
     }
-    // The host may destroy the parent while the dialog is open: the dialog is destroyed with it, and so may be the
-    // host's own string.
-    return guarded([handle, parent, locked, memoryOwner = QString(memoryOwner)] {
+    // The string is copied and the dialog is guarded by a QPointer, because the host may destroy both while the dialog is
+    // open: the dialog with its parent, and the string with the caller's data.
+    completes([handle, parent, locked, memoryOwner = QString(memoryOwner)] {
         backupUsedMemory(memoryOwner);
         QPointer<SimpleExtendcfgdlg> dialog;
         const int result = guarded(
@@ -58,8 +58,8 @@ qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *pare
             static_cast<int>(QDialog::Rejected));
         completes([&] { result == QDialog::Accepted ? popBackupMemory(memoryOwner) : restoreUsedMemory(memoryOwner); });
         delete dialog;
-        return 0;
     });
+    return 0;
 }
 
 bool autoMallocInMap(SimpleExtendPar *handle) noexcept
