@@ -1,4 +1,4 @@
-// The workbench's window as a person drives it: catalog, racks, properties dialog, memory map, files.
+// The workbench's window, driven through its widgets: catalog, racks, properties dialog, memory map, files.
 #include "blockview.h"
 #include "catalogview.h"
 #include "helpdock.h"
@@ -10,19 +10,9 @@
 #include "rows.h"
 #include "simulatedhost.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTextBrowser>
-#include <QToolButton>
-#include <QTreeWidget>
+#include <QtWidgets>
 
-class tst_MainWindow : public QObject {
+class TestMainWindow : public QObject {
     Q_OBJECT
 
     PluginLibrary m_plugin;
@@ -42,7 +32,7 @@ class tst_MainWindow : public QObject {
     QString summary() const { return child<QLabel>("stationSummary")->text(); }
     QString freeText(const char *strip) const { return child<MemoryStrip>(strip)->accessibleDescription(); }
 
-    /// A key reaches shortcuts only in the active window, which no window manager sees to here.
+    /// Activates the window first, because keys reach shortcuts only in the active window.
     void press(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
     {
         QApplication::setActiveWindow(m_window.get());
@@ -57,23 +47,22 @@ class tst_MainWindow : public QObject {
         press(field, Qt::Key_Return);
     }
 
-    /// Runs @p answer on the modal dialog that opens next, which must be a @p Dialog and close by that.
+    /// Runs @p answer on the next modal dialog. The dialog must be a Dialog, and the answer must close it.
     template <typename Dialog, typename Answer>
     void answerNext(Answer answer)
     {
         QTimer::singleShot(0, this, [this, answer] {
             auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
             if (dialog == nullptr) {
-                return answerNext<Dialog>(answer); // it opens later than its question was expected
+                return answerNext<Dialog>(answer); // not open yet
             }
             answer(dialog);
         });
     }
 
-    bool drop(Place to)
+    /// Drags the data to the slot and drops it there. False if the view accepts neither.
+    bool drop(const QMimeData &data, Place to) const
     {
-        QMimeData data;
-        data.setData(CatalogView::mimeType(), "13395");
         const QPoint point = m_racks->visualRect(at(to)).center();
         const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
         QDragEnterEvent enter(point, actions, &data, Qt::LeftButton, Qt::NoModifier);
@@ -104,7 +93,7 @@ private slots:
 
     void cleanup()
     {
-        // The search field's clear button fades in, in an animation that deletes itself, but only at its end.
+        // The search field's clear button fades in. Wait for the animation, because it deletes itself only at its end.
         const auto *search = child<QLineEdit>("catalogSearch");
         const auto *button = search->findChild<QToolButton *>();
         QTRY_COMPARE(button->property("opacity").toDouble(), search->text().isEmpty() ? 0.0 : 1.0);
@@ -148,15 +137,18 @@ private slots:
         QVERIFY(cell({0, 1}).contains("Digital Input 8"));
     }
 
-    void takesStepsBack()
+    void undoesAndRedoesEdits()
     {
         add("Relay");
         const QString placed = cell({0, 0});
         m_racks->setCurrentPlace({0, 0});
+        QApplication::clipboard()->setText("text");
+        QVERIFY(!child<QAction>("pasteAction")->isEnabled());
         trigger("copyAction");
+        QVERIFY(child<QAction>("pasteAction")->isEnabled());
         trigger("pasteAction");
         QVERIFY(cell({0, 1}).endsWith("Q 2..3"));
-        press(m_racks, Qt::Key_Down, Qt::ControlModifier); // the pasted one is current
+        press(m_racks, Qt::Key_Down, Qt::ControlModifier); // the pasted module is current
         QVERIFY(cell({1, 1}).endsWith("Q 2..3"));
         answerNext<QDialog>([](QDialog *dialog) {
             const auto *ok = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
@@ -169,7 +161,12 @@ private slots:
         trigger("placeAction");
         QVERIFY(cell({0, 5}).endsWith("Q 2..3"));
         m_racks->setCurrentPlace({0, 0});
+        QVERIFY(child<QAction>("removeAction")->isEnabled());
         press(m_racks, Qt::Key_Delete);
+        QVERIFY(!child<QAction>("removeAction")->isEnabled());
+        QCOMPARE(cell({0, 0}), QString("Rack 0, slot 0: free"));
+        trigger("undoAction");
+        trigger("redoAction");
         QCOMPARE(cell({0, 0}), QString("Rack 0, slot 0: free"));
         for (int step = 0; step < 4; ++step) {
             press(m_racks, Qt::Key_Z, Qt::ControlModifier);
@@ -179,11 +176,17 @@ private slots:
         QTRY_COMPARE(freeText("memoryStrip_Q"), QString("1,022 of 1,024 bytes free, longest gap 1,022"));
     }
 
-    void refusesDropsOnTakenSlots()
+    void dropsModulesOnFreeSlotsOnly()
     {
-        QVERIFY(drop({0, 1}));
-        QVERIFY(!drop({0, 1}));
-        QVERIFY(cell({0, 1}).contains("AI 0..7"));
+        QMimeData type;
+        type.setData(CatalogView::mimeType(), "13395");
+        QVERIFY(drop(type, {0, 1}));
+        QVERIFY(!drop(type, {0, 1}));
+        QVERIFY(m_window->statusBar()->currentMessage().contains("slot 1 is taken by \"Analog"));
+        const std::unique_ptr<QMimeData> module(m_racks->model()->mimeData({at({0, 1})}));
+        QVERIFY(!drop(*module, {0, 1}));
+        QVERIFY(drop(*module, {1, 0}));
+        QVERIFY(cell({1, 0}).contains("AI 0..7"));
         QVERIFY(summary().startsWith("1 module"));
     }
 
@@ -198,7 +201,7 @@ private slots:
         QCOMPARE(m_racks->currentPlace(), (Place{0, 0}));
     }
 
-    void compilesAndOffersTheBlock()
+    void showsTheFieldsOfCompiledBlocks()
     {
         add("4 x TC");
         trigger("compileAction");
@@ -211,17 +214,18 @@ private slots:
 
     void opensHelpOfKeywords_data()
     {
-        const Rows<QString> row("page");
-        row("Analog Modules Properties", "en/analog.html");
-        row("TC/RTD模块属性", "en/temperature.html");
-        row("Digital Modules Properties", "en/digital.html");
-        row("称重模块属性", "en/weighing.html");
-        row("", "en/overview.html");
+        const Rows<QString, QString> row("keyword", "page");
+        row("analog", "Analog Modules Properties", "en/analog.html");
+        row("temperature, in Chinese", "TC/RTD模块属性", "en/temperature.html");
+        row("digital", "Digital Modules Properties", "en/digital.html");
+        row("weighing, in Chinese", "称重模块属性", "en/weighing.html");
+        row("no keyword", "", "en/overview.html");
     }
     void opensHelpOfKeywords()
     {
+        QFETCH(QString, keyword);
         QFETCH(QString, page);
-        startHelpSys(QString::fromUtf8(QTest::currentDataTag()));
+        startHelpSys(keyword);
         const auto *browser = child<QTextBrowser>("helpBrowser");
         QVERIFY(child<HelpDock>("helpDock")->isVisible() && !browser->toPlainText().isEmpty());
         QCOMPARE(browser->source().toString(), "qrc:/help/" + page);
@@ -229,41 +233,39 @@ private slots:
         QTRY_COMPARE(browser->source().toString(), "qrc:/help/" + page.replace("en/", "zh/"));
     }
 
-    void keepsWhatItCannotSaveOrOpen()
+    void keepsTheStationWhenAFileIsRejected()
     {
         add("Relay");
-        QFile foreign(m_folder.filePath("foreign.station"));
-        QVERIFY(foreign.open(QIODevice::WriteOnly) && foreign.write("PK") == 2);
-        foreign.close();
         QString text;
         answerNext<QMessageBox>([&](QMessageBox *box) {
             text = box->text();
             box->accept();
         });
-        QVERIFY(!m_window->openFile(foreign.fileName()));
-        QVERIFY2(text.contains("foreign.station"), qPrintable(text));
+        QVERIFY(!m_window->openFile("absent.station"));
+        QVERIFY2(text.contains("absent.station"), qPrintable(text));
         answerNext<QMessageBox>([](QMessageBox *box) { box->reject(); });
         trigger("newAction");
         QVERIFY(cell({0, 0}).contains("Relay"));
         QVERIFY(m_window->isWindowModified());
     }
 
-    void programWithoutAWindow_data()
+    void runsWithoutAWindow_data()
     {
-        const Rows<int, QString> row("exitCode", "output"); // of the program with these arguments
-        row("--table", 0, "19 modules, \\d+ bytes compiled; 0 round trips failed\\.\n\\(\\*\\) A double-word.*\n$");
-        row("--table --library absent.so", 1, "^The plug-in cannot be loaded: .*absent.so");
-        row("--table absent.station", 1, "^absent.station: No such file or directory\n$");
-        row("--unknown --table", 2, "^Unknown option 'unknown'");
-        row("--batch", 2, "^--batch takes a project file");
-        row("--table --version", 0, "^workbench \\d");
+        const Rows<QString, int, QString> row("arguments", "exitCode", "output");
+        row("table of the sample station", "--table", 0,
+            "19 modules, \\d+ bytes compiled; 0 round trips failed\\.\n\\(\\*\\) A double-word.*\n$");
+        row("missing library", "--table --library absent.so", 1, "^The plug-in cannot be loaded: .*absent.so");
+        row("missing project", "--table absent.station", 1, "^absent.station: No such file or directory\n$");
+        row("unknown option", "--unknown --table", 2, "^Unknown option 'unknown'");
+        row("batch without a task", "--batch", 2, "^--batch needs a project file");
     }
-    void programWithoutAWindow()
+    void runsWithoutAWindow()
     {
+        QFETCH(QString, arguments);
         QFETCH(QString, output);
         QProcess process;
         process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(WORKBENCH_PROGRAM, QString(QTest::currentDataTag()).split(' '));
+        process.start(WORKBENCH_PROGRAM, arguments.split(' '));
         QVERIFY(process.waitForFinished());
         QTEST(process.exitCode(), "exitCode");
         const QString written = process.readAll();
@@ -271,5 +273,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(tst_MainWindow)
+QTEST_MAIN(TestMainWindow)
 #include "tst_mainwindow.moc"

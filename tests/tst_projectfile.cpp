@@ -1,5 +1,7 @@
-// The workbench's project file: whole or refused, whatever happens to it or to its writer.
+// The project file is complete or rejected, also when it is damaged or its writer is killed.
+#include "files.h"
 #include "projectfile.h"
+#include "projecttexts.h"
 #include "rows.h"
 
 #include <QSqlDatabase>
@@ -23,7 +25,7 @@ Q_DECLARE_METATYPE(Damage)
 
 namespace {
 
-/// Any states will do: no plug-in reads them.
+/// The states are arbitrary, because no plug-in reads them.
 Project projectOf(int modules, char fill)
 {
     Project project;
@@ -53,9 +55,7 @@ void execute(const QString &path, const QStringList &statements)
     {
         QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "test");
         database.setDatabaseName(path);
-        if (!database.open()) {
-            qFatal("%s", qPrintable(database.lastError().text()));
-        }
+        database.open(); // on a failure the statements fail
         for (const QString &statement : statements) {
             QSqlQuery query(database);
             if (!query.exec(statement)) {
@@ -66,28 +66,18 @@ void execute(const QString &path, const QStringList &statements)
     QSqlDatabase::removeDatabase("test");
 }
 
-bool areSame(const std::optional<Project> &a, const Project &b)
-{
-    return a && a->plcType == b.plcType &&
-           std::equal(a->modules.begin(), a->modules.end(), b.modules.begin(), b.modules.end(),
-                      [](const StoredModule &left, const StoredModule &right) {
-                          return left.place == right.place && left.typeCode == right.typeCode &&
-                                 left.name == right.name && left.state == right.state;
-                      });
-}
-
 const Project oldProject = projectOf(150, 'o');
 const Project newProject = projectOf(200, 'n');
 
-/// Saves in a child process, which is killed at its stop number @p last: it stops at the way into the system and at the
-/// way back, so that every state of the disk that it can leave is there at some stop. Returns the stops it came to, or
-/// -1 when it could not save.
+/// Saves in a child process that is killed at its stop number @p last. The child stops before and after each system
+/// call, so every state of the disk that it can leave occurs at a stop. Returns the number of stops, or -1 if it did
+/// not save.
 int saveUntil(int last, const QString &path, const Project &project)
 {
     const pid_t child = fork();
     if (child == 0) {
-        const bool saved =
-            ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 && raise(SIGSTOP) == 0 && ProjectFile(path).write(project);
+        const bool saved = ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 && raise(SIGSTOP) == 0 &&
+                           static_cast<bool>(ProjectFile(path).write(project));
         _exit(saved ? 0 : 1);
     }
     int status = 0;
@@ -103,7 +93,8 @@ int saveUntil(int last, const QString &path, const Project &project)
     return WIFSIGNALED(status) || WEXITSTATUS(status) == 0 ? stops : -1;
 }
 
-/// While the answer lives, no file of this process may grow beyond @p bytes: a disk that is full for root too.
+/// While the result exists, no file of this process can grow beyond @p bytes. This simulates a full disk, also for
+/// root.
 auto fullDisk(rlim_t bytes)
 {
     rlimit before{};
@@ -143,14 +134,14 @@ bool canTrace()
 
 } // namespace
 
-class tst_ProjectFile : public QObject {
+class TestProjectFile : public QObject {
     Q_OBJECT
 
-    // In memory where that is to be had: a killed program leaves there what it leaves on a disk, without waiting for
-    // it.
+    // In memory if possible: the files of a killed program are the same there as on a disk, without waiting for it.
     QTemporaryDir m_folder{(QFileInfo("/dev/shm").isWritable() ? "/dev/shm" : QDir::tempPath()) + "/XXXXXX"};
     QString m_path = m_folder.filePath("test.station");
 
+    QStringList content() const { return textsOf(ProjectFile(m_path).read()); }
     QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden); }
 
 private slots:
@@ -167,15 +158,13 @@ private slots:
         project.modules[1].name = QString();
         project.modules[2].state = QByteArray(StoredModule::largestState, '\0');
         for (const Project &written : {oldProject, project, Project(), newProject}) {
-            ProjectFile file(m_path);
-            QVERIFY2(file.write(written), qPrintable(file.errorString()));
-            QVERIFY2(areSame(file.read(), written), qPrintable(file.errorString()));
+            QCOMPARE(ProjectFile(m_path).write(written).reason(), QString());
+            QCOMPARE(content(), textsOf(written));
             QCOMPARE(files(), QStringList("test.station"));
         }
-        QVERIFY(!ProjectFile(m_folder.filePath("no folder/x.station")).write(project));
     }
 
-    void refusesDamagedFiles_data()
+    void rejectsDamagedFiles_data()
     {
         const Rows<QString, Damage> row("reason", "damage");
         const auto sql = [&row](const char *name, const QStringList &statements, const char *reason) {
@@ -186,79 +175,88 @@ private slots:
             row(name, reason, [change](const QString &path) { overwrite(path, change(contentOf(path))); });
         };
         bytes("an empty file", "not a station file", [](const QByteArray &) { return QByteArray(); });
-        bytes("a picture", "not a station file", [](QByteArray f) { return f.replace(0, 8, "\x89PNG\r\n\x1a\n"); });
-        bytes("cut in its header", "not a station file", [](const QByteArray &f) { return f.left(99); });
-        bytes("cut in half", "damaged", [](const QByteArray &f) { return f.left(f.size() / 2); });
-        bytes("a page of zeros", "damaged",
-              [](QByteArray f) { return f.replace(12288, 4096, QByteArray(4096, '\0')); });
+        bytes("a file of another format", "not a station file",
+              [](QByteArray f) { return f.replace(0, 8, "\x89PNG\r\n\x1a\n"); });
+        bytes("truncated in its header", "not a station file", [](const QByteArray &f) { return f.left(99); });
+        bytes("truncated to its half", "damaged", [](const QByteArray &f) { return f.left(f.size() / 2); });
+        bytes("a page of zeros", "damaged", [](QByteArray f) { return f.replace(12288, 4096, QByteArray(4096, 0)); });
         bytes("a changed state", "checksum", [](QByteArray f) { return f.replace(f.lastIndexOf("oooooooo"), 1, "p"); });
-        row("too large", "too large", [](const QString &path) { QFile::resize(path, 65 << 20); }); // takes no space
+        row("a file that is too large", "too large",
+            [](const QString &path) { QFile::resize(path, 65 << 20); }); // takes no space
         row("a folder", "directory", [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); });
         sql("another program's database", {"PRAGMA application_id = 0"}, "another program");
         sql("another version", {"PRAGMA user_version = 2"}, "version 2");
-        sql("a table less", {"DROP TABLE module"}, "tables");
+        sql("a missing table", {"DROP TABLE module"}, "tables");
         sql("a view in place of a table", {"DROP TABLE module", "CREATE VIEW module AS SELECT 1"}, "tables");
         sql("a trigger", {"CREATE TRIGGER t AFTER DELETE ON module BEGIN DELETE FROM station; END"}, "tables");
-        sql("without its station", {"DELETE FROM station"}, "checksum");
-        sql("a module less", {"DELETE FROM module WHERE place = 5"}, "checksum");
-        sql("a module elsewhere", {"UPDATE module SET place = 1, slot = 1 WHERE place = 0"}, "checksum");
-        sql("a place that is none",
-            {"PRAGMA ignore_check_constraints = ON", "UPDATE module SET slot = 32 WHERE place = 0"}, "CHECK");
+        sql("a missing station", {"DELETE FROM station"}, "checksum");
+        sql("a missing module", {"DELETE FROM module WHERE place = 5"}, "checksum");
+        sql("a module at another place", {"UPDATE module SET place = 1, slot = 1 WHERE place = 0"}, "checksum");
+        sql("an invalid place", {"PRAGMA ignore_check_constraints = ON", "UPDATE module SET slot = 32 WHERE place = 0"},
+            "CHECK");
         sql("an empty state", {"PRAGMA ignore_check_constraints = ON", "UPDATE module SET state = x''"}, "CHECK");
     }
 
-    void refusesDamagedFiles()
+    void rejectsDamagedFiles()
     {
         QFETCH(Damage, damage);
         QFETCH(QString, reason);
-        ProjectFile file(m_path);
+        const ProjectFile file(m_path);
         QVERIFY(file.write(oldProject));
         damage(m_path);
         const QByteArray damaged = contentOf(m_path);
-        QVERIFY(!file.read());
-        QVERIFY2(file.errorString().contains(reason), qPrintable(file.errorString()));
-        QVERIFY(!file.write(newProject));
+        const QString readReason = file.read().reason();
+        QVERIFY2(readReason.contains(reason), qPrintable(readReason));
+        QCOMPARE(file.write(newProject).reason(), readReason);
         QVERIFY(contentOf(m_path) == damaged);
     }
 
     void isUnchangedWhenItCannotBeWritten()
     {
-        ProjectFile file(m_path);
-        QVERIFY(file.write(oldProject));
+        QVERIFY(ProjectFile(m_path).write(oldProject));
         const QByteArray before = contentOf(m_path);
-        ProjectFile other(m_folder.filePath("new.station"));
-        ProjectFile below(m_path + "/x.station");
-        QString error;
-        QStringList texts;
-        const auto refuses = [&](const char *reason) {
-            const bool written = file.write(newProject) || other.write(newProject) || below.write(newProject) ||
-                                 writeFile(m_path, before + "x", error);
-            texts = QStringList{file.errorString(), other.errorString(), error};
-            return !written && contentOf(m_path) == before && files() == QStringList("test.station") &&
-                   below.errorString().contains("folder") && texts.filter(QRegularExpression(reason)) == texts;
+        const auto check = [&](const char *reason) -> QString {
+            const QStringList reasons{ProjectFile(m_path).write(newProject).reason(),
+                                      ProjectFile(m_folder.filePath("new.station")).write(newProject).reason(),
+                                      writeFile(m_path, before + "x").reason()};
+            const bool isUnchanged = contentOf(m_path) == before && content() == textsOf(oldProject);
+            return reasons.filter(QRegularExpression(reason)) == reasons && isUnchanged ? QString()
+                                                                                        : reasons.join('\n');
         };
         {
             const auto guard = readOnly(QFile::encodeName(m_folder.path()));
-            QVERIFY2(areSame(file.read(), oldProject), qPrintable(file.errorString()));
-            QVERIFY2(refuses("folder|denied|protected"), qPrintable(texts.join('\n')));
+            QCOMPARE(check("folder|denied|protected"), QString());
         }
         for (rlim_t limit = 0; limit < 36864; limit += 1024) {
             const auto guard = fullDisk(limit);
-            QVERIFY2(refuses("full|too large"), qPrintable(texts.join('\n')));
+            QCOMPARE(check("full|too large"), QString());
         }
-        std::array<int, 2> pipeEnds{};
-        char byte = 0;
-        QVERIFY(pipe(pipeEnds.data()) == 0 && writeFile(QString("/dev/fd/%1").arg(pipeEnds[1]), "x", error));
-        QVERIFY(::read(pipeEnds[0], &byte, 1) == 1 && byte == 'x'); // written to, not replaced by a file
+        QCOMPARE(files(), QStringList("test.station"));
     }
 
-    void isWholeWhenItsWriterIsKilled_data()
+    void reportsAFolderThatDoesNotExist()
+    {
+        QVERIFY(ProjectFile(m_path).write(oldProject));
+        for (const char *path : {"test.station/x.station", "no folder/x.station"}) {
+            QVERIFY(ProjectFile(m_folder.filePath(path)).write(newProject).reason().contains("folder does not exist"));
+        }
+    }
+
+    void writesToAPipeInsteadOfReplacingIt()
+    {
+        std::array<int, 2> pipeEnds{};
+        char byte = 0;
+        QVERIFY(pipe(pipeEnds.data()) == 0 && writeFile(QString("/dev/fd/%1").arg(pipeEnds[1]), "x"));
+        QVERIFY(::read(pipeEnds[0], &byte, 1) == 1 && byte == 'x');
+    }
+
+    void isCompleteWhenItsWriterIsKilled_data()
     {
         const Rows<bool> row("asNewFile");
         row("in place", false);
         row("as a new file", true);
     }
-    void isWholeWhenItsWriterIsKilled()
+    void isCompleteWhenItsWriterIsKilled()
     {
         QFETCH(bool, asNewFile);
         if (!canTrace()) {
@@ -267,24 +265,25 @@ private slots:
         QVERIFY(asNewFile || ProjectFile(m_path).write(oldProject));
         const QByteArray before = contentOf(m_path);
         const int stops = saveUntil(std::numeric_limits<int>::max(), m_path, newProject);
-        QVERIFY(stops > 100 && areSame(ProjectFile(m_path).read(), newProject));
+        QVERIFY(stops > 100 && content() == textsOf(newProject));
         QRandomGenerator random(500);
         QMap<QByteArray, int> outcomes;
         for (int kill = 0; kill < 500; ++kill) {
             QVERIFY(asNewFile ? QFile::remove(m_path) : (overwrite(m_path, before), true));
             QVERIFY(saveUntil(random.bounded(stops), m_path, newProject) >= 0);
             ++outcomes[files().size() > (QFile::exists(m_path) ? 1 : 0) ? "midway" : "clean"];
-            ProjectFile file(m_path);
-            const std::optional<Project> found = file.read();
-            ++outcomes[areSame(found, newProject) ? "new" : "old"];
-            QVERIFY2(areSame(found, newProject) || (asNewFile ? !QFile::exists(m_path) : areSame(found, oldProject)),
-                     qPrintable(file.errorString()));
-            QVERIFY2(file.write(oldProject) && areSame(file.read(), oldProject), qPrintable(file.errorString()));
+            const QStringList found = content();
+            ++outcomes[found == textsOf(newProject) ? "new" : "old"];
+            QVERIFY2(found == textsOf(newProject) ||
+                         (asNewFile ? !QFile::exists(m_path) : found == textsOf(oldProject)),
+                     qPrintable(found.join('\n')));
+            QVERIFY(ProjectFile(m_path).write(oldProject));
+            QCOMPARE(content(), textsOf(oldProject));
             QCOMPARE(files(), QStringList("test.station"));
         }
         QCOMPARE(outcomes.size(), 4);
     }
 };
 
-QTEST_GUILESS_MAIN(tst_ProjectFile)
+QTEST_GUILESS_MAIN(TestProjectFile)
 #include "tst_projectfile.moc"

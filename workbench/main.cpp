@@ -1,4 +1,4 @@
-// The workbench: a host for the plug-in, as a window or, without a display, as a table on standard output.
+// The workbench: a host program for the plug-in. It shows a window; without a display it prints a table.
 #include "baseservices.h"
 #include "batch.h"
 #include "catalog.h"
@@ -28,7 +28,7 @@ QString sampleOwner()
 
 struct Options {
     QCommandLineParser parser;
-    // Not "plugin": that is an option of Qt's own, which would take it away.
+    // Not "plugin", because Qt removes an option of that name from the arguments.
     QCommandLineOption library{QStringLiteral("library"), QStringLiteral("Load the plug-in from <file>."),
                                QStringLiteral("file")};
     QCommandLineOption table{QStringLiteral("table"),
@@ -38,8 +38,8 @@ struct Options {
     Options()
     {
         parser.setApplicationDescription(
-            QStringLiteral("Shows a station of extension modules; without a file, one module of every type."));
-        parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Station file to open."),
+            QStringLiteral("Shows a station of extension modules. Without a file it shows one module of every type."));
+        parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Project file to open."),
                                      QStringLiteral("[file]"));
         parser.addHelpOption();
         parser.addVersionOption();
@@ -53,7 +53,7 @@ void complain(const QString &text)
     QTextStream(stderr) << text << '\n';
 }
 
-/// Who started the program from a desktop sees no standard error.
+/// Users who start the program from a desktop do not see standard error.
 void complainAtStart(const QString &text, bool inWindow)
 {
     complain(text);
@@ -62,7 +62,7 @@ void complainAtStart(const QString &text, bool inWindow)
     }
 }
 
-/// The plug-in keeps names and comments in the local encoding, so one that lacks characters would lose them.
+/// The plug-in stores names and comments in the local encoding, so an encoding without a character would lose it.
 void ensureUnicodeEncoding()
 {
     const QString sample = QStringLiteral(u"\u00e4\u4e2d\U0001f600");
@@ -72,7 +72,7 @@ void ensureUnicodeEncoding()
     }
 }
 
-/// A platform of Qt's that needs no display counts as one when the user asked for it.
+/// Also true if the user requested a Qt platform that needs no display.
 bool hasDisplay()
 {
     const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM").section(QLatin1Char(':'), 0, 0);
@@ -82,17 +82,15 @@ bool hasDisplay()
     return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-/// One module of every type of the catalog, in racks of a width that a window shows, or null.
-std::unique_ptr<Station> sampleStation(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog)
+/// One module of every type of the catalog, with as many per rack as a window shows.
+Result<std::unique_ptr<Station>> sampleStation(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog)
 {
     auto station = std::make_unique<Station>(plugin, sampleOwner());
-    QString error;
-    constexpr int modulesInARack = 4;
+    constexpr int modulesPerRack = 4;
     for (const CatalogEntry &entry : catalog) {
-        const Place place{station->count() / modulesInARack, station->count() % modulesInARack};
-        if (!station->add(entry.typeCode, place, error)) {
-            complain(QStringLiteral("%1: %2").arg(entry.name, error));
-            return nullptr;
+        const Place place{station->count() / modulesPerRack, station->count() % modulesPerRack};
+        if (const Result<> added = station->add(entry.typeCode, place); !added) {
+            return Failure{QStringLiteral("%1: %2").arg(entry.name, added.reason())};
         }
     }
     return station;
@@ -100,26 +98,25 @@ std::unique_ptr<Station> sampleStation(const PluginLibrary &plugin, const std::v
 
 int printTable(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog, const QString &path)
 {
-    QString error;
-    const std::unique_ptr<Station> station =
-        path.isEmpty() ? sampleStation(plugin, catalog) : openStation(plugin, sampleOwner(), path, error);
+    const bool isSample = path.isEmpty();
+    const auto station = isSample ? sampleStation(plugin, catalog) : openStation(plugin, sampleOwner(), path);
     if (!station) {
-        if (!error.isEmpty()) {
-            complain(QStringLiteral("%1: %2").arg(path, error));
-        }
+        complain(isSample ? station.reason() : QStringLiteral("%1: %2").arg(path, station.reason()));
         return exitFailure;
     }
     QTextStream out(stdout);
-    return printStation(out, *station) ? 0 : exitFailure;
+    return printStation(out, **station) ? 0 : exitFailure;
 }
 
 int showWindow(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog, const QString &path)
 {
-    auto station = path.isEmpty() ? sampleStation(plugin, catalog) : std::make_unique<Station>(plugin, sampleOwner());
+    Result<std::unique_ptr<Station>> station =
+        path.isEmpty() ? sampleStation(plugin, catalog) : std::make_unique<Station>(plugin, sampleOwner());
     if (!station) {
+        complain(station.reason());
         return exitFailure;
     }
-    MainWindow window(plugin, catalog, std::move(station));
+    MainWindow window(plugin, catalog, std::move(*station));
     window.show();
     if (!path.isEmpty()) {
         window.openFile(path);
@@ -134,7 +131,7 @@ int run(Options &options, const QCoreApplication &application, bool asTable)
         complain(options.parser.errorText());
         return exitUsage;
     }
-    options.parser.process(application); // help and version end here
+    options.parser.process(application); // exits for --help and --version
     const bool asBatch = options.parser.isSet(options.batch.batch);
     PluginLibrary plugin;
     if (!plugin.load(options.parser.value(options.library))) {
@@ -149,7 +146,7 @@ int run(Options &options, const QCoreApplication &application, bool asTable)
     }
     const std::vector<CatalogEntry> catalog = readCatalog();
     if (catalog.empty()) {
-        complainAtStart(QStringLiteral("The catalog %1 describes no module.")
+        complainAtStart(QStringLiteral("The catalog %1 has no module descriptions.")
                             .arg(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription)),
                         !asTable);
         return exitFailure;
@@ -164,7 +161,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("workbench"));
     QCoreApplication::setApplicationVersion(QStringLiteral(WORKBENCH_VERSION));
-    // The plug-in renders every block that it writes or reads as a debug line; QT_LOGGING_RULES can ask for them.
+    // The plug-in formats every block as a debug line. QT_LOGGING_RULES can turn these lines on.
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
 
     Options options;
@@ -172,13 +169,13 @@ int main(int argc, char *argv[])
     for (int i = 0; i < argc; ++i) {
         arguments += QString::fromLocal8Bit(argv[i]);
     }
-    options.parser.parse(arguments); // Qt's own options are still among them
+    options.parser.parse(arguments); // still contains Qt's own options
     if (options.parser.isSet(options.table) || options.parser.isSet(options.batch.batch) || !hasDisplay()) {
         const QCoreApplication application(argc, argv);
         return run(options, application, true);
     }
 
-    // A display that does not answer must end in the table, not in an abort.
+    // If the display does not answer, the program must print the table and not abort.
     const bool fallsBack = qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
     if (fallsBack) {
         qputenv("QT_QPA_PLATFORM", "xcb;wayland;offscreen");

@@ -1,15 +1,13 @@
 #include "batch.h"
 
-#include "blockdecoder.h"
 #include "catalog.h"
+#include "files.h"
 #include "imagerangetext.h"
 #include "projectfile.h"
-#include "simulatedbase.h"
 #include "stationblocks.h"
 
 #include <QCommandLineParser>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
 
@@ -27,7 +25,7 @@ QString placeText(Place place)
     return QStringLiteral("rack %1, slot %2").arg(place.rack).arg(place.slot);
 }
 
-/// Runs one task; the functions of the tasks may be called once.
+/// Runs one task. Call one of the task functions, once.
 class Batch {
 public:
     Batch(const PluginLibrary &plugin, QTextStream &out, QTextStream &err) : m_plugin(plugin), m_out(out), m_err(err) {}
@@ -38,7 +36,7 @@ public:
             return UsageOrUnreadable;
         }
         for (int i = 0; i < m_station->count(); ++i) {
-            const ModuleView module = m_station->module(i);
+            const ModuleSummary module = m_station->module(i);
             if (!module.unavailable.isEmpty()) {
                 find(module, QStringLiteral("unavailable: ") + module.unavailable);
                 continue;
@@ -53,17 +51,20 @@ public:
 
     BatchExit verify(const QString &path)
     {
-        const std::optional<Project> project = open(path) ? ProjectFile(path).read() : std::nullopt;
-        if (!project) {
+        if (!open(path)) {
             return UsageOrUnreadable;
         }
+        const Result<Project> project = ProjectFile(path).read();
+        if (!project) {
+            return refuse(path, project);
+        }
         for (int i = 0; i < m_station->count(); ++i) {
-            const ModuleView module = m_station->module(i);
+            const ModuleSummary module = m_station->module(i);
             const QByteArray &stored = project->modules[static_cast<std::size_t>(i)].state;
             if (!module.unavailable.isEmpty()) {
                 find(module, QStringLiteral("unavailable: ") + module.unavailable);
             } else if (m_station->stored(i).state != stored) {
-                find(module, QStringLiteral("restored and saved again, its state is another one"));
+                find(module, QStringLiteral("changes its state when it is restored and saved again"));
             }
         }
         return finish();
@@ -74,98 +75,85 @@ public:
         if (!open(path)) {
             return UsageOrUnreadable;
         }
-        const int views = m_station->unavailableCount() == 0 ? 0 : m_station->count(); // making them takes time
+        const int views = m_station->unavailableCount() == 0 ? 0 : m_station->count(); // summaries take time
         for (int i = 0; i < views; ++i) {
-            if (const ModuleView module = m_station->module(i); !module.unavailable.isEmpty()) {
+            if (const ModuleSummary module = m_station->module(i); !module.unavailable.isEmpty()) {
                 find(module, QStringLiteral("left out: ") + module.unavailable);
             }
         }
-        QString error;
-        if (!writeFile(blockFile, *m_station->compiled(), error)) {
-            return refuse(blockFile, error);
-        }
-        return finish();
+        const Result<> written = writeFile(blockFile, *m_station->compiled());
+        return written ? finish() : refuse(blockFile, written);
     }
 
     BatchExit decompile(const QString &path, const QString &blockFile)
     {
-        QFile file(blockFile);
-        if (!file.open(QIODevice::ReadOnly)) {
-            return refuse(blockFile, file.errorString());
+        const Result<QByteArray> bytes = readBlockFile(blockFile);
+        if (!bytes) {
+            return refuse(blockFile, bytes);
         }
-        if (file.size() > blockdecoder::maximumFileSize) {
-            return refuse(blockFile, QStringLiteral("The file is too large for the blocks of a station."));
-        }
-        std::vector<BlockResult> results;
-        m_station = decompiled(m_plugin, owner(), file.readAll(), results);
-        for (const BlockResult &result : results) {
+        DecompiledStation rebuilt = decompiled(m_plugin, owner(), *bytes);
+        m_station = std::move(rebuilt.station);
+        for (const BlockResult &result : rebuilt.problems) {
             m_out << "block " << result.number << " at byte " << result.offset << ", result code " << result.code
                   << ": " << QStringList{result.error, result.unread}.join(QLatin1Char(' ')).trimmed() << '\n';
             ++m_findings;
         }
-        if (m_station->count() == 0) { // most likely a file of something else
+        if (m_station->count() == 0) { // probably a file of another kind
             m_out << "No project is written.\n";
             return finish();
         }
-        return writeNew(path) ? finish() : UsageOrUnreadable;
+        return finishWith(path);
     }
 
-    /// Modules of all types of the catalog in turn, under the smallest controller that has room for them.
+    /// Modules of all types of the catalog in turn, with the smallest controller that has room for them.
     BatchExit create(const QString &path, int modules)
     {
         const std::vector<CatalogEntry> catalog = readCatalog();
         if (catalog.empty()) {
             return refuse(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription),
-                          QStringLiteral("The catalog describes no module."));
+                          Failure{QStringLiteral("The catalog has no module descriptions.")});
         }
         m_station = std::make_unique<Station>(m_plugin, owner());
-        QString error;
-        m_station->setPlcType(simulatedhost::plcTypes().constLast().id, error);
+        m_station->setLargestPlcType();
         for (int i = 0; i < modules; ++i) {
             const CatalogEntry &entry = catalog[static_cast<std::size_t>(i) % catalog.size()];
-            if (!m_station->add(entry.typeCode, Place::at(i), error)) {
-                m_out << "module " << i + 1 << " of " << modules << " does not fit: " << error << '\n';
+            if (const Result<> added = m_station->add(entry.typeCode, Place::at(i)); !added) {
+                m_out << "module " << i + 1 << " of " << modules << " does not fit: " << added.reason() << '\n';
                 return Findings;
             }
         }
         m_station->fitPlcType();
-        return writeNew(path) ? finish() : UsageOrUnreadable;
+        return finishWith(path);
     }
 
 private:
     bool open(const QString &path)
     {
-        QString error;
-        m_station = openStation(m_plugin, owner(), path, error);
-        if (!m_station) {
-            refuse(path, error);
-        }
-        return m_station != nullptr;
-    }
-
-    bool writeNew(const QString &path)
-    {
-        ProjectFile file(path);
-        if (QFileInfo::exists(path)) {
-            refuse(path, QStringLiteral("The file exists already."));
+        Result<std::unique_ptr<Station>> opened = openStation(m_plugin, owner(), path);
+        if (!opened) {
+            refuse(path, opened);
             return false;
         }
-        if (!file.write(m_station->project())) {
-            refuse(path, file.errorString());
-            return false;
-        }
+        m_station = std::move(*opened);
         return true;
     }
 
-    void find(const ModuleView &module, const QString &text)
+    BatchExit finishWith(const QString &path)
+    {
+        const Result<> written = QFileInfo::exists(path) ? Failure{QStringLiteral("The file already exists.")}
+                                                         : ProjectFile(path).write(m_station->project());
+        return written ? finish() : refuse(path, written);
+    }
+
+    void find(const ModuleSummary &module, const QString &text)
     {
         m_out << placeText(module.place) << ": \"" << module.name << "\" " << text << '\n';
         ++m_findings;
     }
 
-    BatchExit refuse(const QString &path, const QString &error)
+    BatchExit refuse(const QString &path, const Result<> &failed)
     {
-        m_err << QDir::toNativeSeparators(path) << ": " << error << '\n';
+        m_err << QDir::toNativeSeparators(path) << ": " << failed.reason() << '\n';
         return UsageOrUnreadable;
     }
 
@@ -185,17 +173,20 @@ private:
 } // namespace
 
 BatchOptions::BatchOptions()
-    : batch(QStringLiteral("batch"), QStringLiteral("Do one of the tasks below, without a window.")),
-      list(QStringLiteral("list"), QStringLiteral("Batch: list the modules of the project.")),
-      verify(QStringLiteral("verify"), QStringLiteral("Batch: restore every module, save it again and compare.")),
-      compile(QStringLiteral("compile"), QStringLiteral("Batch: write the station's configuration block to <out>."),
+    : batch(QStringLiteral("batch"), QStringLiteral("Run one of the tasks below, without a window.")),
+      list(QStringLiteral("list"), QStringLiteral("Batch: list the modules of the project [file].")),
+      verify(QStringLiteral("verify"),
+             QStringLiteral("Batch: restore every module of [file], save it again and compare.")),
+      compile(QStringLiteral("compile"),
+              QStringLiteral("Batch: write the configuration blocks of [file] to the file <out>."),
               QStringLiteral("out")),
       decompile(QStringLiteral("decompile"),
-                QStringLiteral("Batch: build the new project [file] from the configuration block of <block file>."),
+                QStringLiteral("Batch: create the project [file] from the configuration blocks in <block file>."),
                 QStringLiteral("block file")),
-      create(QStringLiteral("new"), QStringLiteral("Batch: write the new project <project>."),
+      create(QStringLiteral("new"), QStringLiteral("Batch: create the project file <project>, with --modules."),
              QStringLiteral("project")),
-      modules(QStringLiteral("modules"), QStringLiteral("Batch, with --new: number of modules, of all types in turn."),
+      modules(QStringLiteral("modules"),
+              QStringLiteral("Batch: number of modules for --new. Uses all module types in turn."),
               QStringLiteral("number"))
 {
 }
@@ -214,7 +205,7 @@ BatchExit runBatch(const QCommandLineParser &parser, const BatchOptions &options
     const bool creates = parser.isSet(options.create);
     const QStringList files = parser.positionalArguments();
     if (chosen != 1 || parser.isSet(options.modules) != creates || files.size() != (creates ? 0 : 1)) {
-        err << "--batch takes a project file and one of --list, --verify, --compile and --decompile, or --new and "
+        err << "--batch needs a project file and one of --list, --verify, --compile and --decompile, or --new and "
                "--modules.\n";
         return UsageOrUnreadable;
     }
@@ -223,7 +214,7 @@ BatchExit runBatch(const QCommandLineParser &parser, const BatchOptions &options
         bool isNumber = false;
         const int modules = parser.value(options.modules).toInt(&isNumber);
         if (!isNumber || modules < 0) {
-            err << "--modules takes a number from 0.\n";
+            err << "--modules needs an integer of at least 0.\n";
             return UsageOrUnreadable;
         }
         return batch.create(parser.value(options.create), modules);

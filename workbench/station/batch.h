@@ -7,13 +7,14 @@ class PluginLibrary;
 class QCommandLineParser;
 class QTextStream;
 
+/// Exit status of the program.
 enum BatchExit {
     NoFindings = 0,
-    Findings = 1,         ///< something is wrong with a module or a block
-    UsageOrUnreadable = 2 ///< nothing could be done
+    Findings = 1,         ///< a module or a block has a problem
+    UsageOrUnreadable = 2 ///< the command line is wrong, or a file cannot be read or written
 };
 
-/// The options of all tasks, of which a command line has one.
+/// The options of all tasks. A valid command line contains one task.
 struct BatchOptions {
     BatchOptions();
 
@@ -28,7 +29,8 @@ struct BatchOptions {
     QCommandLineOption modules;
 };
 
-/// Runs the task of a parsed command line. Prints one line per finding to @p out, and to @p err why nothing could be
-/// done. A file that exists is never overwritten by a new project.
+/// Runs the task of a parsed command line. Prints results and problems to @p out, and the reason of UsageOrUnreadable
+/// to
+/// @p err. Never overwrites a file with a new project.
 BatchExit runBatch(const QCommandLineParser &parser, const BatchOptions &options, const PluginLibrary &plugin,
                    QTextStream &out, QTextStream &err);

@@ -1,3 +1,5 @@
+// The module descriptions have a second parser here, because the workbench sees the plug-in through its exports only.
+// This one reads four keys of the first entry and validates nothing; the plug-in decides whether a type can be used.
 #include "catalog.h"
 
 #include "baseservices.h"
@@ -6,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QTextStream>
 
 #include <algorithm>
@@ -17,7 +18,7 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(Catalog)
 };
 
-/// The text behind the first "=" of a line that begins with @p key; null for any other line.
+/// The text after the first "=" of a line that begins with @p key; a null string for any other line.
 QString valueOf(const QString &line, QLatin1String key)
 {
     if (!line.startsWith(key, Qt::CaseInsensitive)) {
@@ -26,7 +27,8 @@ QString valueOf(const QString &line, QLatin1String key)
     return line.mid(line.indexOf(QLatin1Char('=')) + 1).simplified();
 }
 
-/// The description files do not tell temperature modules from other analog ones, the type codes do.
+/// Temperature modules are identified by their type codes, because their description files have the base type of other
+/// analog modules.
 CatalogFamily familyOf(int baseType, quint32 typeCode)
 {
     switch (baseType) {
@@ -45,7 +47,12 @@ CatalogFamily familyOf(int baseType, quint32 typeCode)
     }
 }
 
-/// Fills all but the type code from the first entry of a description file.
+QString descriptionFileName(quint32 typeCode)
+{
+    return QStringLiteral("hw%1.met").arg(QString::number(typeCode, 16).toUpper(), 8, QLatin1Char('0'));
+}
+
+/// Fills all members except the type code from the first entry of a description file.
 void readTexts(const QString &path, CatalogEntry &entry)
 {
     QFile file(path);
@@ -71,16 +78,14 @@ void readTexts(const QString &path, CatalogEntry &entry)
 
 std::vector<CatalogEntry> readCatalog()
 {
-    static const QRegularExpression fileName(QStringLiteral("^hw([0-9A-F]{8})\\.met$"));
     const QDir folder(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription));
     std::vector<CatalogEntry> entries;
     for (const QString &file : folder.entryList({QStringLiteral("hw*.met")}, QDir::Files)) {
-        const QRegularExpressionMatch match = fileName.match(file);
-        if (!match.hasMatch()) {
+        CatalogEntry entry;
+        entry.typeCode = file.mid(2, 8).toUInt(nullptr, 16);
+        if (file != descriptionFileName(entry.typeCode)) {
             continue;
         }
-        CatalogEntry entry;
-        entry.typeCode = match.captured(1).toUInt(nullptr, 16);
         readTexts(folder.filePath(file), entry);
         if (!entry.name.isEmpty()) {
             entries.push_back(entry);
@@ -93,10 +98,10 @@ std::vector<CatalogEntry> readCatalog()
 
 QString catalogProblem(quint32 typeCode)
 {
-    const QString name = QStringLiteral("hw%1.met").arg(QString::number(typeCode, 16).toUpper(), 8, QLatin1Char('0'));
+    const QString name = descriptionFileName(typeCode);
     const QString path = getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription) + name;
     if (!QFile::exists(path)) {
-        return Texts::tr("The catalog has no description file %1 for the type %2.").arg(name).arg(typeCode);
+        return Texts::tr("The catalog has no description file %1 for type %2.").arg(name).arg(typeCode);
     }
     CatalogEntry entry;
     readTexts(path, entry);
@@ -105,6 +110,14 @@ QString catalogProblem(quint32 typeCode)
             .arg(entry.componentFile, entry.name, QString::number(typeCode));
     }
     return {};
+}
+
+QString typeProblem(quint32 typeCode)
+{
+    const QString problem = catalogProblem(typeCode);
+    return problem.isEmpty()
+               ? Texts::tr("The description file of type %1 is malformed or needs a newer host.").arg(typeCode)
+               : problem;
 }
 
 const CatalogEntry *findEntry(const std::vector<CatalogEntry> &catalog, quint32 typeCode)

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-/// What the catalog groups module types by, in the order in which it shows them.
+/// Groups of module types, in the order in which the catalog shows them.
 enum class CatalogFamily { Analog, Temperature, Digital, Weighing, Other };
 
 struct CatalogEntry {
@@ -16,15 +16,18 @@ struct CatalogEntry {
     CatalogFamily family = CatalogFamily::Other;
 };
 
-/// One entry per description file in the host's folder, by rising type code. A file whose name is not "hw", eight
-/// hexadecimal digits, ".met", or that has no name in it, is left out.
+/// One entry per description file in the host's folder, in ascending order of type codes. Omits files whose name is not
+/// "hw", eight upper-case hexadecimal digits, ".met", and files without a module name.
 std::vector<CatalogEntry> readCatalog();
 
-/// What the host lacks for modules of a type, in the user's language, with the file's name; empty when its description
-/// and component file are there.
+/// Which file the host lacks for modules of a type, in the user's language; empty if it has the description and the
+/// component file.
 QString catalogProblem(quint32 typeCode);
 
-/// The entry of a type code; null when the catalog has none.
+/// Why the plug-in creates no module of a type even without an owner: catalogProblem(), else the description itself.
+QString typeProblem(quint32 typeCode);
+
+/// The entry of a type code; null if the catalog has none. Valid as long as @p catalog is unchanged.
 const CatalogEntry *findEntry(const std::vector<CatalogEntry> &catalog, quint32 typeCode);
 
 /// Translated heading of a family.

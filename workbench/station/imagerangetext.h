@@ -5,9 +5,9 @@
 
 #include <QString>
 
-/// Bytes that the range takes in its area.
+/// Bytes that the range occupies in its area.
 int rangeBytes(const IoMap &range);
-/// Short name of a memory area as a programmer writes it ("AI", "Q"), or the code of an unknown one.
+/// Short name of a memory area, such as "AI" or "Q"; the number of an unknown area.
 QString areaName(quint8 area);
-/// "AI 0..7", or empty for a range of no bytes.
+/// Such as "AI 0..7"; an empty string for an empty range.
 QString rangeText(const IoMap &range);

@@ -42,7 +42,7 @@ constexpr std::array<ExportEntry, 20> exportTable{{
     {"restore", store<&PluginExports::restore>},
 }};
 
-/// The library beside the program, in the build folder as in an installation, else the loader's choice.
+/// The library relative to the program, in the build folder or in an installation; otherwise the loader searches it.
 QString defaultLibrary()
 {
     const QDir programFolder(QCoreApplication::applicationDirPath());

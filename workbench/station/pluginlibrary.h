@@ -9,7 +9,7 @@
 
 #include <memory>
 
-/// One pointer per export, named as the export. All of them are set once PluginLibrary::load succeeded.
+/// One pointer per export, with the name of the export. All are set after PluginLibrary::load() succeeded.
 struct PluginExports {
     decltype(&::createObject) createObject = nullptr;
     decltype(&::releaseObject) releaseObject = nullptr;
@@ -33,24 +33,24 @@ struct PluginExports {
     decltype(&::restore) restore = nullptr;
 };
 
-/// A module that its holder owns; releaseObject runs exactly once for it.
+/// Owns a module and calls releaseObject for it.
 using ModuleHandle = std::unique_ptr<SimpleExtendPar, decltype(&::releaseObject)>;
 
-/// The loaded library. It stays loaded when this object goes, but must outlive its users all the same: they
-/// keep a pointer to the exports.
+/// The loaded library. It stays loaded after this object is destroyed. This object must still outlive its users,
+/// because they keep a pointer to the exports.
 class PluginLibrary {
     Q_DECLARE_TR_FUNCTIONS(PluginLibrary)
 public:
-    /// Loads the library file @p path, or the one that the program would use by itself when that is empty.
-    /// False when it cannot be loaded or lacks an export; errorString() then says why.
+    /// Loads the library file @p path, or the default library if that is empty. Returns false when it cannot be loaded
+    /// or lacks an export; errorString() then has the reason.
     bool load(const QString &path);
 
     const PluginExports &exports() const { return m_exports; }
     QString errorString() const { return m_errorString; }
-    /// The file that was loaded, or that should have been.
+    /// The file of the latest load().
     QString fileName() const { return m_library.fileName(); }
 
-    /// Takes the ownership of what createObject, restore or recompile returned.
+    /// Takes ownership of a module that createObject, restore or recompile returned. Null is allowed.
     ModuleHandle own(SimpleExtendPar *handle) const { return {handle, m_exports.releaseObject}; }
 
 private:

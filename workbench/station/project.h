@@ -1,4 +1,4 @@
-// What a station consists of when no plug-in holds it: the content of a project file.
+// The content of a project file: a station without the plug-in.
 #pragma once
 
 #include <QByteArray>
@@ -7,8 +7,8 @@
 
 #include <vector>
 
-/// Where a module sits. Small numbers only: blocks keep rack and slot as bytes with a sign, and a saved state cannot
-/// carry a position byte of 128 or more.
+/// Where a module is. The limits are small because blocks store rack and slot as signed bytes, and a saved state
+/// cannot contain a position byte of 128 or more.
 struct Place {
     static constexpr int rackCount = 128;
     static constexpr int slotCount = 32;
@@ -27,19 +27,19 @@ struct Place {
 };
 Q_DECLARE_METATYPE(Place)
 
-/// A module without a handle.
+/// A module as stored bytes.
 struct StoredModule {
-    static constexpr int largestState = 65536; ///< bytes; many times that of any module
+    static constexpr int largestState = 65536; ///< bytes; many times the size of any module
 
     Place place;
-    quint32 typeCode = 0; ///< for a reader only, as the name: the state decides
+    quint32 typeCode = 0; ///< informative, as the name; the state decides
     QString name;
     QByteArray state;    ///< as the plug-in saved it
-    QString unavailable; ///< why the plug-in could not restore it, in the user's language; empty where it could or was
-                         ///< not asked yet; not part of a project file
+    QString unavailable; ///< why the plug-in could not restore it, in the user's language; empty if it could or has not
+                         ///< tried yet; not part of a project file
 };
 
 struct Project {
     quint32 plcType = 0;
-    std::vector<StoredModule> modules; ///< by rising place, one a place
+    std::vector<StoredModule> modules; ///< in ascending order of places, at most one per place
 };

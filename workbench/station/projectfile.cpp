@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -18,13 +17,13 @@
 
 namespace {
 
-constexpr qint64 largestFile = 64LL * 1024 * 1024; // far beyond a full station
+constexpr qint64 largestFile = 64LL * 1024 * 1024; // bytes, many times the size of a full station
 constexpr quint32 applicationId = 0x53585354;      // "SXST"
 constexpr int headerSize = 100;                    // of a SQLite database, as its format defines it
 constexpr int versionOffset = 60;
 constexpr int applicationIdOffset = 68;
 
-/// The statements that make the tables; SQLite keeps them as they are, so a file is known by them.
+/// The statements that create the tables. SQLite stores their text, which identifies a station file.
 QStringList schema()
 {
     return {QStringLiteral("CREATE TABLE station (id INTEGER PRIMARY KEY CHECK (id = 1), plc_type INTEGER NOT NULL, "
@@ -40,7 +39,7 @@ QStringList schema()
                 .arg(StoredModule::largestState)};
 }
 
-/// Covers the length of every state too, so that no byte can move from one module to the next unnoticed.
+/// Includes the length of every state, which detects bytes that moved from one module to the next.
 QString checksum(const Project &project)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
@@ -53,35 +52,31 @@ QString checksum(const Project &project)
     return QString::fromLatin1(hash.result().toHex());
 }
 
-struct Texts {
-    Q_DECLARE_TR_FUNCTIONS(ProjectFile)
-};
-
 QString damaged(const QString &complaint)
 {
-    return Texts::tr("The file is damaged: %1").arg(complaint);
+    return ProjectFile::tr("The file is damaged: %1").arg(complaint);
 }
 
-/// A sentence for the user. The lowest byte of SQLite's result codes tells their kind.
+/// A sentence for the user. The lowest byte of a SQLite result code is its primary code.
 QString textOf(const QSqlError &error)
 {
     switch (error.nativeErrorCode().toUInt() & 0xffU) {
     case 5:
-        return Texts::tr("Another program is using the file.");
+        return ProjectFile::tr("Another program is using the file.");
     case 8:
-        return Texts::tr("The file or its folder is write-protected.");
+        return ProjectFile::tr("The file or its folder is write-protected.");
     case 10:
-        return Texts::tr("The disk is full, or it failed to read or write.");
+        return ProjectFile::tr("The disk is full, or it failed to read or write.");
     case 13:
-        return Texts::tr("The disk is full.");
+        return ProjectFile::tr("The disk is full.");
     case 14:
-        return Texts::tr("The folder is missing, or no file may be created in it.");
+        return ProjectFile::tr("The folder does not exist, or files cannot be created in it.");
     default:
         return damaged(error.text().simplified());
     }
 }
 
-/// An open database under a connection name of its own, which goes with it. Whatever fails first is kept.
+/// An open database with a separate connection name, which is removed with it. Stores the first error.
 class Database {
 public:
     explicit Database(const QString &path)
@@ -101,13 +96,13 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Database)
 
-    /// Runs a statement, for every row of @p rows if there are any. A failure makes all later calls fail.
+    /// Runs a statement once per row of values. After a failure all later calls fail.
     bool run(const QString &statement, const QVector<QVariantList> &rows = {QVariantList()})
     {
         QSqlQuery query = prepared(statement);
         return std::all_of(rows.begin(), rows.end(), [&](const QVariantList &row) { return exec(query, row); });
     }
-    /// Calls @p take with the query at every row of the answer.
+    /// Calls @p take with the query at each row of the result.
     template <typename Take>
     bool select(const QString &statement, Take take)
     {
@@ -156,8 +151,8 @@ private:
     QString m_errorString;
 };
 
-/// What is wrong with the tables or their rows; empty when nothing is. The tables come first: SQLite's check, which
-/// covers their constraints, must not run those of others.
+/// What is wrong with the tables or their rows; empty if they are correct. The tables are compared first, because
+/// SQLite's check evaluates their constraints and must not evaluate those of other tables.
 QString complaintOf(Database &database)
 {
     QStringList statements;
@@ -165,7 +160,7 @@ QString complaintOf(Database &database)
     database.select(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY rowid"),
                     [&](const QSqlQuery &query) { statements += query.value(0).toString(); });
     if (database.errorString().isEmpty() && statements != schema()) {
-        return damaged(Texts::tr("its tables are not those of a station"));
+        return damaged(ProjectFile::tr("its tables are not those of a station."));
     }
     database.select(QStringLiteral("PRAGMA integrity_check(1)"),
                     [&](const QSqlQuery &query) { findings += query.value(0).toString(); });
@@ -179,7 +174,8 @@ bool insertProject(Database &database, const Project &project)
     QVector<QVariantList> rows;
     for (const StoredModule &module : project.modules) {
         rows.append({module.place.index(), module.place.rack, module.place.slot, module.typeCode,
-                     module.name.isNull() ? QStringLiteral("") : module.name, module.state}); // null would be NULL
+                     module.name.isNull() ? QStringLiteral("") : module.name,
+                     module.state}); // a null string would become NULL
     }
     return database.run(QStringLiteral("INSERT INTO station VALUES (1, ?, ?)"),
                         {{project.plcType, checksum(project)}}) &&
@@ -209,7 +205,7 @@ bool replaceContent(Database &database, const Project &project)
            database.run(QStringLiteral("COMMIT"));
 }
 
-/// The name of a file beside another one, which is removed with this object unless it has been renamed.
+/// The name of a temporary file in the folder of @p path. The file is removed with this object unless it was renamed.
 class TemporaryName {
 public:
     explicit TemporaryName(const QString &path)
@@ -225,21 +221,7 @@ private:
     QString m_path;
 };
 
-/// A disk that is filling up takes a part first; what is wrong it says when it is given the rest.
-bool writeAll(QFileDevice &file, const QByteArray &bytes)
-{
-    qint64 done = 0;
-    while (done < bytes.size()) {
-        const qint64 taken = file.write(bytes.constData() + done, bytes.size() - done);
-        if (taken <= 0) {
-            return false;
-        }
-        done += taken;
-    }
-    return file.flush();
-}
-
-/// Removes the files under temporary names that programs left when they were killed.
+/// Removes the temporary files of programs that were killed.
 void removeLeftovers(const QString &path)
 {
     static const QRegularExpression ending(QStringLiteral("^\\.[0-9a-f]{32}\\.tmp(-journal)?$"));
@@ -254,66 +236,45 @@ void removeLeftovers(const QString &path)
 
 } // namespace
 
-bool writeFile(const QString &path, const QByteArray &bytes, QString &error)
-{
-    const QFileInfo target(path);
-    QFile device(path);
-    QSaveFile file(path);
-    // A device or a pipe must not be replaced by a file.
-    const bool isDevice = target.exists() && !target.isFile() && !target.isDir();
-    QFileDevice &out = isDevice ? static_cast<QFileDevice &>(device) : file;
-    const bool written = out.open(QIODevice::WriteOnly) && writeAll(out, bytes) && (isDevice || file.commit());
-    error = out.errorString();
-    return written;
-}
-
 ProjectFile::ProjectFile(const QString &path) : m_path(QFileInfo(path).absoluteFilePath()) {}
 
-bool ProjectFile::fail(const QString &error)
-{
-    m_errorString = error;
-    return false;
-}
-
-/// Looks at the file's first bytes, so that nothing foreign comes into the database's hands.
-bool ProjectFile::recognise()
+/// Checks the first bytes, so the database library does not open files of other programs.
+Result<> ProjectFile::recognise() const
 {
     if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE"))) {
-        return fail(tr("Qt's SQLite driver is not installed."));
+        return Failure{tr("Qt's SQLite driver is not installed.")};
     }
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return fail(file.errorString());
+        return Failure{file.errorString()};
     }
     if (file.size() > largestFile) {
-        return fail(tr("The file is too large for a station."));
+        return Failure{tr("The file is too large for a station.")};
     }
     const QByteArray header = file.read(headerSize);
     if (header.size() < headerSize || !header.startsWith(QByteArray("SQLite format 3\0", 16))) {
-        return fail(tr("This is not a station file, or it is damaged: it does not begin as one."));
+        return Failure{tr("This is not a station file, or its header is damaged.")};
     }
     if (qFromBigEndian<quint32>(header.constData() + applicationIdOffset) != applicationId) {
-        return fail(tr("This is the database of another program, not a station file."));
+        return Failure{tr("This is the database of another program, not a station file.")};
     }
     const auto version = qFromBigEndian<quint32>(header.constData() + versionOffset);
     if (version != formatVersion) {
-        return fail(tr("The file has version %1; this program reads version %2.").arg(version).arg(formatVersion));
+        return Failure{tr("The file has version %1; this program reads version %2.").arg(version).arg(formatVersion)};
     }
-    return true;
+    return {};
 }
 
-std::optional<Project> ProjectFile::read()
+Result<Project> ProjectFile::read() const
 {
-    if (!recognise()) {
-        return std::nullopt;
+    if (const Result<> recognised = recognise(); !recognised) {
+        return recognised.failure();
     }
     Database database(m_path);
     database.run(QStringLiteral("PRAGMA cell_size_check = ON"));
     database.run(QStringLiteral("BEGIN"));
-    const QString complaint = complaintOf(database);
-    if (!complaint.isEmpty()) {
-        fail(complaint);
-        return std::nullopt;
+    if (const QString complaint = complaintOf(database); !complaint.isEmpty()) {
+        return Failure{complaint};
     }
     Project project;
     QString storedChecksum;
@@ -330,48 +291,44 @@ std::optional<Project> ProjectFile::read()
                                                    {}});
                     });
     if (!database.errorString().isEmpty()) {
-        fail(database.errorString());
-        return std::nullopt;
+        return Failure{database.errorString()};
     }
     if (storedChecksum != checksum(project)) {
-        fail(damaged(tr("its modules do not match its checksum")));
-        return std::nullopt;
+        return Failure{damaged(tr("its modules do not match its checksum."))};
     }
     return project;
 }
 
-bool ProjectFile::write(const Project &project)
+Result<> ProjectFile::write(const Project &project) const
 {
     removeLeftovers(m_path);
     if (!QFileInfo::exists(m_path)) {
         return createWith(project);
     }
-    if (!read()) {
-        return false;
+    if (Result<Project> present = read(); !present) {
+        return present.failure();
     }
     Database database(m_path);
-    return replaceContent(database, project) || fail(database.errorString());
+    return replaceContent(database, project) ? Result<>() : Failure{database.errorString()};
 }
 
-/// A new file gets its name when it is complete.
-bool ProjectFile::createWith(const Project &project)
+/// Writes a new file under a temporary name and renames it when it is complete.
+Result<> ProjectFile::createWith(const Project &project) const
 {
     const TemporaryName temporary(m_path);
     {
         Database database(temporary.path());
         if (!createDatabase(database, project)) {
-            return fail(database.errorString());
+            return Failure{database.errorString()};
         }
     }
     QFile file(temporary.path());
-    return file.rename(m_path) || fail(file.errorString());
+    return file.rename(m_path) ? Result<>() : Failure{file.errorString()};
 }
 
-std::unique_ptr<Station> openStation(const PluginLibrary &plugin, const QString &memoryOwner, const QString &path,
-                                     QString &error, const Progress &progress)
+Result<std::unique_ptr<Station>> openStation(const PluginLibrary &plugin, const QString &memoryOwner,
+                                             const QString &path, const Progress &progress)
 {
-    ProjectFile file(path);
-    const std::optional<Project> project = file.read();
-    error = file.errorString();
-    return project ? Station::opened(plugin, memoryOwner, *project, error, progress) : nullptr;
+    const Result<Project> project = ProjectFile(path).read();
+    return project ? Station::opened(plugin, memoryOwner, *project, progress) : project.failure();
 }

@@ -1,222 +1,50 @@
 #include "station.h"
 
-#include "blockdecoder.h"
 #include "catalog.h"
-#include "imagerangetext.h"
 #include "simulatedbase.h"
+#include "statepatch.h"
 
 #include <QPoint>
 
 #include <algorithm>
-#include <iterator>
-#include <optional>
 #include <utility>
 
-namespace {
-
-constexpr qint32 memoryHeld = 1;
-constexpr qint32 noRoom = -1;
-
-QByteArray compiledBlock(const PluginExports &exports, SimpleExtendPar *handle)
-{
-    QByteArray block;
-    QStringList list;
-    exports.compile(handle, block, list);
-    return block;
-}
-
-/// True when the blocks are of one size and differ in exactly @p count bytes.
-bool differInBytes(const QByteArray &a, const QByteArray &b, int count)
-{
-    if (a.size() != b.size()) {
-        return false;
-    }
-    int differences = 0;
-    for (int i = 0; i < a.size(); ++i) {
-        differences += a[i] != b[i] ? 1 : 0;
-    }
-    return differences == count;
-}
-
-bool isHalved(const IoMap &original, const IoMap &rebuilt)
-{
-    return original.unit == 4 && rebuilt.unit == 2 && original.count != 0;
-}
-
-VarArea areaOf(const IoMap &range)
-{
-    return static_cast<VarArea>(range.area);
-}
-
-/// Those of a module's two ranges that take memory; none of a null handle.
-std::vector<MemoryRange> rangesOf(const PluginExports &exports, SimpleExtendPar *handle)
-{
-    std::vector<MemoryRange> ranges;
-    if (handle == nullptr) {
-        return ranges;
-    }
-    for (const IoMap &range : {exports.getInMap(handle), exports.getOutMap(handle)}) {
-        if (rangeBytes(range) != 0) {
-            ranges.emplace_back(areaOf(range), range.start, rangeBytes(range));
-        }
-    }
-    return ranges;
-}
-
-qint32 take(const QString &owner, const MemoryRange &range)
-{
-    const auto &[area, start, length] = range;
-    return getMemory(owner, area, start, length);
-}
-
-bool giveBack(const QString &owner, const MemoryRange &range)
-{
-    const auto &[area, start, length] = range;
-    return freeMemory(owner, area, start, length);
-}
-
-/// Whether all ranges could be taken at this moment; else the host's words for the first that could not.
-bool areFree(const QString &owner, const std::vector<MemoryRange> &ranges, QString &reason)
-{
-    std::vector<MemoryRange> taken;
-    for (const MemoryRange &range : ranges) {
-        const qint32 code = take(owner, range);
-        if (code != memoryHeld) {
-            reason = getMemoryErrStrByErrCode(code);
-            break;
-        }
-        taken.push_back(range);
-    }
-    std::for_each(taken.begin(), taken.end(), [&](const MemoryRange &range) { giveBack(owner, range); });
-    return taken.size() == ranges.size();
-}
-
-/// A restored module does not tell whether the host gave it its addresses. Giving a range back and taking it again
-/// does: one that was refused, or taken with another length, is not there to be given back.
-bool areHeld(const QString &owner, const std::vector<MemoryRange> &ranges)
-{
-    return std::all_of(ranges.begin(), ranges.end(), [&](const MemoryRange &range) {
-        return giveBack(owner, range) && take(owner, range) == memoryHeld;
-    });
-}
-
-/// The type code that a block begins with.
-std::optional<quint32> typeCodeIn(const blockdecoder::DecodedBlock &decoded)
-{
-    const blockdecoder::Field *type = decoded.find(QStringLiteral("header.objId"));
-    return type == nullptr ? std::nullopt : std::optional<quint32>(type->value.toUInt());
-}
-
-/// Why the plug-in creates no module of the type even without an owner.
-QString whyNoType(quint32 typeCode)
-{
-    const QString problem = catalogProblem(typeCode);
-    return problem.isEmpty()
-               ? Station::tr("The description file of type %1 is damaged or meant for a newer host.").arg(typeCode)
-               : problem;
-}
-
-/// Fields of a saved state's header that become others; those that the state lacks, or that are not read, stay out.
-class StatePatch {
-public:
-    explicit StatePatch(const QByteArray &state)
-        : m_state(state), m_decoded(blockdecoder::decodeSavedState(state))
-    {
-    }
-
-    /// Writes @p bytes from the field @p name on.
-    void write(const QString &name, const QByteArray &bytes)
-    {
-        if (const blockdecoder::Field *field = m_decoded.find(QStringLiteral("header.") + name)) {
-            m_state.replace(field->offset, bytes.size(), bytes);
-        }
-    }
-    void writeRange(const QString &name, const IoMap &range)
-    {
-        write(name + QStringLiteral(".area"), QByteArray(1, static_cast<char>(range.area)) +
-                                                  ushortToByteArray(range.start) +
-                                                  static_cast<char>(rangeBytes(range)));
-    }
-    void writePlace(Place place)
-    {
-        write(QStringLiteral("rackId"), QByteArray(1, static_cast<char>(place.rack)));
-        write(QStringLiteral("slotId"), QByteArray(1, static_cast<char>(place.slot)));
-        write(QStringLiteral("positionX"), intToByteArray(place.slot));
-        write(QStringLiteral("positionY"), intToByteArray(place.rack));
-    }
-
-    const QByteArray &state() const { return m_state; }
-
-private:
-    QByteArray m_state;
-    blockdecoder::DecodedBlock m_decoded;
-};
-
-} // namespace
-
 Station::Station(const PluginLibrary &plugin, QString memoryOwner)
-    : m_plugin(plugin), m_exports(plugin.exports()), m_memoryOwner(std::move(memoryOwner))
+    : m_plugin(plugin), m_exports(plugin.exports()), m_memory(std::move(memoryOwner))
 {
 }
 
 Station::~Station() = default;
 
-std::unique_ptr<Station> Station::opened(const PluginLibrary &plugin, const QString &memoryOwner,
-                                         const Project &project, QString &error, const Progress &progress)
+Result<std::unique_ptr<Station>> Station::opened(const PluginLibrary &plugin, const QString &memoryOwner,
+                                                 const Project &project, const Progress &progress)
 {
-    error.clear();
     auto station = std::make_unique<Station>(plugin, memoryOwner);
-    if (!station->setPlcType(project.plcType, error)) {
-        return nullptr;
+    if (const Result<> set = station->setPlcType(project.plcType); !set) {
+        return set.failure();
     }
-    bool ended = false;
+    bool cancelled = false;
     const auto putAll = [&](bool verified) {
         station->m_modules.reserve(project.modules.size());
         return std::all_of(project.modules.begin(), project.modules.end(), [&](const StoredModule &module) {
             const bool available = station->put(module, verified);
-            ended = progress && !progress(station->count(), static_cast<int>(project.modules.size()));
-            return !ended && (available || verified);
+            cancelled = progress && !progress(station->count(), static_cast<int>(project.modules.size()));
+            return !cancelled && (available || verified);
         });
     };
-    // One look at the whole map does where nothing is wrong; else each module has to tell by itself.
-    const bool good = putAll(false) && station->holdsItsMemory();
-    if (!good && !ended) {
+    // Fast path: verify the whole map once. If it is wrong, start again and verify each module.
+    const bool isGood = putAll(false) && station->m_memory.isComplete();
+    if (!isGood && !cancelled) {
         station->m_modules.clear();
-        station->m_held.clear();
-        station->settleMemory();
+        station->m_memory.releaseAll();
+        station->m_memory.settle();
         putAll(true);
     }
-    station->settleMemory();
-    return ended ? nullptr : std::move(station);
-}
-
-/// What the host says that the station's modules hold, in rising order.
-std::vector<MemoryRange> Station::claimed() const
-{
-    std::vector<MemoryRange> ranges;
-    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(m_memoryOwner)) {
-        ranges.emplace_back(range.area, range.start, range.length);
+    station->m_memory.settle();
+    if (cancelled) {
+        return Failure();
     }
-    return ranges;
-}
-
-bool Station::holdsItsMemory() const
-{
-    const std::vector<MemoryRange> present = claimed();
-    return std::includes(present.begin(), present.end(), m_held.begin(), m_held.end());
-}
-
-/// Makes the host's map what the modules hold. A refused module can leave ranges claimed, and when it goes it gives
-/// back those that it shares with another one.
-void Station::settleMemory() const
-{
-    const std::vector<MemoryRange> present = claimed();
-    std::vector<MemoryRange> strays;
-    std::set_difference(present.begin(), present.end(), m_held.begin(), m_held.end(), std::back_inserter(strays));
-    std::for_each(strays.begin(), strays.end(), [this](const MemoryRange &range) { giveBack(m_memoryOwner, range); });
-    std::vector<MemoryRange> lost;
-    std::set_difference(m_held.begin(), m_held.end(), present.begin(), present.end(), std::back_inserter(lost));
-    std::for_each(lost.begin(), lost.end(), [this](const MemoryRange &range) { ::take(m_memoryOwner, range); });
+    return station;
 }
 
 int Station::unavailableCount() const
@@ -237,7 +65,13 @@ void Station::setPlace(SimpleExtendPar *handle, Place place) const
     m_exports.setPosition(handle, QPoint(place.slot, place.rack));
 }
 
-ModuleView Station::module(int index) const
+std::vector<MemoryRange> Station::rangesOf(SimpleExtendPar *handle) const
+{
+    return handle == nullptr ? std::vector<MemoryRange>()
+                             : memoryRanges(m_exports.getInMap(handle), m_exports.getOutMap(handle));
+}
+
+ModuleSummary Station::module(int index) const
 {
     const Module &module = at(index);
     if (!module.handle) {
@@ -253,74 +87,61 @@ ModuleView Station::module(int index) const
             {}};
 }
 
+std::vector<Station::Module>::const_iterator Station::lowerBound(Place place) const
+{
+    return std::lower_bound(m_modules.begin(), m_modules.end(), place.index(),
+                            [](const Module &module, int placeIndex) { return module.place.index() < placeIndex; });
+}
+
 std::optional<int> Station::moduleAt(Place place) const
 {
-    const auto found =
-        std::lower_bound(m_modules.begin(), m_modules.end(), place.index(),
-                         [](const Module &module, int placeIndex) { return module.place.index() < placeIndex; });
+    const auto found = lowerBound(place);
     if (found == m_modules.end() || found->place != place) {
         return std::nullopt;
     }
     return static_cast<int>(found - m_modules.begin());
 }
 
-std::optional<Place> Station::firstFreePlace() const
+std::optional<Place> Station::freePlace(Place wanted) const
 {
-    int first = 0; // of the places at which the modules so far leave a gap, or the end
-    for (int count = Station::count(); count > 0;) {
-        const int half = count / 2;
-        const bool full = at(first + half).place.index() == first + half;
-        first += full ? half + 1 : 0;
-        count = full ? count - half - 1 : half;
-    }
-    return first < Place::count ? std::optional<Place>(Place::at(first)) : std::nullopt;
-}
-
-bool Station::isFree(Place place, QString &error) const
-{
-    if (!place.isValid()) {
-        error = tr("There is no slot %2 in a rack %1: racks end at %3, slots at %4.")
-                    .arg(place.rack)
-                    .arg(place.slot)
-                    .arg(Place::rackCount - 1)
-                    .arg(Place::slotCount - 1);
-        return false;
-    }
-    if (const std::optional<int> occupant = moduleAt(place)) {
-        error = tr("Rack %1, slot %2 is taken by \"%3\".").arg(place.rack).arg(place.slot).arg(module(*occupant).name);
-        return false;
-    }
-    return true;
-}
-
-quint32 Station::plcType() const
-{
-    return getPrjPlcTypeVersion(m_memoryOwner).type;
-}
-
-bool Station::setPlcType(quint32 type, QString &error)
-{
-    const quint32 before = plcType();
-    if (type == before) {
-        return true;
-    }
-    if (!simulatedhost::setPlcType(m_memoryOwner, type)) {
-        error = tr("The host has no PLC type %1.").arg(type);
-        return false;
-    }
-    for (const simulatedhost::ClaimedRange &range : simulatedhost::claimedRanges(m_memoryOwner)) {
-        const qint32 size = simulatedhost::areaSize(m_memoryOwner, range.area);
-        if (range.start + range.length > size) {
-            simulatedhost::setPlcType(m_memoryOwner, before);
-            error = tr("A module holds the address %1 in the area %2, which would have %3 bytes.")
-                        .arg(range.start + range.length - 1)
-                        .arg(areaName(static_cast<quint8>(range.area)))
-                        .arg(size);
-            return false;
+    for (int i = 0; i < Place::count; ++i) {
+        const Place place = Place::at((wanted.index() + i) % Place::count);
+        if (!moduleAt(place)) {
+            return place;
         }
     }
-    emit plcTypeChanged();
-    return true;
+    return std::nullopt;
+}
+
+Result<> Station::checkFree(Place place) const
+{
+    if (!place.isValid()) {
+        return Failure{tr("Rack %1, slot %2 does not exist. Racks have the numbers 0 to %3, slots 0 to %4.")
+                           .arg(place.rack)
+                           .arg(place.slot)
+                           .arg(Place::rackCount - 1)
+                           .arg(Place::slotCount - 1)};
+    }
+    if (const std::optional<int> occupant = moduleAt(place)) {
+        return Failure{
+            tr("Rack %1, slot %2 is taken by \"%3\".").arg(place.rack).arg(place.slot).arg(module(*occupant).name)};
+    }
+    return {};
+}
+
+Result<> Station::setPlcType(quint32 type)
+{
+    const bool changes = type != plcType();
+    const Result<> result = m_memory.setPlcType(type);
+    if (result && changes) {
+        emit plcTypeChanged();
+    }
+    return result;
+}
+
+void Station::setLargestPlcType()
+{
+    static_cast<void>(setPlcType(simulatedhost::plcTypes().constLast().id)); // larger areas hold every address
 }
 
 void Station::fitPlcType()
@@ -329,8 +150,7 @@ void Station::fitPlcType()
     const QVector<simulatedhost::PlcType> types = simulatedhost::plcTypes();
     const auto *type =
         std::find_if(types.begin(), types.end(), [&](const auto &known) { return known.id == ofNewStation; });
-    QString ignored;
-    while (type != types.end() && !setPlcType(type->id, ignored)) {
+    while (type != types.end() && !setPlcType(type->id)) {
         ++type;
     }
 }
@@ -338,133 +158,94 @@ void Station::fitPlcType()
 void Station::insert(Module module)
 {
     const Place place = module.place;
-    const auto next =
-        std::upper_bound(m_modules.begin(), m_modules.end(), place.index(),
-                         [](int placeIndex, const Module &other) { return placeIndex < other.place.index(); });
-    const auto inserted = m_modules.insert(next, std::move(module));
-    hold(inserted->handle.get());
+    const auto inserted = m_modules.insert(lowerBound(place), std::move(module));
+    m_memory.hold(rangesOf(inserted->handle.get()), place);
     emit moduleAdded(place);
 }
 
-bool Station::add(quint32 typeCode, Place place, QString &error)
+Result<> Station::add(quint32 typeCode, Place place)
 {
-    if (!isFree(place, error)) {
-        return false;
+    if (const Result<> free = checkFree(place); !free) {
+        return free;
     }
-    ModuleHandle handle = m_plugin.own(m_exports.createObject(typeCode, m_memoryOwner));
+    ModuleHandle handle = m_plugin.own(m_exports.createObject(typeCode, m_memory.owner()));
     if (!handle) {
-        settleMemory(); // a module that finds no room for its outputs leaves its inputs claimed
-        error = whyNotCreated(typeCode);
-        return false;
+        m_memory.settle(); // a module without room for its outputs leaves its inputs claimed
+        return Failure{whyNotCreated(typeCode)};
     }
     setPlace(handle.get(), place);
     insert({place, std::move(handle), {}});
-    return true;
+    return {};
 }
 
 QString Station::whyNotCreated(quint32 typeCode) const
 {
     const ModuleHandle probe = m_plugin.own(m_exports.createObject(typeCode, QString()));
     if (!probe) {
-        return whyNoType(typeCode);
+        return typeProblem(typeCode);
     }
     IoMap in = m_exports.getInMap(probe.get());
     IoMap out = m_exports.getOutMap(probe.get());
-    QString error = tr("The plug-in creates no module of type %1.").arg(typeCode);
-    findRoom(in, out, error);
-    return error;
+    const Result<> room = m_memory.findRoom(in, out);
+    return room ? tr("The plug-in cannot create a module of type %1.").arg(typeCode) : room.reason();
 }
 
-/// Sets the starts of two ranges that the host would give to a new module. False when an area is full.
-bool Station::findRoom(IoMap &in, IoMap &out, QString &error) const
+Result<> Station::paste(const QByteArray &state, Place place)
 {
-    std::vector<MemoryRange> taken;
-    bool found = true;
-    for (IoMap *range : {&in, &out}) {
-        const int length = rangeBytes(*range);
-        if (length == 0) {
-            continue;
-        }
-        const qint32 start = autoMallocMemory(m_memoryOwner, areaOf(*range), length);
-        if (start == noRoom) {
-            error = tr("The area %1 has no room for %n more byte(s).", nullptr, length).arg(areaName(range->area));
-            found = false;
-            break;
-        }
-        range->start = static_cast<quint16>(start);
-        taken.emplace_back(areaOf(*range), start, length);
-    }
-    std::for_each(taken.begin(), taken.end(), [this](const MemoryRange &range) { giveBack(m_memoryOwner, range); });
-    return found;
+    const Result<> free = checkFree(place);
+    return free ? addCopy(state, place, true) : free;
 }
 
-bool Station::paste(const QByteArray &state, Place place, QString &error)
+Result<> Station::addBlock(const QByteArray &block, qint32 &code)
 {
-    return isFree(place, error) && addCopy(state, place, true, error);
-}
-
-bool Station::addBlock(const QByteArray &block, qint32 *code, QString &error)
-{
-    qint32 result = -1;
-    const ModuleHandle handle = m_plugin.own(m_exports.recompile(block, QString(), &result));
-    if (code != nullptr) {
-        *code = result;
-    }
+    code = -1;
+    const ModuleHandle handle = m_plugin.own(m_exports.recompile(block, QString(), &code));
     if (!handle) {
-        const auto type = typeCodeIn(blockdecoder::decodeConfiguration(block).constFirst());
-        error = whyNotRebuilt(type.value_or(0), tr("The block is damaged."));
-        return false;
+        const auto type = typeCodeOfBlock(block);
+        return Failure{whyNotRebuilt(type.value_or(0), tr("The block is damaged."))};
     }
     const Place place = placeOf(handle.get());
-    return isFree(place, error) && addCopy(m_exports.save(handle.get()), place, false, error);
+    const Result<> free = checkFree(place);
+    return free ? addCopy(m_exports.save(handle.get()), place, false) : free;
 }
 
-/// Adds the module of a state that says other addresses or lengths than it shall have: double-word channels that come
-/// from a configuration block are saved with the length of words.
-bool Station::addCopy(const QByteArray &state, Place place, bool newAddresses, QString &error)
+/// Adds the module of a state after setting its place and ranges. A state of double-word channels that were rebuilt
+/// from a configuration block contains the range length of words.
+Result<> Station::addCopy(const QByteArray &state, Place place, bool newAddresses)
 {
-    const ModuleHandle probe = read({place, 0, {}, state, {}}, QString(), error);
+    const Result<ModuleHandle> probe = read({place, 0, {}, state, {}}, QString());
     if (!probe) {
-        return false;
+        return probe.failure();
     }
-    IoMap in = m_exports.getInMap(probe.get());
-    IoMap out = m_exports.getOutMap(probe.get());
-    if (newAddresses && !findRoom(in, out, error)) {
-        return false;
+    IoMap in = m_exports.getInMap(probe->get());
+    IoMap out = m_exports.getOutMap(probe->get());
+    if (const Result<> room = newAddresses ? m_memory.findRoom(in, out) : Result<>(); !room) {
+        return room;
     }
-    setPlace(probe.get(), place);
-    StatePatch patch(m_exports.save(probe.get()));
-    patch.writeRange(QStringLiteral("inMap"), in);
-    patch.writeRange(QStringLiteral("outMap"), out);
-    StoredModule module;
-    module.place = place;
-    module.state = patch.state();
-    ModuleHandle handle = restored(module, true, error);
+    setPlace(probe->get(), place);
+    Result<ModuleHandle> handle = restored({place, 0, {}, withRanges(m_exports.save(probe->get()), in, out), {}}, true);
     if (!handle) {
-        return false;
+        return handle.failure();
     }
-    insert({place, std::move(handle), {}});
-    return true;
+    insert({place, std::move(*handle), {}});
+    return {};
 }
 
-bool Station::move(Place from, Place to, QString &error)
+Result<> Station::move(Place from, Place to)
 {
-    const int index = *moduleAt(from);
     if (to == from) {
-        return true;
+        return {};
     }
-    if (!isFree(to, error)) {
-        return false;
+    if (const Result<> free = checkFree(to); !free) {
+        return free;
     }
-    const auto moved = m_modules.begin() + index;
-    const auto isBefore = [](const Module &module, int placeIndex) { return module.place.index() < placeIndex; };
-    const auto next = std::lower_bound(m_modules.begin(), m_modules.end(), to.index(), isBefore);
+    const auto moved = m_modules.begin() + *moduleAt(from);
+    const auto next = m_modules.begin() + (lowerBound(to) - m_modules.cbegin());
     if (moved->handle) {
         setPlace(moved->handle.get(), to);
+        m_memory.hold(rangesOf(moved->handle.get()), to);
     } else {
-        StatePatch patch(moved->kept.state);
-        patch.writePlace(to);
-        moved->kept.state = patch.state();
+        moved->kept.state = withPlace(moved->kept.state, to);
         moved->kept.place = to;
     }
     moved->place = to;
@@ -474,7 +255,7 @@ bool Station::move(Place from, Place to, QString &error)
         std::rotate(next, moved, moved + 1);
     }
     emit moduleMoved(from, to);
-    return true;
+    return {};
 }
 
 bool Station::configure(Place place, QWidget *parent)
@@ -484,9 +265,9 @@ bool Station::configure(Place place, QWidget *parent)
         return false;
     }
     const QByteArray before = m_exports.save(handle);
-    letGo(handle);
-    m_exports.config(handle, m_memoryOwner, parent, false);
-    hold(handle);
+    m_memory.release(rangesOf(handle));
+    m_exports.config(handle, m_memory.owner(), parent, false);
+    m_memory.hold(rangesOf(handle), place);
     const bool changed = m_exports.save(handle) != before;
     if (changed) {
         emit moduleChanged(place);
@@ -498,84 +279,69 @@ StoredModule Station::take(Place place)
 {
     const int index = *moduleAt(place);
     StoredModule module = stored(index);
-    letGo(at(index).handle.get());
+    m_memory.release(rangesOf(at(index).handle.get()));
     m_modules.erase(m_modules.begin() + index);
     emit moduleRemoved(place);
     return module;
 }
 
-bool Station::put(const StoredModule &module)
-{
-    return put(module, true);
-}
-
 bool Station::put(const StoredModule &module, bool verified)
 {
-    StoredModule kept = module;
-    ModuleHandle handle = m_plugin.own(nullptr);
-    if (kept.unavailable.isEmpty()) {
-        handle = restored(module, verified, kept.unavailable);
+    Result<ModuleHandle> handle =
+        module.unavailable.isEmpty() ? restored(module, verified) : Failure{module.unavailable};
+    const bool isAvailable = static_cast<bool>(handle);
+    StoredModule kept;
+    if (!isAvailable) {
+        kept = module;
+        kept.unavailable = handle.reason();
     }
-    const bool available = handle != nullptr;
-    insert({module.place, std::move(handle), available ? StoredModule() : kept});
-    return available;
+    insert({module.place, isAvailable ? std::move(*handle) : m_plugin.own(nullptr), std::move(kept)});
+    return isAvailable;
 }
 
-void Station::hold(SimpleExtendPar *handle)
+/// The module of a saved state. Fails if it is of another place, or does not hold its addresses; the latter is checked
+/// with the host only if @p verified.
+Result<ModuleHandle> Station::restored(const StoredModule &module, bool verified) const
 {
-    for (const MemoryRange &range : rangesOf(m_exports, handle)) {
-        m_held.insert(range);
-    }
-}
-
-void Station::letGo(SimpleExtendPar *handle)
-{
-    for (const MemoryRange &range : rangesOf(m_exports, handle)) {
-        m_held.erase(range);
-    }
-}
-
-/// The module of a saved state, holding its addresses as far as that is @p verified, or null.
-ModuleHandle Station::restored(const StoredModule &module, bool verified, QString &reason) const
-{
-    ModuleHandle handle = read(module, m_memoryOwner, reason);
+    Result<ModuleHandle> handle = read(module, m_memory.owner());
     std::vector<MemoryRange> ranges;
-    if (handle && placeOf(handle.get()) == module.place) {
-        ranges = rangesOf(m_exports, handle.get());
-        const bool isShared = std::any_of(ranges.begin(), ranges.end(),
-                                          [this](const MemoryRange &range) { return m_held.count(range) != 0; });
-        if (!isShared && (!verified || areHeld(m_memoryOwner, ranges))) {
+    Failure failure = handle.failure();
+    if (handle && placeOf(handle->get()) != module.place) {
+        const Place place = placeOf(handle->get());
+        failure = {tr("Its saved state belongs to rack %1, slot %2.").arg(place.rack).arg(place.slot)};
+    } else if (handle) {
+        ranges = rangesOf(handle->get());
+        const bool isShared = std::any_of(ranges.begin(), ranges.end(), [this](const MemoryRange &range) {
+            return m_memory.holder(range).has_value();
+        });
+        if (!isShared && (!verified || m_memory.areClaimed(ranges))) {
             return handle;
         }
-        reason = tr("The lengths of its address ranges are not those of its type.");
-    } else if (handle) {
-        const Place place = placeOf(handle.get());
-        reason = tr("Its saved state belongs into rack %1, slot %2.").arg(place.rack).arg(place.slot);
+        failure = {tr("The lengths of its address ranges do not match its type.")};
     }
-    handle.reset();
-    settleMemory();
-    areFree(m_memoryOwner, ranges, reason); // where it is not, the host says more
-    return handle;
+    handle = failure; // releases the module
+    m_memory.settle();
+    const Result<> free = m_memory.checkFree(ranges);
+    return free ? failure : free.failure(); // the host's reason is more precise
 }
 
-/// The module of a saved state, or null. It may have been refused its addresses.
-ModuleHandle Station::read(const StoredModule &module, const QString &memoryOwner, QString &reason) const
+/// The module of a saved state. The host may have refused its addresses.
+Result<ModuleHandle> Station::read(const StoredModule &module, const QString &memoryOwner) const
 {
     const bool isTooLong = module.state.size() > StoredModule::largestState;
     ModuleHandle handle = m_plugin.own(isTooLong ? nullptr : m_exports.restore(module.state, memoryOwner));
-    if (!handle) {
-        const quint32 type =
-            isTooLong ? 0 : typeCodeIn(blockdecoder::decodeSavedState(module.state)).value_or(module.typeCode);
-        reason = whyNotRebuilt(type, tr("Its saved state is damaged."));
+    if (handle) {
+        return handle;
     }
-    return handle;
+    const auto type = isTooLong ? 0 : typeCodeOfState(module.state).value_or(module.typeCode);
+    return Failure{whyNotRebuilt(type, tr("Its saved state is damaged."))};
 }
 
-/// @p damaged unless the type itself is the reason; a @p typeCode of 0 is unknown.
+/// Returns @p damaged unless the type itself is the reason. A @p typeCode of 0 is unknown.
 QString Station::whyNotRebuilt(quint32 typeCode, const QString &damaged) const
 {
     const bool isReason = typeCode != 0 && !m_plugin.own(m_exports.createObject(typeCode, QString()));
-    return isReason ? whyNoType(typeCode) : damaged;
+    return isReason ? typeProblem(typeCode) : damaged;
 }
 
 StoredModule Station::stored(int index) const
@@ -616,28 +382,4 @@ std::optional<QByteArray> Station::compiled(const Progress &progress) const
         }
     }
     return block;
-}
-
-RoundTrip Station::roundTrip(int index) const
-{
-    SimpleExtendPar *handle = at(index).handle.get();
-    const QByteArray saved = m_exports.save(handle);
-    const QByteArray compiled = compiledBlock(m_exports, handle);
-    // Without an owner the copies claim nothing beside the module itself.
-    const ModuleHandle copy = m_plugin.own(m_exports.restore(saved, QString()));
-    qint32 code = 0;
-    const ModuleHandle rebuilt = m_plugin.own(m_exports.recompile(compiled, QString(), &code));
-
-    RoundTrip result;
-    result.savedBytes = saved.size();
-    result.compiledBytes = compiled.size();
-    result.savedSame = copy && m_exports.save(copy.get()) == saved;
-    if (rebuilt) {
-        const ModuleView view = module(index);
-        result.rangeLengthsHalved = (isHalved(view.in, m_exports.getInMap(rebuilt.get())) ? 1 : 0) +
-                                    (isHalved(view.out, m_exports.getOutMap(rebuilt.get())) ? 1 : 0);
-        result.compiledSame =
-            differInBytes(compiled, compiledBlock(m_exports, rebuilt.get()), result.rangeLengthsHalved);
-    }
-    return result;
 }

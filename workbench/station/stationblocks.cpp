@@ -1,7 +1,6 @@
 #include "stationblocks.h"
 
 #include "blockdecoder.h"
-#include "simulatedbase.h"
 
 #include <QCoreApplication>
 
@@ -11,7 +10,7 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(StationBlocks)
 };
 
-/// A block whose end is unknown keeps all the bytes behind it, as far as the plug-in is able to read them.
+/// A block whose end is unknown gets all remaining bytes, because the plug-in may be able to read it.
 QByteArray bytesOf(const QByteArray &bytes, const blockdecoder::DecodedBlock &block)
 {
     return bytes.mid(block.offset, block.complete ? block.size : -1);
@@ -19,29 +18,32 @@ QByteArray bytesOf(const QByteArray &bytes, const blockdecoder::DecodedBlock &bl
 
 } // namespace
 
-std::unique_ptr<Station> decompiled(const PluginLibrary &plugin, const QString &memoryOwner, const QByteArray &bytes,
-                                    std::vector<BlockResult> &results, const Progress &progress)
+DecompiledStation decompiled(const PluginLibrary &plugin, const QString &memoryOwner, const QByteArray &bytes,
+                             const Progress &progress)
 {
+    DecompiledStation result;
     auto station = std::make_unique<Station>(plugin, memoryOwner);
-    QString ignored;
-    station->setPlcType(simulatedhost::plcTypes().last().id, ignored);
+    station->setLargestPlcType();
     const QVector<blockdecoder::DecodedBlock> blocks = blockdecoder::decodeConfiguration(bytes);
     int number = 0;
     for (const blockdecoder::DecodedBlock &block : blocks) {
-        BlockResult result;
-        result.number = ++number;
-        result.offset = block.offset;
-        const bool added = station->addBlock(bytesOf(bytes, block), &result.code, result.error);
+        BlockResult problem;
+        problem.number = ++number;
+        problem.offset = block.offset;
+        const Result<> added = station->addBlock(bytesOf(bytes, block), problem.code);
+        problem.error = added.reason();
         if (!block.complete) {
-            result.unread = Texts::tr("It is damaged, so that its end and the blocks behind it are unknown.");
+            problem.unread =
+                Texts::tr("The block is damaged and its end is unknown, so the bytes after it were not read.");
         }
-        if (!added || !result.unread.isEmpty()) {
-            results.push_back(result);
+        if (!added || !problem.unread.isEmpty()) {
+            result.problems.push_back(problem);
         }
         if (progress && !progress(number, blocks.size())) {
-            return nullptr;
+            return result;
         }
     }
     station->fitPlcType();
-    return station;
+    result.station = std::move(station);
+    return result;
 }

@@ -1,101 +1,50 @@
 #include "stationcommands.h"
 
+#include <QUndoCommand>
 #include <QUndoStack>
 
 #include <utility>
 
 namespace {
 
-/// Modules at some places give way to others at the same or other places.
-class ReplaceModules : public QUndoCommand {
+/// A step that is executed before it is pushed, so the first redo, which pushing calls, does nothing.
+class Step : public QUndoCommand {
 public:
-    ReplaceModules(Station &station, std::vector<StoredModule> before, std::vector<StoredModule> after,
-                   const QString &text)
-        : QUndoCommand(text), m_station(station), m_before(std::move(before)), m_after(std::move(after))
+    Step(const QString &text, std::function<void()> undo, std::function<void()> redo)
+        : QUndoCommand(text), m_undo(std::move(undo)), m_redo(std::move(redo))
     {
     }
 
-    void undo() override { replace(m_after, m_before); }
+    void undo() override { m_undo(); }
     void redo() override
     {
-        if (std::exchange(m_made, true)) {
-            replace(m_before, m_after);
+        if (std::exchange(m_isExecuted, true)) {
+            m_redo();
         }
     }
 
 private:
-    /// All go before the first comes, since it may need their addresses.
-    void replace(const std::vector<StoredModule> &present, const std::vector<StoredModule> &wanted)
-    {
-        for (const StoredModule &module : present) {
-            m_station.take(module.place);
-        }
-        for (const StoredModule &module : wanted) {
-            m_station.put(module);
-        }
-    }
-
-    Station &m_station;
-    std::vector<StoredModule> m_before;
-    std::vector<StoredModule> m_after;
-    bool m_made = false;
+    std::function<void()> m_undo;
+    std::function<void()> m_redo;
+    bool m_isExecuted = false;
 };
 
-class MoveModule : public QUndoCommand {
-public:
-    MoveModule(Station &station, Place from, Place to, const QString &text)
-        : QUndoCommand(text), m_station(station), m_from(from), m_to(to)
-    {
+/// Takes all present modules before it puts the first wanted one, which may need their addresses.
+void replace(Station &station, const std::vector<StoredModule> &present, const std::vector<StoredModule> &wanted)
+{
+    for (const StoredModule &module : present) {
+        station.take(module.place);
     }
-
-    void undo() override { move(m_to, m_from); }
-    void redo() override
-    {
-        if (std::exchange(m_made, true)) {
-            move(m_from, m_to);
-        }
+    for (const StoredModule &module : wanted) {
+        station.put(module);
     }
+}
 
-private:
-    void move(Place from, Place to)
-    {
-        QString error;
-        m_station.move(from, to, error);
-    }
-
-    Station &m_station;
-    Place m_from;
-    Place m_to;
-    bool m_made = false;
-};
-
-class ChangePlcType : public QUndoCommand {
-public:
-    ChangePlcType(Station &station, quint32 from, quint32 to, const QString &text)
-        : QUndoCommand(text), m_station(station), m_from(from), m_to(to)
-    {
-    }
-
-    void undo() override { set(m_from); }
-    void redo() override
-    {
-        if (std::exchange(m_made, true)) {
-            set(m_to);
-        }
-    }
-
-private:
-    void set(quint32 type)
-    {
-        QString error;
-        m_station.setPlcType(type, error);
-    }
-
-    Station &m_station;
-    quint32 m_from;
-    quint32 m_to;
-    bool m_made = false;
-};
+/// Undoing and redoing restore states of the station that were possible, so they cannot fail.
+void expectSuccess(const Result<> &result)
+{
+    Q_ASSERT_X(result, "StationEdits", qPrintable(result.reason()));
+}
 
 } // namespace
 
@@ -109,43 +58,53 @@ QString StationEdits::nameAt(Place place) const
     return m_station.module(*m_station.moduleAt(place)).name;
 }
 
-void StationEdits::pushReplacement(std::vector<StoredModule> before, std::vector<StoredModule> after,
+void StationEdits::push(const QString &text, std::function<void()> undo, std::function<void()> redo)
+{
+    m_stack.push(new Step(text, std::move(undo), std::move(redo)));
+}
+
+void StationEdits::pushReplacement(const std::vector<StoredModule> &before, const std::vector<StoredModule> &after,
                                    const QString &text)
 {
-    m_stack.push(new ReplaceModules(m_station, std::move(before), std::move(after), text));
+    push(
+        text, [&station = m_station, before, after] { replace(station, after, before); },
+        [&station = m_station, before, after] { replace(station, before, after); });
 }
 
-bool StationEdits::add(quint32 typeCode, Place place, QString &error)
+Result<> StationEdits::add(quint32 typeCode, Place place)
 {
-    if (!m_station.add(typeCode, place, error)) {
-        return false;
+    Result<> result = m_station.add(typeCode, place);
+    if (result) {
+        pushReplacement({}, {stored(place)}, tr("Add %1").arg(nameAt(place)));
     }
-    pushReplacement({}, {stored(place)}, tr("Add %1").arg(nameAt(place)));
-    return true;
+    return result;
 }
 
-bool StationEdits::paste(const QByteArray &state, Place place, QString &error)
+Result<> StationEdits::paste(const QByteArray &state, Place place)
 {
-    if (!m_station.paste(state, place, error)) {
-        return false;
+    Result<> result = m_station.paste(state, place);
+    if (result) {
+        pushReplacement({}, {stored(place)}, tr("Paste %1").arg(nameAt(place)));
     }
-    pushReplacement({}, {stored(place)}, tr("Paste %1").arg(nameAt(place)));
-    return true;
+    return result;
 }
 
-bool StationEdits::move(Place from, Place to, QString &error)
+Result<> StationEdits::move(Place from, Place to)
 {
     const StoredModule before = stored(from);
-    if (!m_station.move(from, to, error)) {
-        return false;
+    Result<> result = m_station.move(from, to);
+    if (!result || to == from) {
+        return result;
     }
     const QString text = tr("Move %1").arg(nameAt(to));
-    if (!before.unavailable.isEmpty() && to != from) {
-        pushReplacement({before}, {stored(to)}, text); // moving it back need not give its first bytes
-    } else if (to != from) {
-        m_stack.push(new MoveModule(m_station, from, to, text));
+    if (!before.unavailable.isEmpty()) {
+        pushReplacement({before}, {stored(to)}, text); // moving it back might not restore its original bytes
+        return result;
     }
-    return true;
+    push(
+        text, [&station = m_station, from, to] { expectSuccess(station.move(to, from)); },
+        [&station = m_station, from, to] { expectSuccess(station.move(from, to)); });
+    return result;
 }
 
 void StationEdits::remove(const QVector<Place> &places)
@@ -159,7 +118,7 @@ void StationEdits::remove(const QVector<Place> &places)
     for (const Place place : places) {
         removed.push_back(m_station.take(place));
     }
-    pushReplacement(std::move(removed), {}, text);
+    pushReplacement(removed, {}, text);
 }
 
 void StationEdits::configure(Place place, QWidget *parent)
@@ -170,29 +129,29 @@ void StationEdits::configure(Place place, QWidget *parent)
     }
 }
 
-bool StationEdits::replaceState(Place place, const QByteArray &state, QString &error)
+Result<> StationEdits::replaceState(Place place, const QByteArray &state)
 {
     const StoredModule before = m_station.take(place);
     StoredModule after = before;
     after.state = state;
     after.unavailable.clear();
     if (!m_station.put(after)) {
-        error = m_station.take(place).unavailable;
+        const Failure failure{m_station.take(place).unavailable};
         m_station.put(before);
-        return false;
+        return failure;
     }
     pushReplacement({before}, {stored(place)}, tr("Edit %1").arg(nameAt(place)));
-    return true;
+    return {};
 }
 
-bool StationEdits::setPlcType(quint32 type, QString &error)
+Result<> StationEdits::setPlcType(quint32 type)
 {
     const quint32 before = m_station.plcType();
-    if (!m_station.setPlcType(type, error)) {
-        return false;
+    Result<> result = m_station.setPlcType(type);
+    if (result && type != before) {
+        push(
+            tr("Change the PLC type"), [&station = m_station, before] { expectSuccess(station.setPlcType(before)); },
+            [&station = m_station, type] { expectSuccess(station.setPlcType(type)); });
     }
-    if (type != before) {
-        m_stack.push(new ChangePlcType(m_station, before, type, tr("Change the PLC type")));
-    }
-    return true;
+    return result;
 }

@@ -1,40 +1,40 @@
 // The edits of a station as steps of an undo stack.
-//
-// A step is made first and pushed then, so that one that is refused leaves the stack as it was; the first redo,
-// which pushing calls, does nothing.
 #pragma once
 
 #include "station.h"
 
 #include <QCoreApplication>
-#include <QUndoCommand>
 #include <QVector>
+
+#include <functional>
 
 class QUndoStack;
 
-/// What a person can do to a station. The functions that can be refused return false, with the reason in @p error and
-/// nothing changed or pushed.
+/// What a user can do to a station. An edit is executed first and pushed then, so an edit that fails changes neither
+/// the station nor the stack.
 class StationEdits {
     Q_DECLARE_TR_FUNCTIONS(StationEdits)
 public:
     /// Both must outlive this object, and @p station the steps on the stack.
     StationEdits(Station &station, QUndoStack &stack) : m_station(station), m_stack(stack) {}
 
-    bool add(quint32 typeCode, Place place, QString &error);
-    /// Pastes a saved state (StoredModule::state), with addresses of its own.
-    bool paste(const QByteArray &state, Place place, QString &error);
-    /// A place that does not change is no step.
-    bool move(Place from, Place to, QString &error);
-    /// Removes the modules in one step.
+    Result<> add(quint32 typeCode, Place place);
+    /// Pastes a saved state (StoredModule::state), with new addresses.
+    Result<> paste(const QByteArray &state, Place place);
+    /// Pushes no step if the place does not change.
+    Result<> move(Place from, Place to);
+    /// Removes the modules in one step. Pushes no step for an empty list.
     void remove(const QVector<Place> &places);
-    /// Opens the properties dialog; what it changed is one step.
+    /// Opens the properties dialog. All its changes are one step.
     void configure(Place place, QWidget *parent);
-    /// Puts another saved state in place of a module's. Refused when the plug-in cannot restore it there.
-    bool replaceState(Place place, const QByteArray &state, QString &error);
-    bool setPlcType(quint32 type, QString &error);
+    /// Replaces the saved state of a module. Fails when the plug-in cannot restore the state at that place.
+    Result<> replaceState(Place place, const QByteArray &state);
+    Result<> setPlcType(quint32 type);
 
 private:
-    void pushReplacement(std::vector<StoredModule> before, std::vector<StoredModule> after, const QString &text);
+    void push(const QString &text, std::function<void()> undo, std::function<void()> redo);
+    void pushReplacement(const std::vector<StoredModule> &before, const std::vector<StoredModule> &after,
+                         const QString &text);
     StoredModule stored(Place place) const;
     QString nameAt(Place place) const;
 

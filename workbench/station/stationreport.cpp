@@ -10,7 +10,7 @@
 
 namespace {
 
-/// A range whose length the plug-in itself defines differently for a rebuilt module is told, but is no failure.
+/// A range length that the plug-in itself defines differently for a rebuilt module is mentioned, but is not a failure.
 QString roundTripText(const RoundTrip &result)
 {
     if (!result.savedSame) {
@@ -19,10 +19,10 @@ QString roundTripText(const RoundTrip &result)
     if (!result.compiledSame) {
         return QStringLiteral("BLOCK DIFFERS");
     }
-    return result.rangeLengthsHalved == 0 ? QStringLiteral("same") : QStringLiteral("same but for range length (*)");
+    return result.rangeLengthsHalved == 0 ? QStringLiteral("same") : QStringLiteral("same except range length (*)");
 }
 
-QStringList row(const ModuleView &module, const RoundTrip &result)
+QStringList row(const ModuleSummary &module, const RoundTrip &result)
 {
     return {QString::number(module.place.rack),
             QString::number(module.place.slot),
@@ -35,7 +35,7 @@ QStringList row(const ModuleView &module, const RoundTrip &result)
             roundTripText(result)};
 }
 
-QStringList unavailableRow(const ModuleView &module)
+QStringList unavailableRow(const ModuleSummary &module)
 {
     QStringList cells = row(module, {});
     cells.last() = module.unavailable;
@@ -70,7 +70,7 @@ bool printStation(QTextStream &out, const Station &station)
     int failed = 0;
     bool halved = false;
     for (int i = 0; i < station.count(); ++i) {
-        if (const ModuleView module = station.module(i); !module.unavailable.isEmpty()) {
+        if (const ModuleSummary module = station.module(i); !module.unavailable.isEmpty()) {
             rows.push_back(unavailableRow(module));
             ++failed;
             continue;

@@ -22,7 +22,7 @@
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
+    <name>FileCommands</name>
     <message numerus="yes">
         <source>%n module(s) cannot be restored. They stay in the project as they were stored.</source>
         <translation>
@@ -31,12 +31,15 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n module(s) that are not available were left out</source>
+        <source>%n unavailable module(s) were left out</source>
         <translation>
-            <numerusform>%n module that is not available was left out</numerusform>
-            <numerusform>%n modules that are not available were left out</numerusform>
+            <numerusform>%n unavailable module was left out</numerusform>
+            <numerusform>%n unavailable modules were left out</numerusform>
         </translation>
     </message>
+</context>
+<context>
+    <name>MainWindow</name>
     <message numerus="yes">
         <source>Paste %n module(s)</source>
         <translation>
@@ -53,22 +56,22 @@
     </message>
 </context>
 <context>
-    <name>Station</name>
-    <message numerus="yes">
-        <source>The area %1 has no room for %n more byte(s).</source>
-        <translation>
-            <numerusform>The area %1 has no room for %n more byte.</numerusform>
-            <numerusform>The area %1 has no room for %n more bytes.</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
     <name>StationEdits</name>
     <message numerus="yes">
         <source>Remove %n module(s)</source>
         <translation>
             <numerusform>Remove %n module</numerusform>
             <numerusform>Remove %n modules</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>StationMemory</name>
+    <message numerus="yes">
+        <source>The area %1 has no room for %n more byte(s). Remove modules or choose a larger controller.</source>
+        <translation>
+            <numerusform>The area %1 has no room for %n more byte. Remove modules or choose a larger controller.</numerusform>
+            <numerusform>The area %1 has no room for %n more bytes. Remove modules or choose a larger controller.</numerusform>
         </translation>
     </message>
 </context>

@@ -122,10 +122,6 @@
 <context>
     <name>Catalog</name>
     <message>
-        <source>The catalog has no description file %1 for the type %2.</source>
-        <translation>目录中没有类型%2的描述文件%1。</translation>
-    </message>
-    <message>
         <source>The component file %1 of &quot;%2&quot; (type %3) is missing.</source>
         <translation>缺少“%2”（类型%3）的组件文件%1。</translation>
     </message>
@@ -149,6 +145,10 @@
         <source>Other modules</source>
         <translation>其他模块</translation>
     </message>
+    <message>
+        <source>The catalog has no description file %1 for type %2.</source>
+        <translation>目录中没有类型%2的描述文件%1。</translation>
+    </message>
 </context>
 <context>
     <name>CatalogView</name>
@@ -169,8 +169,99 @@
         <translation>订货号</translation>
     </message>
     <message>
-        <source>Type %1; double click or drag to place it</source>
-        <translation>类型%1；双击或拖动以放置</translation>
+        <source>Type %1. Double-click it or drag it to place it.</source>
+        <translation>类型%1。双击或拖动以放置。</translation>
+    </message>
+</context>
+<context>
+    <name>FileCommands</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Module Workbench</source>
+        <translation>模块工作台</translation>
+    </message>
+    <message>
+        <source>Open Project</source>
+        <translation>打开项目</translation>
+    </message>
+    <message>
+        <source>Opening %1...</source>
+        <translation>正在打开%1...</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened.</source>
+        <translation>无法打开%1。</translation>
+    </message>
+    <message>
+        <source>Opened %1</source>
+        <translation>已打开%1</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2: %3</source>
+        <translation>机架%1，槽位%2：%3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) cannot be restored. They stay in the project as they were stored.</source>
+        <translation>
+            <numerusform>有%n个模块无法恢复，它们按原样保留在项目中。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>保存项目</translation>
+    </message>
+    <message>
+        <source>%1 cannot be saved.</source>
+        <translation>无法保存%1。</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>已保存%1</translation>
+    </message>
+    <message>
+        <source>Compiling...</source>
+        <translation>正在编译...</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unavailable module(s) were left out</source>
+        <translation>
+            <numerusform>略去了%n个不可用的模块</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Decompile Configuration Blocks</source>
+        <translation>反编译配置数据块</translation>
+    </message>
+    <message>
+        <source>Decompiling...</source>
+        <translation>正在反编译...</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read.</source>
+        <translation>无法读取%1。</translation>
+    </message>
+    <message>
+        <source>New station</source>
+        <translation>新站</translation>
+    </message>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>未保存的更改</translation>
+    </message>
+    <message>
+        <source>Save the changes to &quot;%1&quot;?</source>
+        <translation>是否保存对“%1”的更改？</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>保存(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>不保存(&amp;D)</translation>
     </message>
 </context>
 <context>
@@ -190,6 +281,13 @@
     <message>
         <source>OK</source>
         <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>Files</name>
+    <message>
+        <source>The file is larger than %1 bytes, the limit for configuration blocks.</source>
+        <translation>文件大于%1字节，即配置数据块的上限。</translation>
     </message>
 </context>
 <context>
@@ -225,10 +323,6 @@
     <message>
         <source>&amp;New</source>
         <translation>新建(&amp;N)</translation>
-    </message>
-    <message>
-        <source>Begin an empty station</source>
-        <translation>新建空站</translation>
     </message>
     <message>
         <source>&amp;Open...</source>
@@ -291,16 +385,8 @@
         <translation>撤销(&amp;U)</translation>
     </message>
     <message>
-        <source>Take the last step back</source>
-        <translation>撤销上一步</translation>
-    </message>
-    <message>
         <source>&amp;Redo</source>
         <translation>重做(&amp;R)</translation>
-    </message>
-    <message>
-        <source>Make a step again that was taken back</source>
-        <translation>重做已撤销的一步</translation>
     </message>
     <message>
         <source>Cu&amp;t</source>
@@ -323,10 +409,6 @@
         <translation>粘贴(&amp;P)</translation>
     </message>
     <message>
-        <source>Place copies of modules from the current slot on, with addresses of their own</source>
-        <translation>从当前槽位起放置模块副本，使用各自的地址</translation>
-    </message>
-    <message>
         <source>Re&amp;move</source>
         <translation>删除(&amp;M)</translation>
     </message>
@@ -341,10 +423,6 @@
     <message>
         <source>P&amp;lace from Catalog</source>
         <translation>从目录放置(&amp;L)</translation>
-    </message>
-    <message>
-        <source>Place the catalog&apos;s current module in the current slot, or in the next free one</source>
-        <translation>把目录中的当前模块放到当前槽位或下一个空闲槽位</translation>
     </message>
     <message>
         <source>&amp;Move to...</source>
@@ -379,16 +457,8 @@
         <translation>放大(&amp;I)</translation>
     </message>
     <message>
-        <source>Show the memory map larger</source>
-        <translation>放大存储区映射</translation>
-    </message>
-    <message>
         <source>Zoom &amp;Out</source>
         <translation>缩小(&amp;O)</translation>
-    </message>
-    <message>
-        <source>Show the memory map smaller</source>
-        <translation>缩小存储区映射</translation>
     </message>
     <message>
         <source>&amp;Language</source>
@@ -409,78 +479,6 @@
     <message>
         <source>Commands</source>
         <translation>命令</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
-    </message>
-    <message>
-        <source>Module Workbench</source>
-        <translation>模块工作台</translation>
-    </message>
-    <message>
-        <source>Open Project</source>
-        <translation>打开项目</translation>
-    </message>
-    <message>
-        <source>Opening %1...</source>
-        <translation>正在打开%1...</translation>
-    </message>
-    <message>
-        <source>%1 cannot be opened.</source>
-        <translation>无法打开%1。</translation>
-    </message>
-    <message>
-        <source>Opened %1</source>
-        <translation>已打开%1</translation>
-    </message>
-    <message>
-        <source>Rack %1, slot %2: %3</source>
-        <translation>机架%1，槽位%2：%3</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n module(s) cannot be restored. They stay in the project as they were stored.</source>
-        <translation>
-            <numerusform>有%n个模块无法恢复，它们按原样保留在项目中。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Save Project</source>
-        <translation>保存项目</translation>
-    </message>
-    <message>
-        <source>%1 cannot be saved.</source>
-        <translation>无法保存%1。</translation>
-    </message>
-    <message>
-        <source>Saved %1</source>
-        <translation>已保存%1</translation>
-    </message>
-    <message>
-        <source>Compiling...</source>
-        <translation>正在编译...</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n module(s) that are not available were left out</source>
-        <translation>
-            <numerusform>略去了%n个不可用的模块</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Decompile Configuration Blocks</source>
-        <translation>反编译配置数据块</translation>
-    </message>
-    <message>
-        <source>%1 cannot be read.</source>
-        <translation>无法读取%1。</translation>
-    </message>
-    <message>
-        <source>The file is too large for the blocks of a station.</source>
-        <translation>文件太大，不可能是一个站的数据块。</translation>
-    </message>
-    <message>
-        <source>Decompiling...</source>
-        <translation>正在反编译...</translation>
     </message>
     <message numerus="yes">
         <source>Paste %n module(s)</source>
@@ -539,20 +537,36 @@
         <translation>%1[*] - 模块工作台</translation>
     </message>
     <message>
-        <source>New station</source>
-        <translation>新站</translation>
+        <source>Create an empty station</source>
+        <translation>新建空站</translation>
     </message>
     <message>
-        <source>Unsaved Changes</source>
-        <translation>未保存的更改</translation>
+        <source>Undo the last step</source>
+        <translation>撤销上一步</translation>
     </message>
     <message>
-        <source>Save the changes to &quot;%1&quot;?</source>
-        <translation>是否保存对“%1”的更改？</translation>
+        <source>Redo the last undone step</source>
+        <translation>重做上一个撤销的步骤</translation>
     </message>
     <message>
-        <source>&amp;Discard</source>
-        <translation>不保存(&amp;D)</translation>
+        <source>Paste modules into free slots from the current slot on, with new addresses</source>
+        <translation>把模块粘贴到从当前槽位起的空闲槽位，使用新地址</translation>
+    </message>
+    <message>
+        <source>Place the catalog&apos;s current module in the current slot, or in the next free slot</source>
+        <translation>把目录中的当前模块放到当前槽位或下一个空闲槽位</translation>
+    </message>
+    <message>
+        <source>Enlarge the memory map</source>
+        <translation>放大存储区映射</translation>
+    </message>
+    <message>
+        <source>Reduce the memory map</source>
+        <translation>缩小存储区映射</translation>
+    </message>
+    <message>
+        <source>The clipboard contains no modules that can be read.</source>
+        <translation>剪贴板中没有可读取的模块。</translation>
     </message>
 </context>
 <context>
@@ -612,20 +626,12 @@
 <context>
     <name>PlaceDialog</name>
     <message>
-        <source>Place %1</source>
-        <translation>放置%1</translation>
-    </message>
-    <message>
         <source>&amp;Rack:</source>
         <translation>机架(&amp;R)：</translation>
     </message>
     <message>
         <source>&amp;Slot:</source>
         <translation>槽位(&amp;S)：</translation>
-    </message>
-    <message>
-        <source>Taken by %1.</source>
-        <translation>已被%1占用。</translation>
     </message>
     <message>
         <source>The module&apos;s present slot.</source>
@@ -642,6 +648,10 @@
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>移动%1</translation>
     </message>
 </context>
 <context>
@@ -660,10 +670,6 @@
     <message>
         <source>The file is too large for a station.</source>
         <translation>文件太大，不可能是一个站。</translation>
-    </message>
-    <message>
-        <source>This is not a station file, or it is damaged: it does not begin as one.</source>
-        <translation>这不是站文件，或文件已损坏：文件开头不符。</translation>
     </message>
     <message>
         <source>This is the database of another program, not a station file.</source>
@@ -694,16 +700,20 @@
         <translation>磁盘已满。</translation>
     </message>
     <message>
-        <source>The folder is missing, or no file may be created in it.</source>
-        <translation>文件夹不存在，或不允许在其中创建文件。</translation>
+        <source>The folder does not exist, or files cannot be created in it.</source>
+        <translation>文件夹不存在，或无法在其中创建文件。</translation>
     </message>
     <message>
-        <source>its tables are not those of a station</source>
-        <translation>其中的表不属于一个站</translation>
+        <source>its tables are not those of a station.</source>
+        <translation>其中的表不属于一个站。</translation>
     </message>
     <message>
-        <source>its modules do not match its checksum</source>
-        <translation>其中的模块与校验和不符</translation>
+        <source>This is not a station file, or its header is damaged.</source>
+        <translation>这不是站文件，或其文件头已损坏。</translation>
+    </message>
+    <message>
+        <source>its modules do not match its checksum.</source>
+        <translation>其中的模块与校验和不符。</translation>
     </message>
 </context>
 <context>
@@ -747,65 +757,47 @@
         <source>Racks</source>
         <translation>机架</translation>
     </message>
-    <message>
-        <source>Rack %1, slot %2 is taken by &quot;%3&quot;.</source>
-        <translation>机架%1的槽位%2已被“%3”占用。</translation>
-    </message>
 </context>
 <context>
     <name>Station</name>
     <message>
-        <source>There is no slot %2 in a rack %1: racks end at %3, slots at %4.</source>
-        <translation>没有机架%1的槽位%2：机架最大为%3，槽位最大为%4。</translation>
-    </message>
-    <message>
         <source>Rack %1, slot %2 is taken by &quot;%3&quot;.</source>
         <translation>机架%1的槽位%2已被“%3”占用。</translation>
-    </message>
-    <message>
-        <source>The host has no PLC type %1.</source>
-        <translation>主机没有PLC类型%1。</translation>
-    </message>
-    <message>
-        <source>A module holds the address %1 in the area %2, which would have %3 bytes.</source>
-        <translation>有模块占用%2区的地址%1，而该区将只有%3字节。</translation>
-    </message>
-    <message>
-        <source>The description file of type %1 is damaged or meant for a newer host.</source>
-        <translation>类型%1的描述文件已损坏，或需要更新的主机。</translation>
-    </message>
-    <message>
-        <source>The plug-in creates no module of type %1.</source>
-        <translation>插件无法创建类型%1的模块。</translation>
-    </message>
-    <message numerus="yes">
-        <source>The area %1 has no room for %n more byte(s).</source>
-        <translation>
-            <numerusform>%1区没有再容纳%n字节的空间。</numerusform>
-        </translation>
     </message>
     <message>
         <source>The block is damaged.</source>
         <translation>数据块已损坏。</translation>
     </message>
     <message>
-        <source>Its saved state belongs into rack %1, slot %2.</source>
+        <source>Its saved state is damaged.</source>
+        <translation>其保存的状态已损坏。</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2 does not exist. Racks have the numbers 0 to %3, slots 0 to %4.</source>
+        <translation>机架%1的槽位%2不存在。机架编号为0至%3，槽位编号为0至%4。</translation>
+    </message>
+    <message>
+        <source>The description file of type %1 is malformed or needs a newer host.</source>
+        <translation>类型%1的描述文件格式错误，或需要更新的主机。</translation>
+    </message>
+    <message>
+        <source>The plug-in cannot create a module of type %1.</source>
+        <translation>插件无法创建类型%1的模块。</translation>
+    </message>
+    <message>
+        <source>Its saved state belongs to rack %1, slot %2.</source>
         <translation>其保存的状态属于机架%1，槽位%2。</translation>
     </message>
     <message>
-        <source>The lengths of its address ranges are not those of its type.</source>
+        <source>The lengths of its address ranges do not match its type.</source>
         <translation>其地址区的长度与类型不符。</translation>
-    </message>
-    <message>
-        <source>Its saved state is damaged.</source>
-        <translation>其保存的状态已损坏。</translation>
     </message>
 </context>
 <context>
     <name>StationBlocks</name>
     <message>
-        <source>It is damaged, so that its end and the blocks behind it are unknown.</source>
-        <translation>数据块已损坏，因此无法确定其末尾以及后面的数据块。</translation>
+        <source>The block is damaged and its end is unknown, so the bytes after it were not read.</source>
+        <translation>数据块已损坏，无法确定其末尾，因此未读取后面的字节。</translation>
     </message>
 </context>
 <context>
@@ -839,6 +831,23 @@
     <message>
         <source>Change the PLC type</source>
         <translation>更改PLC类型</translation>
+    </message>
+</context>
+<context>
+    <name>StationMemory</name>
+    <message>
+        <source>The host has no PLC type %1.</source>
+        <translation>主机没有PLC类型%1。</translation>
+    </message>
+    <message>
+        <source>The area %1 of this controller has %2 bytes, but a module uses the address %3.</source>
+        <translation>此控制器的%1区有%2字节，但有模块使用地址%3。</translation>
+    </message>
+    <message numerus="yes">
+        <source>The area %1 has no room for %n more byte(s). Remove modules or choose a larger controller.</source>
+        <translation>
+            <numerusform>%1区没有再容纳%n字节的空间。请删除模块或选择更大的控制器。</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

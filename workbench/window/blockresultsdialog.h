@@ -1,4 +1,4 @@
-// Tells which blocks of a file are not in the station that was made of it, and why.
+// Lists the blocks of a file that could not be rebuilt or read, and why.
 #pragma once
 
 #include "stationblocks.h"

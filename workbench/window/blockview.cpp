@@ -1,7 +1,7 @@
 #include "blockview.h"
 
 #include "filequestions.h"
-#include "projectfile.h"
+#include "files.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -20,7 +20,7 @@ using blockdecoder::Field;
 
 namespace {
 
-constexpr int shownBytes = 64; // no number is longer, and texts are readable as such
+constexpr int shownBytes = 64; // numbers are shorter, and texts are shown as such
 
 QString hexOffset(int offset)
 {
@@ -33,7 +33,7 @@ QString hexBytes(const QByteArray &bytes)
     return bytes.size() > shownBytes ? text + QStringLiteral(" ...") : text;
 }
 
-/// Bytes without further structure have a column of their own.
+/// Empty for bytes without a further structure, which have a separate column.
 QString valueText(const Field &field)
 {
     return field.value.type() == QVariant::ByteArray ? QString() : field.value.toString();
@@ -149,8 +149,7 @@ void BlockView::save()
 {
     const QString path =
         askForNewFile(this, tr("Save Configuration Blocks"), m_fileName, blockFilter(), QStringLiteral("blk"));
-    QString error;
-    if (!path.isEmpty() && !writeFile(path, m_bytes, error)) {
-        showProblem(this, tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path)), error);
+    if (!path.isEmpty()) {
+        showFailure(this, tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path)), writeFile(path, m_bytes));
     }
 }

@@ -1,4 +1,4 @@
-// A station's configuration blocks, taken apart field by field.
+// Shows the fields of a station's configuration blocks.
 #pragma once
 
 #include "blockdecoder.h"
@@ -10,7 +10,7 @@ class QTreeWidget;
 class BlockView : public QDialog {
     Q_OBJECT
 public:
-    /// @p blocks stand one behind the other; @p fileName is what saving suggests.
+    /// @p blocks are concatenated. Saving suggests @p fileName.
     BlockView(const QByteArray &blocks, QString fileName, QWidget *parent);
 
 private:

@@ -112,7 +112,7 @@ std::optional<quint32> CatalogView::currentType() const
     return item->data(0, typeCodeRole).toUInt();
 }
 
-/// Shows what contains every word of @p text in its name or order number, and makes the first of it current.
+/// Shows the types whose name or order number contains every word of @p text, and makes the first one current.
 void CatalogView::filter(const QString &text)
 {
     const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -145,7 +145,7 @@ void CatalogView::requestPlace()
     }
 }
 
-/// The arrow keys lead from the search field into the tree.
+/// The down key moves the focus from the search field to the tree.
 bool CatalogView::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down) {
@@ -172,7 +172,7 @@ void CatalogView::retranslate()
             const QString problem = catalogProblem(typeCode);
             item->setIcon(1, problem.isEmpty() ? QIcon() : style()->standardIcon(QStyle::SP_MessageBoxWarning));
             const QString tip =
-                problem.isEmpty() ? tr("Type %1; double click or drag to place it").arg(typeCode) : problem;
+                problem.isEmpty() ? tr("Type %1. Double-click it or drag it to place it.").arg(typeCode) : problem;
             item->setToolTip(0, tip);
             item->setToolTip(1, tip);
         }

@@ -1,4 +1,4 @@
-// The module types to choose from, grouped by family, with a search field.
+// The module types of the catalog, grouped by family, with a search field.
 #pragma once
 
 #include "catalog.h"
@@ -14,18 +14,20 @@ class QTreeWidgetItem;
 class CatalogView : public QWidget {
     Q_OBJECT
 public:
-    /// What the tree's drags carry: a type code as decimal digits.
+    /// Type of the data of a dragged module type: its code as decimal digits.
     static QString mimeType() { return QStringLiteral("application/x-simpleextend-type"); }
 
     /// @p catalog must outlive the view.
     CatalogView(const std::vector<CatalogEntry> &catalog, QWidget *parent);
 
-    /// The current module type; nothing when a family is current or the search hides it.
+    /// The current module type; std::nullopt if a family is current or the search hides the type.
     std::optional<quint32> currentType() const;
+    /// Requests to place the current module type. Does nothing without one.
+    void requestPlace();
 
 signals:
     void currentTypeChanged();
-    /// Double click or Enter on a module type.
+    /// The user double-clicked a module type or pressed Enter.
     void placeRequested(quint32 typeCode);
 
 protected:
@@ -35,7 +37,6 @@ protected:
 private:
     void fill();
     void filter(const QString &text);
-    void requestPlace();
     void retranslate();
 
     const std::vector<CatalogEntry> &m_catalog;

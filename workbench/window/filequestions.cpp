@@ -34,11 +34,14 @@ QString askForNewFile(QWidget *parent, const QString &title, const QString &pres
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-void showProblem(QWidget *parent, const QString &text, const QString &reason)
+void showFailure(QWidget *parent, const QString &text, const Result<> &result)
 {
+    if (result || result.reason().isEmpty()) {
+        return;
+    }
     QMessageBox box(QMessageBox::Warning, Texts::tr("Module Workbench"), text, QMessageBox::NoButton, parent);
     box.setObjectName(QStringLiteral("problemBox"));
-    box.setInformativeText(reason);
+    box.setInformativeText(result.reason());
     box.addButton(Texts::tr("OK"), QMessageBox::AcceptRole);
     box.exec();
 }

@@ -1,7 +1,7 @@
-// Questions about files, and the box that says what went wrong with one.
+// Dialogs that several parts of the window share: file names and failures.
 #pragma once
 
-#include <QString>
+#include "result.h"
 
 class QWidget;
 
@@ -9,8 +9,9 @@ class QWidget;
 QString stationFilter();
 QString blockFilter();
 
-/// The path of a file to be written, with @p suffix where the user gives none; empty when the user cancels.
+/// Asks for the path of a file to write. Appends @p suffix to a name without one. An empty string if the user cancels.
 QString askForNewFile(QWidget *parent, const QString &title, const QString &present, const QString &filter,
                       const QString &suffix);
-/// Shows what could not be done and why, until the user closes it.
-void showProblem(QWidget *parent, const QString &text, const QString &reason);
+/// Shows what could not be done and the reason, until the user closes the box. Does nothing for a success, or for a
+/// failure without a reason, which the user caused by cancelling.
+void showFailure(QWidget *parent, const QString &text, const Result<> &result);

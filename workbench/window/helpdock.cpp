@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-// A resource in a static library is linked in only where it is named; the macro must stand outside namespaces.
+// A resource in a static library is linked only if it is referenced. The macro must be outside namespaces.
 static void initResources()
 {
     Q_INIT_RESOURCE(workbench);
@@ -17,7 +17,7 @@ namespace {
 struct Page {
     CatalogFamily family;
     const char *file;
-    // The plug-in's keywords, as its dialogs hand them to the host.
+    // The keywords that the plug-in's dialogs pass to the host.
     const char16_t *keyword;
     const char16_t *localKeyword;
 };
@@ -67,7 +67,7 @@ void HelpDock::retranslate()
 {
     setWindowTitle(tr("Help"));
     m_browser->setAccessibleName(tr("Help page"));
-    showPage(m_browser->source().fileName()); // wherever links have led
+    showPage(m_browser->source().fileName()); // the page that is shown may differ from the latest keyword
 }
 
 void HelpDock::changeEvent(QEvent *event)

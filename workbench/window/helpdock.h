@@ -1,4 +1,4 @@
-// The help: one page per module family and an overview.
+// Shows the help: one page per module family, and an overview.
 #pragma once
 
 #include "catalog.h"
@@ -14,7 +14,7 @@ public:
 
     /// Opens the page of a help keyword of the plug-in, in either language; the overview for any other keyword.
     void showKeyword(const QString &keyword);
-    /// Opens the page of a family; the overview where it has none.
+    /// Opens the page of a family; the overview for a family without a page.
     void showFamily(CatalogFamily family);
 
 protected:

@@ -19,7 +19,7 @@ void InterfaceLanguage::set(QLocale::Language language)
     const QDir programFolder(QCoreApplication::applicationDirPath());
     const QString ours = programFolder.absoluteFilePath(QStringLiteral("../share/simpleextend/translations"));
     if (m_language == QLocale::English) {
-        install(QStringLiteral("workbench_en"), ours); // the plurals
+        install(QStringLiteral("workbench_en"), ours); // for plurals
         return;
     }
     install(QStringLiteral("qt_zh_CN"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));

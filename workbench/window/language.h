@@ -8,7 +8,7 @@
 
 class QTranslator;
 
-/// Installs translators; they go with this object.
+/// Installs translators and removes them in its destructor.
 class InterfaceLanguage {
 public:
     InterfaceLanguage();
@@ -16,7 +16,7 @@ public:
     InterfaceLanguage(const InterfaceLanguage &) = delete;
     InterfaceLanguage &operator=(const InterfaceLanguage &) = delete;
 
-    /// Chinese, or English for any other language. A translation file that is not there leaves its texts English.
+    /// Sets Chinese, or English for any other language. Texts without a translation file stay English.
     void set(QLocale::Language language);
     QLocale::Language get() const { return m_language; }
 

@@ -3,7 +3,6 @@
 #include "imagerangetext.h"
 #include "modulecolors.h"
 
-#include <QHash>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLocale>
@@ -18,9 +17,9 @@
 
 namespace {
 
-constexpr int barHeight = 16;  // px
-constexpr int gap = 2;         // px between texts and bars
-constexpr double thinnest = 2; // px of a range
+constexpr int barHeight = 16;           // px
+constexpr int gap = 2;                  // px between texts and bars
+constexpr double minimumRangeWidth = 2; // px
 constexpr std::array areas{VarArea::AnalogInput, VarArea::AnalogOutput, VarArea::DigitalInput, VarArea::DigitalOutput,
                            VarArea::Variable};
 
@@ -45,11 +44,6 @@ QString name(VarArea area)
     return areaName(static_cast<quint8>(area));
 }
 
-quint64 keyOf(VarArea area, qint32 start)
-{
-    return static_cast<quint64>(area) << 32U | static_cast<quint32>(start);
-}
-
 } // namespace
 
 MemoryStrip::MemoryStrip(VarArea area, QWidget *parent) : QWidget(parent), m_area(area)
@@ -59,7 +53,7 @@ MemoryStrip::MemoryStrip(VarArea area, QWidget *parent) : QWidget(parent), m_are
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void MemoryStrip::show(qint32 size, const QVector<Range> &ranges)
+void MemoryStrip::setRanges(qint32 size, const QVector<Range> &ranges)
 {
     m_size = size;
     m_ranges = ranges;
@@ -112,7 +106,7 @@ QRectF MemoryStrip::rectOf(qint32 start, qint32 length) const
 {
     const QRectF whole = bar().adjusted(1, 1, 0, 0); // inside its frame
     const double perByte = whole.width() / std::max(m_size, 1);
-    return {whole.left() + start * perByte, whole.top(), std::max(length * perByte, thinnest), whole.height()};
+    return {whole.left() + start * perByte, whole.top(), std::max(length * perByte, minimumRangeWidth), whole.height()};
 }
 
 std::optional<int> MemoryStrip::rangeAt(QPoint point) const
@@ -182,7 +176,7 @@ void MemoryStrip::paintEvent(QPaintEvent * /*event*/)
             painter.fillRect(rect, range.color);
         }
     }
-    // Marks are wider than their range, so that a few bytes among many thousands are seen.
+    // Marks are wider than their range, because a few bytes of many thousands would be invisible.
     painter.setPen(QPen(palette().color(QPalette::Highlight), 3));
     for (const Range &range : m_ranges) {
         if (m_selected.contains(range.place.index())) {
@@ -205,7 +199,7 @@ void MemoryStrip::mousePressEvent(QMouseEvent *event)
     }
 }
 
-/// Left and right go from range to range.
+/// The left and right keys select the adjacent range.
 void MemoryStrip::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) {
@@ -239,12 +233,12 @@ MemoryView::MemoryView(const std::vector<CatalogEntry> &catalog, QWidget *parent
     setWidget(content);
     m_refresh.setSingleShot(true);
     connect(&m_refresh, &QTimer::timeout, this, &MemoryView::refresh);
-    // Their texts stay at the view's edges.
+    // The texts of the strips are drawn at the edges of the view.
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, content, QOverload<>::of(&QWidget::update));
     retranslate();
 }
 
-void MemoryView::show(const Station *station)
+void MemoryView::setStation(const Station *station)
 {
     if (m_station != nullptr) {
         m_station->disconnect(this);
@@ -259,34 +253,25 @@ void MemoryView::show(const Station *station)
     refresh();
 }
 
-/// The host tells what is held but not by whom, the modules tell what they hold.
+/// The host reports which ranges are claimed, the station which modules hold them.
 void MemoryView::refresh()
 {
-    QHash<quint64, int> holders;
-    for (int i = 0; i < m_station->count(); ++i) {
-        const ModuleView module = m_station->module(i);
-        for (const IoMap &map : {module.in, module.out}) {
-            if (rangeBytes(map) != 0) {
-                holders.insert(keyOf(static_cast<VarArea>(map.area), map.start), i);
-            }
-        }
-    }
+    const StationMemory &memory = m_station->memory();
     QMap<VarArea, QVector<MemoryStrip::Range>> ranges;
-    for (const simulatedhost::ClaimedRange &claimed : simulatedhost::claimedRanges(m_station->memoryOwner())) {
-        MemoryStrip::Range range{claimed.start, claimed.length, tr("Held by no module"), Place{-1, -1},
-                                 palette().color(QPalette::Mid)};
-        if (const auto holder = holders.constFind(keyOf(claimed.area, claimed.start)); holder != holders.constEnd()) {
-            const ModuleView module = m_station->module(*holder);
+    for (const auto &[area, start, length] : simulatedhost::claimedRanges(memory.owner())) {
+        MemoryStrip::Range range{start, length, tr("Held by no module"), Place{-1, -1}, palette().color(QPalette::Mid)};
+        if (const std::optional<Place> holder = memory.holder({area, start, length})) {
+            const ModuleSummary module = m_station->module(*m_station->moduleAt(*holder));
             const CatalogEntry *entry = findEntry(m_catalog, module.typeCode);
             range.text = tr("%1 (rack %2, slot %3)")
-                             .arg(module.name, QString::number(module.place.rack), QString::number(module.place.slot));
-            range.place = module.place;
-            range.color = moduleColor(entry == nullptr ? CatalogFamily::Other : entry->family, module.place, palette());
+                             .arg(module.name, QString::number(holder->rack), QString::number(holder->slot));
+            range.place = *holder;
+            range.color = moduleColor(entry == nullptr ? CatalogFamily::Other : entry->family, *holder, palette());
         }
-        ranges[claimed.area].append(range);
+        ranges[area].append(range);
     }
     for (MemoryStrip *strip : qAsConst(m_strips)) {
-        strip->show(simulatedhost::areaSize(m_station->memoryOwner(), strip->area()), ranges.value(strip->area()));
+        strip->setRanges(simulatedhost::areaSize(memory.owner(), strip->area()), ranges.value(strip->area()));
     }
     markSelection();
 }

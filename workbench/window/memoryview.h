@@ -1,4 +1,4 @@
-// The memory map of a station: one strip per area with the ranges that its modules hold.
+// The memory map of a station: one strip per area, with the ranges that its modules hold.
 #pragma once
 
 #include "catalog.h"
@@ -19,16 +19,16 @@ public:
     /// @p catalog must outlive the view.
     MemoryView(const std::vector<CatalogEntry> &catalog, QWidget *parent);
 
-    /// Follows @p station, which must outlive the view or the next call.
-    void show(const Station *station);
-    /// Marks the ranges of the modules at these places and brings the first one into view.
+    /// Shows @p station, which must outlive the view or the next call.
+    void setStation(const Station *station);
+    /// Marks the ranges of the modules at these places and scrolls to the first range.
     void select(const QVector<Place> &places);
-    /// Strips @p zoom times as long as the view is wide, at most largestZoom.
+    /// Makes the strips @p zoom times as long as the view is wide. The range of @p zoom is 1 to largestZoom.
     void setZoom(int zoom);
     int zoom() const { return m_zoom; }
 
 signals:
-    /// The user has picked a range of the module at @p place.
+    /// The user selected a range of the module at @p place.
     void moduleSelected(Place place);
 
 protected:
@@ -46,11 +46,11 @@ private:
     const Station *m_station = nullptr;
     QVector<MemoryStrip *> m_strips;
     QSet<int> m_selected; ///< Place::index() of each
-    QTimer m_refresh;     ///< one refresh for all the changes of a step
+    QTimer m_refresh;     ///< combines all changes of a step into one refresh
     int m_zoom = 1;
 };
 
-/// One area. Its accessible description says how much of it is free.
+/// The strip of one area. Its accessible description states how much of the area is free.
 class MemoryStrip : public QWidget {
     Q_OBJECT
 public:
@@ -58,17 +58,17 @@ public:
         qint32 start;  ///< bytes
         qint32 length; ///< bytes
         QString text;
-        Place place; ///< not valid for a range that no module claims to hold
+        Place place; ///< invalid for a range that no module holds
         QColor color;
     };
 
     MemoryStrip(VarArea area, QWidget *parent);
 
     VarArea area() const { return m_area; }
-    /// @p ranges by rising start, in an area of @p size bytes.
-    void show(qint32 size, const QVector<Range> &ranges);
-    /// Marks the ranges of modules by Place::index(). Returns the first mark in pixels; an empty rectangle when there
-    /// is none.
+    /// @p size is the area's size in bytes. @p ranges must be in ascending order.
+    void setRanges(qint32 size, const QVector<Range> &ranges);
+    /// Marks the ranges of modules by Place::index(). Returns the first mark in pixels; an empty rectangle if there is
+    /// none.
     QRect select(const QSet<int> &places);
     void retranslate();
 
@@ -86,7 +86,7 @@ protected:
 private:
     QRect bar() const;
     QRectF rectOf(qint32 start, qint32 length) const;
-    /// Index of the range under a point; -1 where the area is free, nothing outside the bar.
+    /// Index of the range at a point; -1 if the area is free there, std::nullopt outside the bar.
     std::optional<int> rangeAt(QPoint point) const;
     QString toolTipAt(QPoint point) const;
     void selectRange(int index);

@@ -27,13 +27,18 @@ void copyToClipboard(const QByteArrayList &states)
     QApplication::clipboard()->setMimeData(data);
 }
 
-QByteArrayList clipboardModules()
+bool clipboardHasModules()
 {
     const QMimeData *data = QApplication::clipboard()->mimeData();
-    if (data == nullptr || !data->hasFormat(mimeType())) {
+    return data != nullptr && data->hasFormat(mimeType());
+}
+
+QByteArrayList clipboardModules()
+{
+    if (!clipboardHasModules()) {
         return {};
     }
-    QDataStream stream(data->data(mimeType()));
+    QDataStream stream(QApplication::clipboard()->mimeData()->data(mimeType()));
     stream.setVersion(streamVersion);
     QByteArrayList states;
     stream >> states;

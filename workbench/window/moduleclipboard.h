@@ -1,8 +1,10 @@
-// Modules on the desktop's clipboard, as their saved states.
+// Modules on the clipboard, as their saved states.
 #pragma once
 
 #include <QByteArrayList>
 
 void copyToClipboard(const QByteArrayList &states);
-/// The states on the clipboard; none when it holds something else.
+/// True if the clipboard contains data in the format of this program. Does not read the data.
+bool clipboardHasModules();
+/// The states on the clipboard; empty if it contains something else or malformed data.
 QByteArrayList clipboardModules();

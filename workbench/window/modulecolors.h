@@ -1,4 +1,4 @@
-// The colours by which a module is recognised in the racks and in the memory map.
+// The colours of modules in the racks and in the memory map.
 #pragma once
 
 #include "catalog.h"
@@ -8,10 +8,10 @@
 
 class QPalette;
 
-/// True for a palette with light text on a dark ground.
+/// True for a palette with light text on a dark background.
 bool isDark(const QPalette &palette);
-/// Hue by family; the shade changes from slot to slot, so that neighbours in the memory map differ. Stands out from the
-/// palette's base colour.
+/// The hue depends on the family. The shade depends on the slot, so neighbours in the memory map differ. Contrasts with
+/// the palette's base colour.
 QColor moduleColor(CatalogFamily family, Place place, const QPalette &palette);
-/// For what is refused.
+/// For refused drops and unavailable modules.
 QColor refusalColor(const QPalette &palette);

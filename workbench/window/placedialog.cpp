@@ -14,11 +14,11 @@ PlaceDialog::PlaceDialog(const Station &station, int index, QWidget *parent)
       m_slot(new QSpinBox(this)),
       m_occupant(new QLabel(this))
 {
-    const ModuleView module = station.module(index);
+    const ModuleSummary module = station.module(index);
     setObjectName(QStringLiteral("placeDialog"));
     m_rack->setObjectName(QStringLiteral("rackSpin"));
     m_slot->setObjectName(QStringLiteral("slotSpin"));
-    setWindowTitle(tr("Place %1").arg(module.name));
+    setWindowTitle(tr("Move %1").arg(module.name));
     m_rack->setRange(0, Place::rackCount - 1);
     m_rack->setValue(module.place.rack);
     m_slot->setRange(0, Place::slotCount - 1);
@@ -49,12 +49,10 @@ Place PlaceDialog::place() const
 
 void PlaceDialog::showOccupant()
 {
-    const std::optional<int> occupant = m_station.moduleAt(place());
-    const bool taken = occupant && *occupant != m_index;
-    m_ok->setEnabled(!taken);
-    if (taken) {
-        m_occupant->setText(tr("Taken by %1.").arg(m_station.module(*occupant).name));
-    } else {
-        m_occupant->setText(occupant ? tr("The module's present slot.") : tr("This slot is free."));
-    }
+    const bool isPresentSlot = m_station.moduleAt(place()) == m_index;
+    const Result<> free = m_station.checkFree(place());
+    m_ok->setEnabled(free || isPresentSlot);
+    m_occupant->setText(isPresentSlot ? tr("The module's present slot.")
+                        : free        ? tr("This slot is free.")
+                                      : free.reason());
 }

@@ -1,4 +1,4 @@
-// Asks for the rack and slot of a module.
+// Asks for the rack and the slot to which a module is moved.
 #pragma once
 
 #include "station.h"
@@ -12,7 +12,7 @@ class QSpinBox;
 class PlaceDialog : public QDialog {
     Q_OBJECT
 public:
-    /// @p station must outlive the dialog, @p index names the module to be moved.
+    /// @p station must outlive the dialog. @p index identifies the module.
     PlaceDialog(const Station &station, int index, QWidget *parent);
 
     Place place() const;

@@ -1,13 +1,19 @@
 #include "rackmodel.h"
 
+#include "catalogview.h"
 #include "imagerangetext.h"
 
+#include <QMimeData>
+#include <QUuid>
+
 RackModel::RackModel(const std::vector<CatalogEntry> &catalog, QObject *parent)
-    : QAbstractTableModel(parent), m_catalog(catalog)
+    : QAbstractTableModel(parent),
+      m_catalog(catalog),
+      m_moveMimeType(QStringLiteral("application/x-simpleextend-move-") + QUuid::createUuid().toString(QUuid::Id128))
 {
 }
 
-void RackModel::show(const Station *station)
+void RackModel::setStation(const Station *station)
 {
     beginResetModel();
     if (m_station != nullptr) {
@@ -15,16 +21,16 @@ void RackModel::show(const Station *station)
     }
     m_station = station;
     for (const auto signal : {&Station::moduleAdded, &Station::moduleRemoved, &Station::moduleChanged}) {
-        connect(m_station, signal, this, &RackModel::tellChange);
+        connect(m_station, signal, this, &RackModel::emitChange);
     }
     connect(m_station, &Station::moduleMoved, this, [this](Place from, Place to) {
-        tellChange(from);
-        tellChange(to);
+        emitChange(from);
+        emitChange(to);
     });
     endResetModel();
 }
 
-void RackModel::tellChange(Place place)
+void RackModel::emitChange(Place place)
 {
     emit dataChanged(indexOf(place), indexOf(place));
 }
@@ -36,10 +42,10 @@ void RackModel::retranslate()
     emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
-std::optional<ModuleView> RackModel::moduleAt(const QModelIndex &index) const
+std::optional<ModuleSummary> RackModel::moduleAt(const QModelIndex &index) const
 {
     const std::optional<int> found = m_station == nullptr ? std::nullopt : m_station->moduleAt(placeOf(index));
-    return found ? std::optional<ModuleView>(m_station->module(*found)) : std::nullopt;
+    return found ? std::optional<ModuleSummary>(m_station->module(*found)) : std::nullopt;
 }
 
 int RackModel::rowCount(const QModelIndex &parent) const
@@ -58,9 +64,9 @@ QVariant RackModel::data(const QModelIndex &index, int role) const
         return {};
     }
     if (role == Qt::AccessibleTextRole) {
-        return spokenText(index);
+        return accessibleText(index);
     }
-    const std::optional<ModuleView> module = moduleAt(index);
+    const std::optional<ModuleSummary> module = moduleAt(index);
     if (!module) {
         return {};
     }
@@ -77,10 +83,51 @@ QVariant RackModel::headerData(int section, Qt::Orientation orientation, int rol
 
 Qt::ItemFlags RackModel::flags(const QModelIndex &index) const
 {
-    return QAbstractTableModel::flags(index) | Qt::ItemIsDropEnabled | Qt::ItemIsDragEnabled;
+    const bool hasModule = m_station != nullptr && m_station->moduleAt(placeOf(index));
+    return QAbstractTableModel::flags(index) | Qt::ItemIsDropEnabled |
+           (hasModule ? Qt::ItemIsDragEnabled : Qt::NoItemFlags);
 }
 
-QString RackModel::toolTip(const ModuleView &module) const
+QStringList RackModel::mimeTypes() const
+{
+    return {CatalogView::mimeType(), m_moveMimeType};
+}
+
+QMimeData *RackModel::mimeData(const QModelIndexList &indexes) const
+{
+    auto *data = new QMimeData;
+    data->setData(m_moveMimeType, QByteArray::number(placeOf(indexes.first()).index()));
+    return data;
+}
+
+bool RackModel::canDropMimeData(const QMimeData * /*data*/, Qt::DropAction /*action*/, int /*row*/, int /*column*/,
+                                const QModelIndex &parent) const
+{
+    if (!parent.isValid() || m_station == nullptr) {
+        return false;
+    }
+    const Result<> free = m_station->checkFree(placeOf(parent));
+    if (!free) {
+        emit dropRefused(free.reason());
+    }
+    return static_cast<bool>(free);
+}
+
+bool RackModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                             const QModelIndex &parent)
+{
+    if (!canDropMimeData(data, action, row, column, parent)) {
+        return false;
+    }
+    if (data->hasFormat(m_moveMimeType)) {
+        emit moveRequested(Place::at(data->data(m_moveMimeType).toInt()), placeOf(parent));
+    } else {
+        emit placeRequested(data->data(CatalogView::mimeType()).toUInt(), placeOf(parent));
+    }
+    return true;
+}
+
+QString RackModel::toolTip(const ModuleSummary &module) const
 {
     const CatalogEntry *entry = entryOf(module.typeCode);
     QStringList lines{module.name, entry != nullptr
@@ -97,9 +144,9 @@ QString RackModel::toolTip(const ModuleView &module) const
     return lines.join(QLatin1Char('\n'));
 }
 
-QString RackModel::spokenText(const QModelIndex &index) const
+QString RackModel::accessibleText(const QModelIndex &index) const
 {
-    const std::optional<ModuleView> module = moduleAt(index);
+    const std::optional<ModuleSummary> module = moduleAt(index);
     const QString what = module ? toolTip(*module).replace(QLatin1Char('\n'), QLatin1String(", ")) : tr("free");
     return tr("Rack %1, slot %2: %3").arg(index.row()).arg(index.column()).arg(what);
 }

@@ -1,4 +1,4 @@
-// The slots of a station as a table: racks are rows, slots are columns.
+// The slots of a station as a table: racks are rows, slots are columns. Handles drag and drop of modules.
 #pragma once
 
 #include "catalog.h"
@@ -12,13 +12,13 @@ public:
     /// @p catalog must outlive the model.
     RackModel(const std::vector<CatalogEntry> &catalog, QObject *parent);
 
-    /// Follows @p station, which must outlive the model or the next call.
-    void show(const Station *station);
+    /// Shows @p station, which must outlive the model or the next call.
+    void setStation(const Station *station);
 
     QModelIndex indexOf(Place place) const { return index(place.rack, place.slot); }
     static Place placeOf(const QModelIndex &index) { return {index.row(), index.column()}; }
-    /// Nothing for a free slot.
-    std::optional<ModuleView> moduleAt(const QModelIndex &index) const;
+    /// std::nullopt for a free slot.
+    std::optional<ModuleSummary> moduleAt(const QModelIndex &index) const;
     /// Null for a type that the catalog lacks.
     const CatalogEntry *entryOf(quint32 typeCode) const { return findEntry(m_catalog, typeCode); }
 
@@ -27,15 +27,35 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
+    Qt::DropActions supportedDropActions() const override { return Qt::CopyAction | Qt::MoveAction; }
+    Qt::DropActions supportedDragActions() const override { return Qt::MoveAction; }
+    QStringList mimeTypes() const override;
+    /// @p indexes must contain one index.
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                         const QModelIndex &parent) const override;
+    bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                      const QModelIndex &parent) override;
 
-    /// Speaks the new language.
+    /// Updates the translated texts.
     void retranslate();
 
+signals:
+    /// A module type was dropped from the catalog on a free slot.
+    void placeRequested(quint32 typeCode, Place place);
+    /// A module was dropped on a free slot.
+    void moveRequested(Place from, Place to);
+    /// A drag is over a slot where it cannot be dropped.
+    void dropRefused(const QString &reason) const;
+
 private:
-    void tellChange(Place place);
-    QString toolTip(const ModuleView &module) const;
-    QString spokenText(const QModelIndex &index) const;
+    void emitChange(Place place);
+    QString toolTip(const ModuleSummary &module) const;
+    QString accessibleText(const QModelIndex &index) const;
 
     const std::vector<CatalogEntry> &m_catalog;
     const Station *m_station = nullptr;
+    /// Type of the data of a dragged module, which is Place::index(). Unique, because a place has no meaning in another
+    /// window.
+    const QString m_moveMimeType;
 };

@@ -1,14 +1,10 @@
 #include "rackview.h"
 
-#include "catalogview.h"
 #include "imagerangetext.h"
 #include "modulecolors.h"
 
-#include <QApplication>
-#include <QDrag>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyledItemDelegate>
@@ -24,13 +20,7 @@ constexpr int cardLines = 4;    // order number, name, input, output
 constexpr int cardCharacters = 27;
 constexpr int cornerRadius = 4; // px
 
-/// A module that is dragged inside the view; the place is the view's current one.
-QString moveMimeType()
-{
-    return QStringLiteral("application/x-simpleextend-move");
-}
-
-/// Of less important texts.
+/// Colour of less important texts.
 QColor faded(const QPalette &palette)
 {
     const QColor &text = palette.color(QPalette::Text);
@@ -44,14 +34,14 @@ QColor faded(const QPalette &palette)
 /// Paints a slot: a card, or the outline of a free slot.
 class RackView::CardPainter : public QStyledItemDelegate {
 public:
-    explicit CardPainter(const RackView &view) : m_view(view) {}
+    explicit CardPainter(RackView &view) : QStyledItemDelegate(&view), m_view(view) {}
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         const QRectF card = QRectF(option.rect).adjusted(margin, margin, -margin, -margin);
-        const std::optional<ModuleView> module = m_view.m_model->moduleAt(index);
+        const std::optional<ModuleSummary> module = m_view.m_model->moduleAt(index);
         painter->setPen(Qt::NoPen);
         painter->setBrush(option.palette.base());
         painter->drawRoundedRect(card, cornerRadius, cornerRadius);
@@ -59,14 +49,14 @@ public:
             paintCard(*painter, card, option.palette, *module);
         }
         paintOutline(*painter, card, option, module.has_value());
-        if (index == m_view.m_dropTarget) {
+        if (m_view.state() == DraggingState && (option.state & QStyle::State_MouseOver) != 0) {
             paintDrop(*painter, card, option.palette, !module || index == m_view.currentIndex());
         }
         painter->restore();
     }
 
 private:
-    void paintCard(QPainter &painter, const QRectF &card, const QPalette &palette, const ModuleView &module) const
+    void paintCard(QPainter &painter, const QRectF &card, const QPalette &palette, const ModuleSummary &module) const
     {
         const CatalogEntry *entry = m_view.m_model->entryOf(module.typeCode);
         const bool isAvailable = module.unavailable.isEmpty();
@@ -139,9 +129,7 @@ RackView::RackView(const std::vector<CatalogEntry> &catalog, QWidget *parent)
 {
     setObjectName(QStringLiteral("rackView"));
     setModel(m_model);
-    auto *painter = new CardPainter(*this);
-    painter->setParent(this);
-    setItemDelegate(painter);
+    setItemDelegate(new CardPainter(*this));
     setShowGrid(false);
     setSelectionMode(ExtendedSelection);
     setTabKeyNavigation(false);
@@ -156,6 +144,9 @@ RackView::RackView(const std::vector<CatalogEntry> &catalog, QWidget *parent)
         header->setHighlightSections(true);
         header->setSectionsClickable(false);
     }
+    connect(m_model, &RackModel::placeRequested, this, &RackView::placeRequested);
+    connect(m_model, &RackModel::moveRequested, this, &RackView::moveRequested);
+    connect(m_model, &RackModel::dropRefused, this, &RackView::dropRefused);
     fitToFont();
     setAccessibleName(tr("Racks"));
 }
@@ -167,9 +158,9 @@ void RackView::fitToFont()
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * cardLines + stripeHeight + 3 * margin + padding);
 }
 
-void RackView::show(const Station *station)
+void RackView::setStation(const Station *station)
 {
-    m_model->show(station);
+    m_model->setStation(station);
     setCurrentPlace({});
 }
 
@@ -192,13 +183,13 @@ QVector<Place> RackView::selectedModules() const
     return places;
 }
 
-/// Moves the current module to the next free slot in a direction.
-void RackView::moveBy(int racks, int slots_)
+/// Requests to move the current module to the next free slot in a direction.
+void RackView::moveBy(int racks, int columns)
 {
     const Place from = currentPlace();
     Place to = from;
     do {
-        to = {to.rack + racks, to.slot + slots_};
+        to = {to.rack + racks, to.slot + columns};
     } while (to.isValid() && m_model->moduleAt(m_model->indexOf(to)));
     if (to.isValid() && m_model->moduleAt(currentIndex())) {
         emit moveRequested(from, to);
@@ -231,91 +222,11 @@ void RackView::mouseDoubleClickEvent(QMouseEvent *event)
     }
 }
 
-void RackView::startDrag(Qt::DropActions /*supportedActions*/)
+/// Drags the current module only.
+void RackView::startDrag(Qt::DropActions supportedActions)
 {
-    if (!m_model->moduleAt(currentIndex())) {
-        return;
-    }
-    auto *carried = new QMimeData;
-    carried->setData(moveMimeType(), {});
-    auto *drag = new QDrag(this);
-    drag->setMimeData(carried);
-    const QRect card = visualRect(currentIndex());
-    drag->setPixmap(viewport()->grab(card));
-    drag->setHotSpot(QPoint(card.width() / 2, card.height() / 2));
-    drag->exec(Qt::MoveAction);
-}
-
-void RackView::dragEnterEvent(QDragEnterEvent *event)
-{
-    const bool isModule = event->source() == this && event->mimeData()->hasFormat(moveMimeType());
-    if (isModule || event->mimeData()->hasFormat(CatalogView::mimeType())) {
-        setState(DraggingState);
-        event->acceptProposedAction();
-    }
-}
-
-void RackView::dragMoveEvent(QDragMoveEvent *event)
-{
-    QTableView::dragMoveEvent(event); // scrolls at the edges
-    const QModelIndex target = indexAt(event->pos());
-    const bool isNew = target != m_dropTarget;
-    setDropTarget(target);
-    const std::optional<ModuleView> occupant = m_model->moduleAt(target);
-    if (!target.isValid() || (occupant && !(event->source() == this && target == currentIndex()))) {
-        event->ignore(visualRect(target));
-        if (occupant && isNew) {
-            emit dropRefused(
-                tr("Rack %1, slot %2 is taken by \"%3\".").arg(target.row()).arg(target.column()).arg(occupant->name));
-        }
-        return;
-    }
-    event->setDropAction(event->source() == this ? Qt::MoveAction : Qt::CopyAction);
-    event->accept(visualRect(target));
-}
-
-void RackView::dragLeaveEvent(QDragLeaveEvent *event)
-{
-    QTableView::dragLeaveEvent(event);
-    setDropTarget({});
-}
-
-void RackView::dropEvent(QDropEvent *event)
-{
-    const QModelIndex target = indexAt(event->pos());
-    const Place from = currentPlace();
-    QDragLeaveEvent leave;
-    dragLeaveEvent(&leave);
-    if (!target.isValid() || m_model->moduleAt(target)) {
-        event->ignore();
-        return;
-    }
-    event->accept();
-    if (event->source() == this) {
-        emit moveRequested(from, RackModel::placeOf(target));
-    } else {
-        emit placeRequested(event->mimeData()->data(CatalogView::mimeType()).toUInt(), RackModel::placeOf(target));
-    }
-}
-
-void RackView::setDropTarget(const QModelIndex &target)
-{
-    if (target != m_dropTarget) {
-        m_dropTarget = target;
-        viewport()->update();
-    }
-}
-
-void RackView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
-{
-    QTableView::selectionChanged(selected, deselected);
-    emit selectionMoved();
-}
-
-void RackView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
-{
-    QTableView::currentChanged(current, previous);
-    emit selectionMoved();
+    setCurrentPlace(currentPlace());
+    QTableView::startDrag(supportedActions);
 }
 
 void RackView::changeEvent(QEvent *event)

@@ -14,7 +14,7 @@ void RecentMenu::setFiles(const QStringList &files)
     clear();
     for (int i = 0; i < m_files.size(); ++i) {
         const QString path = m_files.at(i);
-        // An ampersand would underline what follows it.
+        // A single ampersand would make the next character a shortcut.
         const QString name = QFileInfo(path).fileName().replace(QLatin1Char('&'), QLatin1String("&&"));
         QAction *action = addAction(QStringLiteral("&%1 %2").arg(i + 1).arg(name));
         action->setStatusTip(path);

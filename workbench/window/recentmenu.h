@@ -1,4 +1,4 @@
-// The menu of the projects that were opened or saved last.
+// The menu of the projects that were opened or saved recently.
 #pragma once
 
 #include <QMenu>
@@ -8,10 +8,10 @@ class RecentMenu : public QMenu {
 public:
     using QMenu::QMenu;
 
-    /// Absolute paths, the latest first.
+    /// Absolute paths, the most recent first.
     const QStringList &files() const { return m_files; }
     void setFiles(const QStringList &files);
-    /// Puts a file first; the oldest beyond eight goes.
+    /// Puts a file first. Removes the oldest file when there are more than eight.
     void add(const QString &path);
     void remove(const QString &path);
 

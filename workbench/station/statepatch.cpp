@@ -1,0 +1,60 @@
+#include "statepatch.h"
+
+#include "baseservices.h"
+#include "blockdecoder.h"
+#include "imagerangetext.h"
+
+namespace {
+
+QByteArray byte(int value)
+{
+    return QByteArray(1, static_cast<char>(value));
+}
+
+/// The three fields of a range, which are adjacent in the header.
+QByteArray rangeFields(const IoMap &range)
+{
+    return byte(range.area) + ushortToByteArray(range.start) + byte(rangeBytes(range));
+}
+
+std::optional<quint32> typeCodeOf(const blockdecoder::DecodedBlock &decoded)
+{
+    const blockdecoder::Field *type = decoded.find(QStringLiteral("header.objId"));
+    return type == nullptr ? std::nullopt : std::optional<quint32>(type->value.toUInt());
+}
+
+} // namespace
+
+std::optional<quint32> typeCodeOfState(const QByteArray &state)
+{
+    return typeCodeOf(blockdecoder::decodeSavedState(state));
+}
+
+std::optional<quint32> typeCodeOfBlock(const QByteArray &blocks)
+{
+    return typeCodeOf(blockdecoder::decodeConfiguration(blocks).constFirst());
+}
+
+QByteArray withFields(QByteArray state, std::initializer_list<std::pair<const char *, QByteArray>> fields)
+{
+    const auto decoded = blockdecoder::decodeSavedState(state);
+    for (const auto &[name, bytes] : fields) {
+        if (const auto *field = decoded.find(QLatin1String("header.") + QLatin1String(name))) {
+            state.replace(field->offset, bytes.size(), bytes);
+        }
+    }
+    return state;
+}
+
+QByteArray withPlace(const QByteArray &state, Place place)
+{
+    return withFields(state, {{"rackId", byte(place.rack)},
+                              {"slotId", byte(place.slot)},
+                              {"positionX", intToByteArray(place.slot)},
+                              {"positionY", intToByteArray(place.rack)}});
+}
+
+QByteArray withRanges(const QByteArray &state, const IoMap &in, const IoMap &out)
+{
+    return withFields(state, {{"inMap.area", rangeFields(in)}, {"outMap.area", rangeFields(out)}});
+}

@@ -1,0 +1,44 @@
+// The commands of the File menu, with their questions, their progress and their failures.
+#pragma once
+
+#include "stationdocument.h"
+
+class FileCommands : public QObject {
+    Q_OBJECT
+public:
+    /// Dialogs appear over @p window, which owns this object. @p document must outlive both.
+    FileCommands(StationDocument &document, QWidget &window);
+
+    void create();
+    void open();
+    /// Opens a project file. Returns false, after informing the user, and keeps the present station when the file is
+    /// rejected.
+    bool openFile(const QString &path);
+    void openRecent(const QString &path);
+    bool save();
+    bool saveAs();
+    void compile();
+    void decompile();
+    /// Offers to save unsaved changes. Returns false if the user cancels or saving fails.
+    bool mayDiscard();
+    /// Name of the project file for titles and questions.
+    QString fileTitle() const;
+
+signals:
+    /// A short text for the status bar.
+    void message(const QString &text);
+    /// A project file was opened or saved.
+    void fileUsed(const QString &path);
+    /// A recently used file does not exist any more.
+    void fileMissing(const QString &path);
+
+private:
+    bool saveTo(const QString &path);
+    void showUnavailable();
+    /// Returns work(progress). A long operation shows its progress and can be cancelled.
+    template <typename Work>
+    auto withProgress(const QString &label, Work work);
+
+    StationDocument &m_document;
+    QWidget &m_window;
+};
