@@ -1,4 +1,4 @@
-// Modules to look at: the factory's, and such with more channels than any type has.
+// Sample modules for pages: factory modules, and modules with more channels than any type has.
 #pragma once
 
 #include "catalog.h"
@@ -14,10 +14,10 @@ namespace samplemodules {
 struct Sample {
     QString name;
     std::unique_ptr<SimpleExtendPar> par;
-    bool isWide = false; ///< has more channels than the factory gives
+    bool isWide = false; ///< has more channels than the factory module
 };
 
-template <class Entry>
+template <typename Entry>
 void repeatFirst(QHash<quint8, Entry> &entries, quint8 &count, quint8 channels)
 {
     const Entry first = entries.value(0);
@@ -27,7 +27,7 @@ void repeatFirst(QHash<quint8, Entry> &entries, quint8 &count, quint8 channels)
     count = count == 0 ? 0 : channels;
 }
 
-/// A module of the type with this many channels in place of each kind that it has.
+/// A module of the type with @p channels channels of each kind that the type has.
 inline std::unique_ptr<SimpleExtendPar> withChannels(quint32 typeCode, quint8 channels)
 {
     auto par = buildDefault(typeCode, QString());
@@ -60,8 +60,7 @@ inline std::vector<Sample> factoryModules(bool onlyKinds = false)
     std::vector<Sample> samples;
     for (const CatalogEntry &entry : readCatalog()) {
         if (!onlyKinds || std::find(std::begin(kinds), std::end(kinds), entry.typeCode) != std::end(kinds)) {
-            samples.push_back(
-                {QString::number(entry.typeCode, 16), buildDefault(entry.typeCode, QStringLiteral("plc"))});
+            samples.push_back({QString::number(entry.typeCode, 16), buildDefault(entry.typeCode, "plc")});
         }
     }
     return samples;
