@@ -21,7 +21,7 @@ int main(int argc, char *argv[])
     const QCoreApplication app(argc, argv);
     SimpleExtendPar *module = createObject(digitalInputs16, QStringLiteral("station"));
     if (module == nullptr) {
-        std::puts("the installed plug-in makes no module of the installed catalog");
+        std::puts("The installed plug-in cannot create a module of the installed catalog.");
         return 1;
     }
     const IoMap in = getInMap(module);
