@@ -1,10 +1,10 @@
-# What an installed plug-in consists of, and the package that find_package(simpleextend) reads.
-# The host libraries, their headers and the catalog are installed by host/, the simulated ones only.
+# Installs the plug-in and the CMake package for find_package(simpleextend). host/CMakeLists.txt installs the
+# simulated host libraries, their headers and the catalog.
 include(CMakePackageConfigHelpers)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/simpleextend)
 
-# Host libraries that are not installed here are found where they were linked from.
+# Other host libraries are not installed; the plug-in finds them in the folder of the build.
 set_target_properties(simpleextend PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
 install(TARGETS simpleextend EXPORT simpleextendTargets)
 install(FILES core/exports/iomap.h core/exports/simpleextendexportfunc.h

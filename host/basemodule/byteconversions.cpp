@@ -14,7 +14,7 @@ QByteArray bigEndianBytes(T value)
     return bytes;
 }
 
-/// The first four bytes; 0 when there are fewer, because a part of a number is no number.
+/// Returns 0 if there are fewer than four bytes.
 quint32 firstFourBytes(const QByteArray &bytes)
 {
     return bytes.size() < static_cast<int>(sizeof(quint32)) ? 0 : qFromBigEndian<quint32>(bytes.constData());
@@ -22,7 +22,7 @@ quint32 firstFourBytes(const QByteArray &bytes)
 
 } // namespace
 
-static_assert(sizeof(float) == sizeof(quint32), "a float travels as four bytes");
+static_assert(sizeof(float) == sizeof(quint32), "a float is transferred as four bytes");
 
 QByteArray intToByteArray(qint32 value)
 {

@@ -16,22 +16,22 @@ ByteMap::Ranges::const_iterator ByteMap::overlapping(qint32 start, qint32 length
 
 bool ByteMap::remove(qint32 start, qint32 length)
 {
-    const auto held = m_ranges.find(start);
-    if (held == m_ranges.end() || held->second != length) {
+    const auto claimed = m_ranges.find(start);
+    if (claimed == m_ranges.end() || claimed->second != length) {
         return false;
     }
-    m_ranges.erase(held);
+    m_ranges.erase(claimed);
     return true;
 }
 
 std::optional<qint32> ByteMap::firstFit(qint32 size, qint32 alignment, qint32 length) const
 {
     qint32 candidate = 0;
-    for (const auto &[start, held] : m_ranges) {
+    for (const auto &[start, claimed] : m_ranges) {
         if (start - candidate >= length) {
             break;
         }
-        candidate = (start + held + alignment - 1) / alignment * alignment;
+        candidate = (start + claimed + alignment - 1) / alignment * alignment;
     }
     if (length > size - candidate) {
         return std::nullopt;

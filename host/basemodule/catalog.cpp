@@ -9,20 +9,20 @@
 
 namespace {
 
-constexpr quint32 kAppVersion = 2300;
+constexpr quint32 appVersion = 2300;
 
-/// One of the four counts of moduleInfo: from the highest byte AQ, AI, DQ, DI.
+/// Returns one of the four counts in moduleInfo. From the highest byte to the lowest: AQ, AI, DQ, DI.
 constexpr qint32 countAt(quint32 moduleInfo, unsigned shift)
 {
     return static_cast<qint32>((moduleInfo >> shift) & 0xFFU);
 }
 
-/// Folder of the library file that this code was loaded from.
+/// Returns the folder of the library file that contains this code.
 QDir libraryFolder()
 {
     Dl_info info{};
-    // The address of something with internal linkage: an exported function may be another library's.
-    if (dladdr(&kAppVersion, &info) == 0 || info.dli_fname == nullptr) {
+    // Uses an address with internal linkage, because an exported function may be that of another library.
+    if (dladdr(&appVersion, &info) == 0 || info.dli_fname == nullptr) {
         return QDir::current();
     }
     return QFileInfo(QFile::decodeName(info.dli_fname)).absoluteDir();
@@ -33,7 +33,7 @@ QString shippedCatalog()
     const QDir folder = libraryFolder();
     const QString catalog = QStringLiteral("share/simpleextend/catalog");
     const QString beside = folder.absoluteFilePath(QStringLiteral("../") + catalog);
-    // Installations with one library folder per architecture lie one level deeper (lib/<architecture>/).
+    // An installation with one library folder per architecture has one level more (lib/<architecture>/).
     const QString above = folder.absoluteFilePath(QStringLiteral("../../") + catalog);
     return QDir::cleanPath(!QFileInfo::exists(beside) && QFileInfo::exists(above) ? above : beside);
 }
@@ -62,10 +62,10 @@ qint32 getModuleAQNum(quint32 moduleInfo)
 
 QString getHwcnfgComponentPath(HwcnfgComponent component)
 {
-    // Where the library lies cannot change, the environment can.
-    static const QString kShipped = shippedCatalog();
+    // The folder of the library cannot change, but the environment can.
+    static const QString shipped = shippedCatalog();
     const QString chosen = QFile::decodeName(qgetenv("SIMHOST_COMPONENTS"));
-    const QString root = chosen.isEmpty() ? kShipped : QDir::cleanPath(QDir(chosen).absolutePath());
+    const QString root = chosen.isEmpty() ? shipped : QDir::cleanPath(QDir(chosen).absolutePath());
     using simulatedhost::HostCall;
     const bool isDescription = component == HwcnfgComponent::ModuleDescription;
     const bool isMissing = callFails(isDescription ? HostCall::FindDescriptions : HostCall::FindComponents);
@@ -75,5 +75,5 @@ QString getHwcnfgComponentPath(HwcnfgComponent component)
 
 quint32 getAppVerNum()
 {
-    return kAppVersion;
+    return appVersion;
 }

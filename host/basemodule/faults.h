@@ -1,4 +1,4 @@
-// What simulatedhost::setFaults asked for, for the functions that are to fail.
+// Simulated failures, for the functions that simulatedhost::setFaults can make fail.
 #pragma once
 
 #include "simulatedbase.h"

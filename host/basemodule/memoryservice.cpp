@@ -13,12 +13,12 @@ namespace {
 using MemoryMap = std::map<VarArea, ByteMap>;
 
 struct Station {
-    const PlcDescription *plc = findPlc(kDefaultPlcType);
+    const PlcDescription *plc = findPlc(defaultPlcType);
     MemoryMap memory;
     std::vector<MemoryMap> snapshots;
 };
 
-/// getMemoryErrStrByErrCode receives a bare code, so the latest refusal is kept for its text.
+/// The latest refusal is stored with its text, because getMemoryErrStrByErrCode receives only a code.
 struct Refusal {
     MemoryResult code = Held;
     QString text;
@@ -64,13 +64,13 @@ QString generalText(qint32 code)
 {
     switch (code) {
     case Held:
-        return QStringLiteral("The addresses are held.");
+        return QStringLiteral("The addresses are claimed.");
     case NoOwner:
-        return QStringLiteral("No station is named.");
+        return QStringLiteral("The station has no name.");
     case UnknownArea:
         return QStringLiteral("The memory area is unknown.");
     case EmptyRange:
-        return QStringLiteral("The range holds no address.");
+        return QStringLiteral("The range is empty.");
     case OutOfRange:
         return QStringLiteral("The addresses lie outside the memory area.");
     case Overlap:
@@ -85,35 +85,35 @@ QString generalText(qint32 code)
 qint32 getMemory(const QString &owner, VarArea area, qint32 start, qint32 length)
 {
     if (callFails(HostCall::TakeMemory)) {
-        return refuse(Overlap, QStringLiteral("The addresses from %1 are refused on demand.").arg(start));
+        return refuse(Overlap,
+                      QStringLiteral("The addresses from %1 on are refused: the host simulates a failure.").arg(start));
     }
     if (length <= 0) {
-        return refuse(EmptyRange, QStringLiteral("A range of %1 bytes at address %2 of %3 holds no address.")
-                                      .arg(length)
-                                      .arg(start)
-                                      .arg(titleOf(area)));
+        return refuse(
+            EmptyRange,
+            QStringLiteral("The length %1 at address %2 of %3 is below 1.").arg(length).arg(start).arg(titleOf(area)));
     }
-    const QString wanted = QStringLiteral("Addresses %1 of %2").arg(addresses(start, length), titleOf(area));
+    const QString requested = QStringLiteral("Addresses %1 of %2").arg(addresses(start, length), titleOf(area));
     if (owner.isEmpty()) {
-        return refuse(NoOwner, wanted + QStringLiteral(" cannot be taken: no station is named."));
+        return refuse(NoOwner, requested + QStringLiteral(" cannot be claimed: the station has no name."));
     }
     const qint32 size = areaSize(owner, area);
     if (size == 0) {
-        return refuse(UnknownArea, wanted + QStringLiteral(" cannot be taken: no controller has this area."));
+        return refuse(UnknownArea, requested + QStringLiteral(" cannot be claimed: no controller has this area."));
     }
     if (start < 0 || length > size - start) {
         return refuse(OutOfRange,
-                      wanted + QStringLiteral(" lie outside it; it reaches from %1.").arg(addresses(0, size)));
+                      requested + QStringLiteral(" lie outside it; it has the addresses %1.").arg(addresses(0, size)));
     }
-    ByteMap &held = stationOf(owner).memory[area];
-    const auto other = held.overlapping(start, length);
-    if (other != held.ranges().end()) {
+    ByteMap &claimed = stationOf(owner).memory[area];
+    const auto other = claimed.overlapping(start, length);
+    if (other != claimed.ranges().end()) {
         return refuse(
             Overlap,
-            wanted +
+            requested +
                 QStringLiteral(" overlap %1, which are already in use.").arg(addresses(other->first, other->second)));
     }
-    held.add(start, length);
+    claimed.add(start, length);
     return Held;
 }
 
@@ -124,12 +124,12 @@ qint32 autoMallocMemory(const QString &owner, VarArea area, qint32 length)
     if (callFails(HostCall::ClaimMemory) || owner.isEmpty() || known == nullptr || length <= 0) {
         return noRoom;
     }
-    ByteMap &held = stationOf(owner).memory[area];
-    const auto start = held.firstFit(areaSize(owner, area), known->alignment, length);
+    ByteMap &claimed = stationOf(owner).memory[area];
+    const auto start = claimed.firstFit(areaSize(owner, area), known->alignment, length);
     if (!start) {
         return noRoom;
     }
-    held.add(*start, length);
+    claimed.add(*start, length);
     return *start;
 }
 
@@ -196,7 +196,7 @@ void resetBase()
 QVector<PlcType> plcTypes()
 {
     QVector<PlcType> types;
-    for (const PlcDescription &plc : kPlcTypes) {
+    for (const PlcDescription &plc : plcDescriptions) {
         types.append({plc.id, plc.version, QString::fromLatin1(plc.name)});
     }
     return types;
@@ -215,18 +215,18 @@ bool setPlcType(const QString &owner, quint32 id)
 qint32 areaSize(const QString &owner, VarArea area)
 {
     const AreaDescription *known = findArea(area);
-    return known == nullptr ? 0 : sizeOf(*stationOf(owner).plc, *known);
+    return known == nullptr ? 0 : stationOf(owner).plc->*known->bytes;
 }
 
 QVector<ClaimedRange> claimedRanges(const QString &owner)
 {
-    QVector<ClaimedRange> claimed;
-    for (const auto &[area, held] : stationOf(owner).memory) {
-        for (const auto &[start, length] : held.ranges()) {
-            claimed.append({area, start, length});
+    QVector<ClaimedRange> ranges;
+    for (const auto &[area, claimed] : stationOf(owner).memory) {
+        for (const auto &[start, length] : claimed.ranges()) {
+            ranges.append({area, start, length});
         }
     }
-    return claimed;
+    return ranges;
 }
 
 qint32 openSnapshots(const QString &owner)

@@ -4,6 +4,14 @@
 
 namespace {
 
+constexpr std::array<AreaDescription, 5> areaDescriptions{{
+    {VarArea::AnalogInput, "AIEx", "analog inputs", 2, &PlcDescription::analogBytes},
+    {VarArea::AnalogOutput, "AQEx", "analog outputs", 2, &PlcDescription::analogBytes},
+    {VarArea::DigitalInput, "IEx", "digital inputs", 1, &PlcDescription::digitalBytes},
+    {VarArea::DigitalOutput, "QEx", "digital outputs", 1, &PlcDescription::digitalBytes},
+    {VarArea::Variable, "V", "variables", 2, &PlcDescription::variableBytes},
+}};
+
 template <typename Table, typename Predicate>
 auto findIn(const Table &table, Predicate matches) -> decltype(&table[0])
 {
@@ -15,24 +23,19 @@ auto findIn(const Table &table, Predicate matches) -> decltype(&table[0])
 
 const AreaDescription *findArea(VarArea area)
 {
-    return findIn(kAreas, [area](const AreaDescription &candidate) { return candidate.area == area; });
+    return findIn(areaDescriptions, [area](const AreaDescription &candidate) { return candidate.area == area; });
 }
 
 const PlcDescription *findPlc(quint32 id)
 {
-    return findIn(kPlcTypes, [id](const PlcDescription &candidate) { return candidate.id == id; });
-}
-
-qint32 sizeOf(const PlcDescription &plc, const AreaDescription &area)
-{
-    return plc.sizes.at(static_cast<std::size_t>(&area - kAreas.data()));
+    return findIn(plcDescriptions, [id](const PlcDescription &candidate) { return candidate.id == id; });
 }
 
 quint32 getPlcAddrRange(quint32 plcType, quint32 /*plcVersion*/, const QString &rangeName)
 {
     const PlcDescription *plc = findPlc(plcType);
-    const AreaDescription *area = findIn(kAreas, [&rangeName](const AreaDescription &candidate) {
+    const AreaDescription *area = findIn(areaDescriptions, [&rangeName](const AreaDescription &candidate) {
         return rangeName == QLatin1String(candidate.rangeName);
     });
-    return plc == nullptr || area == nullptr ? 0 : static_cast<quint32>(sizeOf(*plc, *area));
+    return plc == nullptr || area == nullptr ? 0 : static_cast<quint32>(plc->*area->bytes);
 }

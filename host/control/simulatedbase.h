@@ -1,5 +1,5 @@
-// Control interface of the simulated host library basemodule, for tests and the workbench. A real host library
-// has nothing of the kind, so the plug-in must not use it. User-interface thread only.
+// Control interface of the simulated host library basemodule, for tests and the workbench. A real host library does
+// not have it, so the plug-in must not use it. Call all functions on the user-interface thread.
 #pragma once
 
 #include "baseservices.h"
@@ -10,14 +10,14 @@
 
 namespace simulatedhost {
 
-/// What getMemory answers.
+/// Return values of getMemory.
 enum MemoryResult : qint32 {
-    Held = 1,
+    Held = 1,        ///< the range is claimed
     NoOwner = 2,     ///< the owner is empty
     UnknownArea = 3, ///< the area is not one of the five
-    EmptyRange = 4,  ///< the length is 0 or negative
-    OutOfRange = 5,  ///< the range reaches outside the area
-    Overlap = 6      ///< a byte of the range is held already
+    EmptyRange = 4,  ///< the length is below 1
+    OutOfRange = 5,  ///< the range is not completely inside the area
+    Overlap = 6      ///< a byte of the range is already claimed
 };
 
 struct PlcType {
@@ -26,35 +26,35 @@ struct PlcType {
     QString name;
 };
 
-/// A held range; start and length in bytes.
+/// A claimed range; start and length in bytes.
 struct ClaimedRange {
     VarArea area;
     qint32 start;
     qint32 length;
 };
 
-/// Calls that can be made to fail: getMemory, autoMallocMemory, getHwcnfgComponentPath for either folder and
-/// getPrjPlcTypeVersion.
+/// Calls that setFaults can make fail, in this order: getMemory, autoMallocMemory, getHwcnfgComponentPath for each
+/// folder, getPrjPlcTypeVersion.
 enum class HostCall { TakeMemory, ClaimMemory, FindDescriptions, FindComponents, FindController };
 
-/// @p fails is asked at each such call. Where it says so the addresses are in use, the area has no room, the folder or
-/// the controller is one that does not exist. An empty function ends that, as resetBase does.
+/// Calls @p fails at each such call. If it returns true, the call behaves as if the addresses were in use, the area
+/// had no room, or the folder or the controller did not exist. An empty function, or resetBase(), ends this.
 BASEMODULE_EXPORT void setFaults(const std::function<bool(HostCall call)> &fails);
 
-/// Forgets every owner: held ranges, snapshots, PLC types and the details of the latest refusal.
+/// Discards the state of every owner (claimed ranges, snapshots, controllers) and the text of the latest refusal.
 BASEMODULE_EXPORT void resetBase();
 
-/// The controllers that a station can have, the smallest first.
+/// Returns the controllers that a station can have, the smallest first.
 BASEMODULE_EXPORT QVector<PlcType> plcTypes();
-/// Gives the owner's station another controller. False, and nothing changes, for an id outside plcTypes(). Held
-/// ranges stay as they are even where the new areas are smaller.
+/// Sets the controller of the owner's station. Returns false and changes nothing if plcTypes() does not have @p id.
+/// Claimed ranges stay claimed, even outside smaller new areas.
 BASEMODULE_EXPORT bool setPlcType(const QString &owner, quint32 id);
 
-/// Bytes of the area in the owner's station; 0 for an unknown area.
+/// Returns the size of the area in the owner's station in bytes; 0 for an unknown area.
 BASEMODULE_EXPORT qint32 areaSize(const QString &owner, VarArea area);
-/// What the owner holds, by area, then by start.
+/// Returns the ranges that the owner has claimed, ordered by area and then by start.
 BASEMODULE_EXPORT QVector<ClaimedRange> claimedRanges(const QString &owner);
-/// Snapshots of the owner that are neither dropped nor restored.
+/// Returns the number of the owner's snapshots that are neither dropped nor restored.
 BASEMODULE_EXPORT qint32 openSnapshots(const QString &owner);
 
 } // namespace simulatedhost

@@ -1,5 +1,5 @@
-// Control interface of the simulated host library helpsharemodule, for tests and the workbench. A real host
-// library has nothing of the kind, so the plug-in must not use it. User-interface thread only.
+// Control interface of the simulated host library helpsharemodule, for tests and the workbench. A real host library
+// does not have it, so the plug-in must not use it. Call all functions on the user-interface thread.
 #pragma once
 
 #include "helpsharemodule.h"
@@ -8,16 +8,16 @@
 
 namespace simulatedhost {
 
-/// English picks the English text of helpKeyWord, Local the other one.
+/// The text that helpKeyWord returns: the English one or the local one.
 enum class Language { English, Local };
 using HelpListener = std::function<void(const QString &keyword)>;
 
-/// Back to English, without a listener and without a last keyword.
+/// Sets the language to English and discards the listener and the last keyword.
 HELPSHAREMODULE_EXPORT void resetHelp();
 HELPSHAREMODULE_EXPORT void setLanguage(Language language);
-/// @p listener is called with every keyword that startHelpSys receives; an empty one ends that.
+/// Calls @p listener with every keyword that startHelpSys receives. An empty function ends this.
 HELPSHAREMODULE_EXPORT void setHelpListener(const HelpListener &listener);
-/// The keyword of the latest startHelpSys; a null string when there was none.
+/// Returns the keyword of the latest startHelpSys; a null string if there was none.
 HELPSHAREMODULE_EXPORT QString lastHelpKeyword();
 
 } // namespace simulatedhost

@@ -6,7 +6,7 @@
 
 namespace simulatedhost {
 
-/// Puts both libraries back into the state in which they were loaded.
+/// Restores the state that both libraries have after loading.
 inline void reset()
 {
     resetBase();

@@ -24,7 +24,7 @@ QString helpKeyWord(const QString &english, const QString &local)
 void startHelpSys(const QString &keyword)
 {
     state().lastKeyword = keyword;
-    // A copy, so that the listener may set another one while it runs.
+    // A copy, because the listener may set another one while it runs.
     const simulatedhost::HelpListener listener = state().listener;
     if (listener) {
         listener(keyword);

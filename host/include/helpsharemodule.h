@@ -10,7 +10,7 @@
 #define HELPSHAREMODULE_EXPORT Q_DECL_IMPORT
 #endif
 
-/// The one of the two texts that fits the host's language.
+/// Returns the text for the host's language.
 HELPSHAREMODULE_EXPORT QString helpKeyWord(const QString &english, const QString &local);
-/// Opens the help at @p keyword.
+/// Opens the online help at @p keyword.
 HELPSHAREMODULE_EXPORT void startHelpSys(const QString &keyword);
