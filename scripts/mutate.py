@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Measures how much of a wrong plug-in the tests notice.
+"""Measures how many changes of the plug-in the tests detect.
 
-Changes one operator, constant or condition at a time, builds, and runs the tests until one fails. A change that does
-not compile, or that leaves the library byte for byte the same, says nothing about the tests and is replaced by the
-next one. The same seed and the same sources give the same changes.
+Changes one operator, constant or condition at a time (a mutant), builds, and runs the tests until one fails. A mutant
+that does not compile, or that gives the same library byte for byte, does not count; the next one replaces it. The same
+seed and the same sources give the same mutants.
 """
 import argparse
 import dataclasses
@@ -21,9 +21,9 @@ import threading
 
 MUTATED_FOLDERS = ("core", "persist", "pages")
 GOAL = 0.9
-MEMORY_LIMIT = 4 << 30  # bytes; a changed loop must not take the whole machine along
-TEST_TIMEOUT = 60  # seconds; the slowest test takes a tenth of it
-# The window on a real screen is a program of the suite once more; the installed package needs a build of its own.
+MEMORY_LIMIT = 4 << 30  # bytes; a mutant may allocate in an endless loop
+TEST_TIMEOUT = 60  # seconds; ten times the slowest test
+# The first repeats another test on a real screen. The second builds a separate program from the installed package.
 LEFT_OUT = ("tst_mainwindow_xvfb", "package")
 
 SWAPS = {
@@ -31,7 +31,7 @@ SWAPS = {
     "+": "-", "-": "+", "*": "/", "/": "*", "%": "*", "&": "|", "|": "&", "<<": ">>", ">>": "<<",
     "+=": "-=", "-=": "+=", "|=": "&=", "&=": "|=", "++": "--", "--": "++", "!": "", "true": "false", "false": "true",
 }
-# The formatter puts spaces around every operator with two operands, and around no template or reference sign.
+# The formatter puts spaces around every binary operator, but not around template brackets and reference signs.
 TOKEN = re.compile(
     r"""(?P<skipped>//[^\n]*|/\*.*?\*/|^[ ]*\#(?:[^\n\\]|\\.)*|"(?:\\.|[^"\\\n])*"|'(?:\\.|[^'\\\n])+')
       | (?P<condition>\b(?:if|while)\ \()
@@ -47,7 +47,7 @@ class Mutant:
     file: str
     line: int
     column: int
-    start: int  # of what is replaced, in characters of the file
+    start: int  # offset of the replaced text in characters
     before: str
     after: str
 
@@ -89,7 +89,7 @@ def mutants_of(file, text):
 
 
 class Worker:
-    """A copy of the sources with a build of its own."""
+    """A copy of the sources with a separate build."""
 
     def __init__(self, root, folder, files):
         self.source = folder / "source"
@@ -104,7 +104,7 @@ class Worker:
         return [str(path.relative_to(self.source)) for path in self.source.rglob("*") if path.is_file()]
 
     def restore(self, root, file):
-        """Leaves what is the same alone, so that nothing is built again for it."""
+        """Does not write an unchanged file, so the build does not compile it again."""
         target = self.source / file
         content = (root / file).read_bytes()
         if not target.exists() or target.read_bytes() != content:
@@ -116,15 +116,14 @@ class Worker:
             resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
             resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
-        # The two copies share what they compile alike.
+        # The copies share the objects that are equal.
         environment = dict(os.environ, CCACHE_BASEDIR=str(self.source.parent), CCACHE_NOHASHDIR="1")
         return subprocess.run(command, cwd=self.source.parent, env=environment, preexec_fn=limit,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")
 
     def prepare(self):
         launcher = "ccache" if shutil.which("ccache") else ""
-        # Optimised a little, so that changes without an effect give the same library; warnings are no matter here, and
-        # benchmarks notice nothing.
+        # With -O1 a mutant without an effect gives the same library. Benchmarks are left out: they detect nothing.
         for command in (["cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
                          "-DCMAKE_CXX_FLAGS=-O1 -w", "-DCMAKE_DISABLE_FIND_PACKAGE_benchmark=ON",
                          f"-DCMAKE_CXX_COMPILER_LAUNCHER={launcher}"],
@@ -149,7 +148,7 @@ class Worker:
                         str(TEST_TIMEOUT)).returncode == 0
 
     def outcome(self, mutant, tests):
-        """The name of the test that notices it; "" for none; None when it is no mutant to count."""
+        """Returns the name of the test that detects the mutant, "" for none, or None if the mutant does not count."""
         path = self.source / mutant.file
         original = path.read_bytes()
         text = original.decode()
@@ -169,7 +168,7 @@ class Worker:
 
 
 class Campaign:
-    """Hands the mutants out in their order until enough of them count."""
+    """Yields the mutants in order until enough of them count."""
 
     def __init__(self, mutants, wanted, tests):
         self.waiting = iter(mutants)
@@ -177,7 +176,7 @@ class Campaign:
         self.tests = tests
         self.open = 0
         self.outcomes = {}
-        self.noticed_by = {}  # (folder, test): how many
+        self.detected_by = {}  # (folder, test): number of mutants
         self.lock = threading.Lock()
 
     def take(self):
@@ -190,7 +189,7 @@ class Campaign:
 
     def tests_for(self, mutant):
         folder = pathlib.Path(mutant.file).parts[0]
-        return sorted(self.tests, key=lambda test: -self.noticed_by.get((folder, test), 0))
+        return sorted(self.tests, key=lambda test: -self.detected_by.get((folder, test), 0))
 
     def record(self, mutant, outcome):
         with self.lock:
@@ -199,11 +198,11 @@ class Campaign:
                 return
             self.outcomes[mutant] = outcome
             key = (pathlib.Path(mutant.file).parts[0], outcome)
-            self.noticed_by[key] = self.noticed_by.get(key, 0) + 1
+            self.detected_by[key] = self.detected_by.get(key, 0) + 1
             print(f"[{len(self.outcomes)}/{self.wanted}] {mutant}: {outcome or 'SURVIVES'}", file=sys.stderr, flush=True)
 
     def run(self, worker):
-        # A worker without work looks again as long as another's mutant may turn out not to count.
+        # An idle worker polls as long as the mutant of another worker may turn out not to count.
         while True:
             mutant = self.take()
             if mutant is not None:
@@ -215,33 +214,33 @@ class Campaign:
 
 
 def report(outcomes, path):
-    rows = [dict(dataclasses.asdict(mutant), noticed_by=outcome) for mutant, outcome in sorted(
+    rows = [dict(dataclasses.asdict(mutant), detected_by=outcome) for mutant, outcome in sorted(
         outcomes.items(), key=lambda item: dataclasses.astuple(item[0]))]
     path.write_text(json.dumps(rows, indent=1) + "\n")
     for row in rows:
-        if not row["noticed_by"]:
-            print("survives:", Mutant(**{key: row[key] for key in row if key != "noticed_by"}))
-    print(f"{'folder':10}{'mutants':>9}{'noticed':>9}{'share':>8}")
+        if not row["detected_by"]:
+            print("survives:", Mutant(**{key: row[key] for key in row if key != "detected_by"}))
+    print(f"{'folder':10}{'mutants':>9}{'detected':>9}{'share':>8}")
     for folder in MUTATED_FOLDERS + ("",):
         chosen = [row for row in rows if row["file"].startswith(folder)]
-        noticed = sum(bool(row["noticed_by"]) for row in chosen)
+        detected = sum(bool(row["detected_by"]) for row in chosen)
         if chosen:
-            print(f"{folder or 'all':10}{len(chosen):9}{noticed:9}{noticed / len(chosen):8.1%}")
-    return sum(bool(row["noticed_by"]) for row in rows) >= GOAL * len(rows)
+            print(f"{folder or 'all':10}{len(chosen):9}{detected:9}{detected / len(chosen):8.1%}")
+    return sum(bool(row["detected_by"]) for row in rows) >= GOAL * len(rows)
 
 
 def survivors_of(path, mutants):
-    again = {(row["file"], row["start"], row["after"]) for row in json.loads(path.read_text()) if not row["noticed_by"]}
+    again = {(row["file"], row["start"], row["after"]) for row in json.loads(path.read_text()) if not row["detected_by"]}
     return [mutant for mutant in mutants if (mutant.file, mutant.start, mutant.after) in again]
 
 
 def main():
     options = argparse.ArgumentParser(prog="./dev mutate", description=__doc__,
                                       formatter_class=argparse.RawDescriptionHelpFormatter)
-    options.add_argument("count", nargs="?", type=int, default=200, help="how many mutants count (200)")
-    options.add_argument("--seed", type=int, default=1, help="chooses the mutants (1)")
-    options.add_argument("--again", action="store_true", help="only the survivors of the run before")
-    options.add_argument("--jobs", type=int, default=os.cpu_count(), help="how many mutants at a time")
+    options.add_argument("count", nargs="?", type=int, default=200, help="number of mutants (200)")
+    options.add_argument("--seed", type=int, default=1, help="seed for selecting the mutants (1)")
+    options.add_argument("--again", action="store_true", help="try only the survivors of the previous run")
+    options.add_argument("--jobs", type=int, default=os.cpu_count(), help="number of mutants at a time")
     chosen = options.parse_args()
 
     root = pathlib.Path(__file__).resolve().parents[1]

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that what the documentation names exists: test programs and their functions, code, and linked files.
+"""Checks that the names in the documentation exist: test programs and their functions, code, and linked files.
 
 usage: check_documents.py SOURCE_FOLDER
 """
@@ -25,7 +25,7 @@ def check_document(root, document):
 
 
 def check_oddities(root, document):
-    """Each row has three cells: what, where in the code, and which test functions verify it."""
+    """Each row has three cells: the oddity, its place in the code, and the test functions that verify it."""
     code = "".join(path.read_text() for folder in PLUGIN_FOLDERS for path in (root / folder).rglob("*.[ch]*"))
     rows = [line for line in document.read_text().splitlines() if line.startswith("| ") and "`tst_" in line]
     if not rows:

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that a built plug-in exports its twenty functions, undecorated, and nothing else.
+"""Checks that a built plug-in exports its twenty functions with undecorated names, and nothing else.
 
 usage: check_exports.py NM LIBRARY
 """
@@ -19,7 +19,7 @@ def main(nm, library):
     for name in sorted(EXPORTS - found):
         print(f"{library}: does not export {name}")
     for name in sorted(found - EXPORTS):
-        print(f"{library}: exports {name}, which is no function of the plug-in's boundary")
+        print(f"{library}: exports {name}, which is not one of the twenty functions")
     return found != EXPORTS
 
 

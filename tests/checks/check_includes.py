@@ -19,7 +19,7 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 
 
 def reason_against(path, quoted, name, folder_of, widget_headers):
-    """Why the file may not include the header; None if it may."""
+    """Returns the reason why the file may not include the header; None if it may."""
     if quoted and "/" in name:
         return "headers are included by file name; CMake's targets name their folders"
     folder = path.parent.as_posix()

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that a translation has every text of the sources, each of them finished and with its placeholders.
+"""Checks that a translation has every text of the sources, finished and with the same placeholders.
 
 usage: check_translations.py LUPDATE TRANSLATION SOURCE_FOLDER...
 """
@@ -13,13 +13,13 @@ from pathlib import Path
 
 
 def read(path):
-    """(context, source text) -> the message's translation element"""
+    """Returns {(context, source text): translation element}."""
     return {(context.findtext("name"), message.findtext("source")): message.find("translation")
             for context in ElementTree.parse(path).iter("context") for message in context.iter("message")}
 
 
 def placeholders(text):
-    """What stands for something else: arguments, and the mark of a mnemonic."""
+    """Returns the arguments and the mnemonic marks of a text."""
     return sorted(re.findall(r"%\d|&(?=\w)", text))
 
 
@@ -29,16 +29,16 @@ def main(lupdate, translation, *folders):
         subprocess.run([lupdate, "-silent", "-no-obsolete", *folders, "-ts", updated], check=True)
         wanted = read(updated)
     given = read(translation)
-    complaints = [f"lacks {text}" for text in wanted.keys() - given.keys()]
-    complaints += [f"has {text}, which no source has" for text in given.keys() - wanted.keys()]
+    errors = [f"has no {text}" for text in wanted.keys() - given.keys()]
+    errors += [f"has {text}, which is not in the sources" for text in given.keys() - wanted.keys()]
     for text, element in given.items():
         if element.get("type") or not element.text:
-            complaints.append(f"has not finished {text}")
+            errors.append(f"has an unfinished translation of {text}")
         elif placeholders(text[1]) != placeholders(element.text):
-            complaints.append(f"has other placeholders in {text}")
-    for complaint in sorted(complaints):
-        print(f"{translation} {complaint}")
-    return not given or bool(complaints)
+            errors.append(f"has other placeholders in {text}")
+    for error in sorted(errors):
+        print(f"{translation} {error}")
+    return not given or bool(errors)
 
 
 if __name__ == "__main__":

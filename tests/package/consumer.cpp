@@ -1,4 +1,4 @@
-// Creates a module of the catalog through the installed plug-in and prints its ranges.
+// Creates a module of the installed catalog with the installed plug-in and prints its ranges.
 #include <simpleextendexportfunc.h>
 
 #include <QCoreApplication>
