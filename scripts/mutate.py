@@ -199,7 +199,8 @@ class Campaign:
             self.outcomes[mutant] = outcome
             key = (pathlib.Path(mutant.file).parts[0], outcome)
             self.detected_by[key] = self.detected_by.get(key, 0) + 1
-            print(f"[{len(self.outcomes)}/{self.wanted}] {mutant}: {outcome or 'SURVIVES'}", file=sys.stderr, flush=True)
+            print(f"[{len(self.outcomes)}/{self.wanted}] {mutant}: {outcome or 'SURVIVES'}", file=sys.stderr,
+                  flush=True)
 
     def run(self, worker):
         # An idle worker polls as long as the mutant of another worker may turn out not to count.
@@ -230,7 +231,8 @@ def report(outcomes, path):
 
 
 def survivors_of(path, mutants):
-    again = {(row["file"], row["start"], row["after"]) for row in json.loads(path.read_text()) if not row["detected_by"]}
+    rows = json.loads(path.read_text())
+    again = {(row["file"], row["start"], row["after"]) for row in rows if not row["detected_by"]}
     return [mutant for mutant in mutants if (mutant.file, mutant.start, mutant.after) in again]
 
 
