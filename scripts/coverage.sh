@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs the tests of build/coverage and compares the coverage of each folder with its goals. Exit status 1: a folder misses
-# a goal. ./dev builds the tests and calls this script.
+# Runs the tests of build/coverage and compares the coverage of each folder with its goals. Exit status 1: a goal is
+# missed. ./dev builds the tests and calls this script.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 folder=build/coverage

@@ -24,9 +24,9 @@ select_targets() {
     done
 }
 
-# run_target TARGET SECONDS. The corpus of the target grows in the build folder, next to its log. The options save a fifth
-# of the time: without them the sanitizer records a stack for every allocation and its quarantine exceeds the caches. A
-# replay under the preset asan shows the stacks of an input that breaks the target.
+# run_target TARGET SECONDS. The corpus of the target grows in the build folder, next to its log. The options save a
+# fifth of the time: without them the sanitizer records a stack for every allocation, and its quarantine exceeds the
+# caches. A replay under the preset asan shows the stacks of an input that breaks the target.
 run_target() {
     local findings=fuzz/findings/$1 arguments fuzzer
     mapfile -t arguments <"$folder/$1.arguments"
