@@ -11,14 +11,16 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
                     -Wnon-virtual-dtor -Woverloaded-virtual)
 if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
-    # The exported functions have C names and pass Qt value types, as agreed with the host.
-    add_compile_options(-Wno-return-type-c-linkage)
+    # The exported functions have C names and pass Qt value types, as agreed with the host. The second option is for
+    # QSKIP.
+    add_compile_options(-Wno-return-type-c-linkage -Wno-gnu-zero-variadic-macro-arguments)
 endif()
 add_compile_definitions(QT_DEPRECATED_WARNINGS QT_NO_FOREACH QT_NO_CAST_FROM_BYTEARRAY QT_USE_QSTRINGBUILDER)
 
 # With RUNPATH the loader searches LD_LIBRARY_PATH first, so another host library can replace the linked one.
 add_link_options(-Wl,--enable-new-dtags)
-if(NOT SIMPLEEXTEND_FUZZ) # with clang a library gets the sanitizers' functions from the program that loads it
+# With clang a library gets the sanitizers' functions from the program that loads it.
+if(NOT (CMAKE_CXX_COMPILER_ID MATCHES Clang AND (SIMPLEEXTEND_FUZZ OR SIMPLEEXTEND_SANITIZE)))
     add_link_options(-Wl,--no-undefined)
 endif()
 

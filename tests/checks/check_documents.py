@@ -15,7 +15,7 @@ PLUGIN_FOLDERS = ("core", "persist", "pages", "dialog")
 
 
 def check_document(root, document):
-    text = document.read_text(encoding="utf-8")
+    text = document.read_text("utf-8")
     for name in PROGRAM.findall(text):
         if not any((root / folder / f"{name}.cpp").exists() for folder in ("tests", "fuzz")):
             yield f"no program {name}"
@@ -26,8 +26,8 @@ def check_document(root, document):
 
 def check_oddities(root, document):
     """Each row has three cells: the oddity, its place in the code, and the test functions that verify it."""
-    code = "".join(path.read_text(encoding="utf-8") for folder in PLUGIN_FOLDERS for path in (root / folder).rglob("*.[ch]*"))
-    rows = [line for line in document.read_text(encoding="utf-8").splitlines() if line.startswith("| ") and "`tst_" in line]
+    code = "".join(path.read_text("utf-8") for folder in PLUGIN_FOLDERS for path in (root / folder).rglob("*.[ch]*"))
+    rows = [line for line in document.read_text("utf-8").splitlines() if line.startswith("| ") and "`tst_" in line]
     if not rows:
         yield "no rows"
     for row in rows:
@@ -36,7 +36,7 @@ def check_oddities(root, document):
             if not re.search(rf"\b{name}\b", code):
                 yield f"no {name} in the code"
         for program, function in TESTS.findall(tests):
-            if not re.search(rf"\bvoid {function}\(", (root / "tests" / f"{program}.cpp").read_text(encoding="utf-8")):
+            if not re.search(rf"\bvoid {function}\(", (root / "tests" / f"{program}.cpp").read_text("utf-8")):
                 yield f"{program} has no function {function}"
 
 
