@@ -152,7 +152,7 @@ class Worker:
         path = self.source / mutant.file
         original = path.read_bytes()
         text = original.decode()
-        path.write_text(text[:mutant.start] + mutant.after + text[mutant.start + len(mutant.before):])
+        path.write_text(text[:mutant.start] + mutant.after + text[mutant.start + len(mutant.before):], "utf-8")
         try:
             if not self.builds("simpleextend") or self.library_hash() == self.library:
                 return None
@@ -251,7 +251,7 @@ def main():
                            text=True).stdout.split("\0")[:-1]
     files = [file for file in files if (root / file).is_file()]
     mutants = [mutant for file in files if file.startswith(tuple(f"{name}/" for name in MUTATED_FOLDERS))
-               and file.endswith((".cpp", ".h")) for mutant in mutants_of(file, (root / file).read_text())]
+               and file.endswith((".cpp", ".h")) for mutant in mutants_of(file, (root / file).read_text("utf-8"))]
     random.Random(chosen.seed).shuffle(mutants)
     report_path = folder / "report.json"
     if chosen.again:
