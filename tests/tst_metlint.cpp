@@ -1,4 +1,4 @@
-// The description linter: where it finds what, and that the reader really does what the finding says.
+// The description linter: its diagnostics with their places, and that the reader's result is as they describe.
 #include "catalogfolder.h"
 #include "defaultbuilder.h"
 #include "linter.h"
@@ -20,7 +20,7 @@ QByteArray entry(const QByteArray &moreLines = {})
     return head + moreLines + "[END]\n";
 }
 
-LintContext context(const QString &name = metFile)
+LintContext contextOf(const QString &name)
 {
     LintContext context;
     context.fileName = name;
@@ -29,20 +29,7 @@ LintContext context(const QString &name = metFile)
     return context;
 }
 
-/// Such as "no-equals@5:1 prefix-key@6:8".
-QString places(const QVector<Diagnostic> &findings)
-{
-    QStringList texts;
-    for (const Diagnostic &diagnostic : findings) {
-        texts << QStringLiteral("%1@%2:%3")
-                     .arg(lintRule(diagnostic.rule).id)
-                     .arg(diagnostic.place.line)
-                     .arg(diagnostic.place.column);
-    }
-    return texts.join(' ');
-}
-
-/// What look-up, builder and reader make of the file of typeCode.
+/// Returns the results of lookup, builder and reader for the file of typeCode.
 QString outcome()
 {
     ModuleMetInfo info;
@@ -64,25 +51,24 @@ QString sorted(const QString &words)
     return list.join(' ');
 }
 
-/// The messages that the tests have produced.
-QStringList &noted()
-{
-    static QStringList messages;
-    return messages;
-}
-
-QVector<Diagnostic> note(const QVector<Diagnostic> &findings, const QString &name = metFile)
-{
-    for (const Diagnostic &diagnostic : findings) {
-        noted() << formatDiagnostic(name, diagnostic);
-    }
-    return findings;
-}
-
 } // namespace
 
 class TestMetLint : public QObject {
     Q_OBJECT
+
+    QStringList m_messages; ///< of all tests
+
+    /// Returns rules and places, such as "no-equals@5:1 prefix-key@6:8".
+    QString placesIn(const QByteArray &content, const LintContext &context = contextOf(metFile))
+    {
+        QStringList texts;
+        for (const Diagnostic &diagnostic : lint(content, context)) {
+            const auto &[place, rule, text] = diagnostic;
+            texts << QStringLiteral("%1@%2:%3").arg(lintRule(rule).id).arg(place.line).arg(place.column);
+            m_messages << formatDiagnostic(context.fileName, diagnostic);
+        }
+        return texts.join(' ');
+    }
 
 private slots:
     void init()
@@ -91,12 +77,15 @@ private slots:
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     }
 
-    // The rule that a row is about stands first, where the file breaks several.
-    void finding_data()
+    // If a file breaks several rules, the first one is that of the row.
+    void diagnostic_data()
     {
-        const Rows<QByteArray, QByteArray, QString> row("written", "meant", "reads");
-        const auto line = [&row](const char *found, const char *written, const char *meant, const char *reads) {
-            row(found, entry(written + QByteArray(1, '\n')), entry(meant + QByteArray(1, '\n')), reads);
+        const Rows<QString, QByteArray, QByteArray, QString> add("found", "written", "intended", "result");
+        const auto row = [&add](const char *found, const QByteArray &written, const QByteArray &intended,
+                                const char *result) { add(found, found, written, intended, result); };
+        const auto line = [&row](const char *found, const QByteArray &written, const QByteArray &intended,
+                                 const char *result) {
+            row(found, entry(written + '\n'), entry(intended + '\n'), result);
         };
         const QByteArray other = "[MODULE START]\nObjID=3454\nServerFile=module.cmp\nModuleInfo=10000\n";
 
@@ -158,40 +147,40 @@ private slots:
         row("no-module-info@4:12", entry().replace("40000", "00000"), entry(), "no module;");
         row("no-channels@4:12", entry().replace("40000", "00004"), entry(), "inputs=0;");
     }
-    void finding()
+    void diagnostic()
     {
-        const QString found = QTest::currentDataTag();
+        QFETCH(QString, found);
         QFETCH(QByteArray, written);
-        QFETCH(QByteArray, meant);
-        QFETCH(QString, reads);
-        const auto readOutcome = [](const QByteArray &content) {
+        QFETCH(QByteArray, intended);
+        QFETCH(QString, result);
+        const auto resultsOf = [this](const QByteArray &content) {
             CatalogFolder catalog;
             catalog.writeDescription(typeCode, content);
-            return std::pair(places(note(lint(content, context()))), outcome());
+            return std::pair(placesIn(content), outcome());
         };
-        const auto [foundInWritten, writtenOutcome] = readOutcome(written);
+        const auto [foundInWritten, resultOfWritten] = resultsOf(written);
         QCOMPARE(sorted(foundInWritten), sorted(found));
-        QVERIFY2(writtenOutcome.contains(reads), qPrintable(writtenOutcome));
-        const auto [foundInMeant, meantOutcome] = readOutcome(meant);
-        QVERIFY2(!foundInMeant.contains(found.section('@', 0, 0)), qPrintable(foundInMeant));
-        QVERIFY2(!meantOutcome.contains(reads), qPrintable(meantOutcome));
+        QVERIFY2(resultOfWritten.contains(result), qPrintable(resultOfWritten));
+        const auto [foundInIntended, resultOfIntended] = resultsOf(intended);
+        QVERIFY2(!foundInIntended.contains(found.section('@', 0, 0)), qPrintable(foundInIntended));
+        QVERIFY2(!resultOfIntended.contains(result), qPrintable(resultOfIntended));
     }
 
     void fileName_data()
     {
-        const Rows<quint32> row("code"); // that the file of this name describes
-        row("hw00003a00.met", 0x3A00);   // lower-case digits
-        row("hw3A00.met", 0x3A00);       // without leading zeros
-        row("hw00000004.met", 4);        // looked up as 3
+        const Rows<QString, quint32> row("name", "code");
+        row("lower-case digits", "hw00003a00.met", 0x3A00);
+        row("no leading zeros", "hw3A00.met", 0x3A00);
+        row("a type code that is looked up as 3", "hw00000004.met", 4);
     }
     void fileName()
     {
-        const QString name = QTest::currentDataTag();
+        QFETCH(QString, name);
         QFETCH(quint32, code);
         CatalogFolder catalog;
         const QByteArray content = entry().replace("3453", QByteArray::number(code, 16));
         catalog.writeFile("6/" + name, content);
-        QCOMPARE(places(note(lint(content, context(name)), name)), QStringLiteral("file-name@1:1"));
+        QCOMPARE(placesIn(content, contextOf(name)), QStringLiteral("file-name@1:1"));
         ModuleMetInfo info;
         QCOMPARE(lookUpMetInfo(code, info), -1);
     }
@@ -203,10 +192,10 @@ private slots:
         const QByteArray content = entry("ObjName=\xC3\xA4\nMLFB=\xC3\xA4\n");
         catalog.writeDescription(typeCode, content);
         QCOMPARE(readMetEntries(typeCode).value(0).objName, QString::fromUtf8("\xC3\x83\xC2\xA4"));
-        QCOMPARE(places(note(lint(content, context()))), QStringLiteral("local-encoding@5:9"));
+        QCOMPARE(placesIn(content), QStringLiteral("local-encoding@5:9"));
         catalog.writeDescription(typeCode, "\xEF\xBB\xBF" + content);
         QCOMPARE(readMetEntries(typeCode).value(0).objName, QString::fromUtf8("\xC3\xA4"));
-        QCOMPARE(places(lint("\xEF\xBB\xBF" + content, context())), QString());
+        QCOMPARE(placesIn("\xEF\xBB\xBF" + content), QString());
     }
 
     void channelCount()
@@ -214,27 +203,27 @@ private slots:
         CatalogFolder catalog;
         catalog.writeDescription(typeCode, entry());
         recordingHost().channels['i'] = 255;
-        QCOMPARE(places(lint(entry(), context())), QString());
+        QCOMPARE(placesIn(entry()), QString());
         recordingHost().channels['i'] = 300;
-        QCOMPARE(places(note(lint(entry(), context()))), QStringLiteral("channel-count@4:12"));
+        QCOMPARE(placesIn(entry()), QStringLiteral("channel-count@4:12"));
         QCOMPARE(int(buildDefault(typeCode, QString())->aiCount), 300 - 256);
         recordingHost().channels['i'] = -1;
-        QCOMPARE(places(lint(entry(), context())), QStringLiteral("channel-count@4:12"));
+        QCOMPARE(placesIn(entry()), QStringLiteral("channel-count@4:12"));
         QVERIFY(!buildDefault(typeCode, QString()));
     }
 
     void newerHostFindsWhatWasHidden()
     {
         const CatalogFolder catalog;
-        LintContext newer = context();
+        LintContext newer = contextOf(metFile);
         newer.hostVersion = 2301;
         const QByteArray content = entry("NeedHwCnfgVersion=2301\n") + entry();
-        QCOMPARE(places(lint(content, newer)), QStringLiteral("duplicate-entry@8:7"));
+        QCOMPARE(placesIn(content, newer), QStringLiteral("duplicate-entry@8:7"));
     }
 
     void program_data()
     {
-        // output: "@DIR@" stands for the catalog's folder
+        // "@DIR@" stands for the folder of the catalog.
         const Rows<QStringList, int, QString> row("arguments", "exitCode", "output");
         const char *message =
             "@DIR@/6/hw00003453.met:5:9: warning: the quotation marks are part of ObjName [quoted-value]\n";
@@ -242,19 +231,19 @@ private slots:
             "[\n    {\n        \"column\": 9,\n        \"file\": \"@DIR@/6/hw00003453.met\",\n"
             "        \"line\": 5,\n        \"rule\": \"quoted-value\",\n        \"severity\": \"warning\",\n"
             "        \"text\": \"the quotation marks are part of ObjName\"\n    }\n]\n";
-        row("file", {"@DIR@/6/hw00003453.met"}, 1, message);
-        row("folder of description files, as JSON", {"--json", "@DIR@/6"}, 1, json);
-        row("catalog", {"@DIR@"}, 1, message);
-        row("clean catalog", {SHIPPED_CATALOG}, 0, "");
-        row("other component folder", {"--components", "@DIR@", SHIPPED_CATALOG "/6/hw00003453.met"}, 1,
+        row("a file", {"@DIR@/6/hw00003453.met"}, 1, message);
+        row("a folder of description files, as JSON", {"--json", "@DIR@/6"}, 1, json);
+        row("a catalog", {"@DIR@"}, 1, message);
+        row("the shipped catalog", {SHIPPED_CATALOG}, 0, "");
+        row("another component folder", {"--components", "@DIR@", SHIPPED_CATALOG "/6/hw00003453.met"}, 1,
             SHIPPED_CATALOG
             "/6/hw00003453.met:11:12: error: no component file \"ai4_ui.cmp\": the module cannot be created "
             "[missing-component]\n");
-        row("a file that is not there, behind one that is", {"@DIR@/6/hw00003453.met", "@DIR@/none"}, 2, message);
-        row("folder without description files", {"@DIR@/9"}, 2, "");
+        row("a missing file after another file", {"@DIR@/6/hw00003453.met", "@DIR@/none"}, 2, message);
+        row("a folder without description files", {"@DIR@/9"}, 2, "");
         row("no arguments", {}, 2, "");
-        row("unknown option", {"--all", "@DIR@"}, 2, "");
-        row("no number", {"--host-version", "x", "@DIR@"}, 2, "");
+        row("an unknown option", {"--all", "@DIR@"}, 2, "");
+        row("a host version that is not a number", {"--host-version", "x", "@DIR@"}, 2, "");
     }
     void program()
     {
@@ -263,7 +252,7 @@ private slots:
         QFETCH(QString, output);
         CatalogFolder catalog;
         catalog.writeDescription(typeCode, entry("ObjName=\"a\"\n"));
-        const QString folder = QString::fromLocal8Bit(qgetenv("SIMHOST_COMPONENTS"));
+        const QString folder = catalog.path();
         QProcess process;
         process.start(METLINT_PROGRAM, arguments.replaceInStrings("@DIR@", folder));
         QVERIFY(process.waitForFinished());
@@ -272,14 +261,14 @@ private slots:
         QCOMPARE(process.readAllStandardError().isEmpty(), exitCode != 2);
     }
 
-    // Runs after the tests above, which note what they find.
+    // Runs after the tests above, because it uses their messages.
     void everyRuleHasAFixtureAndIsDocumented()
     {
         QFile file(QStringLiteral(DESCRIPTION_FILES_DOCUMENT));
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QString document = QString::fromUtf8(file.readAll());
         for (const LintRule &rule : lintRules()) {
-            const QStringList messages = noted().filter(QStringLiteral("[%1]").arg(rule.id));
+            const QStringList messages = m_messages.filter(QStringLiteral("[%1]").arg(rule.id));
             const bool isDocumented =
                 std::any_of(messages.begin(), messages.end(),
                             [&document](const QString &message) { return document.contains(message); });

@@ -25,40 +25,39 @@ class RecordFields {
 public:
     RecordFields(const SimpleExtendPar &par, BlockFormat format)
     {
-        put("header.objId", par.objId);
+        u32("header.objId", par.objId);
         blocklayout::walkHeader(enter("header."), par, format);
         quint8 noLength = 0; // the length of a range is not in the record
         blocklayout::walkRange(enter("header.inMap."), par.inMap, noLength);
         blocklayout::walkRange(enter("header.outMap."), par.outMap, noLength);
         enter("header.").raw("intEnableTbl", par.intEnableTbl);
         enter("");
-        put("digitalInput.count", par.diCount);
-        put("digitalOutput.count", par.dqCount);
-        put("digitalOutput.dqMode", par.dqMode);
-        put("analogInput.count", par.aiCount);
-        put("analogOutput.count", par.aqCount);
-        put("weighing.count", par.weighCount);
+        u8("digitalInput.count", par.diCount);
+        u8("digitalOutput.count", par.dqCount);
+        u8("digitalOutput.dqMode", par.dqMode);
+        u8("analogInput.count", par.aiCount);
+        u8("analogOutput.count", par.aqCount);
+        u8("weighing.count", par.weighCount);
         putTables(par);
         putChannels(par);
     }
 
     const QMap<QString, QVariant> &values() const { return m_values; }
 
-    void u8(const char *name, quint8 value) { put(name, value); }
-    void u16(const char *name, quint16 value) { put(name, value); }
-    void i16(const char *name, qint16 value) { put(name, value); }
-    void u32(const char *name, quint32 value) { put(name, value); }
-    void u32FromSignedBytes(const char *name, quint32 value) { put(name, value); }
-    void f32(const char *name, float value) { m_values[m_prefix + QLatin1String(name)] = static_cast<double>(value); }
+    void u8(const char *name, qlonglong value) { put(name, value); }
+    void u16(const char *name, qlonglong value) { put(name, value); }
+    void i16(const char *name, qlonglong value) { put(name, value); }
+    void u32(const char *name, qlonglong value) { put(name, value); }
+    void u32FromSignedBytes(const char *name, quint32 value) { put(name, qlonglong{value}); }
+    void f32(const char *name, double value) { put(name, value); }
     void lowByte(const char *name, qlonglong value) { put(name, value); }
     void lowByteSigned(const char *name, qlonglong value) { put(name, value); }
-    void text(const char *name, const QString &value) { m_values[m_prefix + QLatin1String(name)] = value; }
+    void text(const char *name, const QString &value) { put(name, value); }
     void textSigned(const char *name, const QString &value) { text(name, value); }
     template <std::size_t Size>
     void raw(const char *name, const std::array<quint8, Size> &value)
     {
-        m_values[m_prefix + QLatin1String(name)] =
-            QByteArray(reinterpret_cast<const char *>(value.data()), static_cast<int>(Size));
+        put(name, QByteArray(reinterpret_cast<const char *>(value.data()), static_cast<int>(Size)));
     }
 
 private:
@@ -70,13 +69,13 @@ private:
     RecordFields &enterChannel(const char *list, quint8 channel)
     {
         enter(QStringLiteral("%1[%2].").arg(QLatin1String(list)).arg(channel));
-        put("channel", channel);
+        u8("channel", channel);
         return *this;
     }
-    void put(const char *name, qlonglong value) { m_values[m_prefix + QLatin1String(name)] = value; }
-    void putElement(const char *table, int index, int value)
+    void put(const char *name, const QVariant &value) { m_values[m_prefix + QLatin1String(name)] = value; }
+    void putElement(const char *table, int index, qlonglong value)
     {
-        m_values[QStringLiteral("%1[%2]").arg(QLatin1String(table)).arg(index)] = static_cast<qlonglong>(value);
+        m_values[QStringLiteral("%1[%2]").arg(QLatin1String(table)).arg(index)] = value;
     }
 
     void putTables(const SimpleExtendPar &par)
@@ -92,13 +91,13 @@ private:
     void putChannels(const SimpleExtendPar &par)
     {
         for (auto kind = par.aiKind.cbegin(); kind != par.aiKind.cend(); ++kind) {
-            enterChannel("analogInput", kind.key()).put("family", kind.value());
+            enterChannel("analogInput", kind.key()).u8("family", kind.value());
             const AiFilter filter = par.aiFilter.value(kind.key());
             const AiRange range = par.aiRange.value(kind.key());
             blocklayout::walkAnalogInput(*this, kind.value(), filter, range);
         }
         for (auto kind = par.aqKind.cbegin(); kind != par.aqKind.cend(); ++kind) {
-            enterChannel("analogOutput", kind.key()).put("family", kind.value());
+            enterChannel("analogOutput", kind.key()).u8("family", kind.value());
             const AqOutTbl stop = par.aqOutTbl.value(kind.key());
             const AqOutType type = par.aqOutType.value(kind.key());
             blocklayout::walkAnalogOutput(*this, stop, type);

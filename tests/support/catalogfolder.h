@@ -11,6 +11,7 @@ public:
     CatalogFolder()
     {
         QDir(path()).mkdir(QStringLiteral("6"));
+        QDir(path()).mkdir(QStringLiteral("9"));
         writeFile(QStringLiteral("9/module.cmp"), "module");
         qputenv("SIMHOST_COMPONENTS", QFile::encodeName(m_folder.path()));
     }
@@ -20,12 +21,11 @@ public:
     /// Returns the path of a file or folder of the catalog.
     QString path(const QString &name = {}) const { return QDir(m_folder.path()).filePath(name); }
 
-    /// Creates the folder of the file if necessary. Returns the path of the file.
+    /// Returns the path of the file.
     QString writeFile(const QString &name, const QByteArray &content)
     {
         QFile file(path(name));
-        if (!QFileInfo(file).dir().mkpath(QStringLiteral(".")) || !file.open(QIODevice::WriteOnly) ||
-            file.write(content) != content.size()) {
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
             qFatal("cannot write %s", qPrintable(file.fileName()));
         }
         return file.fileName();

@@ -28,43 +28,44 @@ inline CatalogFolder &catalog()
 /// occurs once. A ";" also begins a comment in an INI file.
 inline const QByteArray &entryLines()
 {
-    static const QByteArray lines = "; Eight inputs and eight outputs for voltages and currents.\n"
-                                    ";\n"
-                                    "; For the catalog\n"
-                                    "MetVersion=1.0\n"
-                                    "NeedHwCnfgVersion=2000\n"
-                                    "ObjName=Analog Module 8 x U/I in, 8 x U/I out\n"
-                                    "MLFB=SX-AM16-UI\n"
-                                    "ParentObjID=3000\n"
-                                    "BaseType=1\n"
-                                    "NumIOModules=1\n"
-                                    "NotSupported=3552,3553,3554\n"
-                                    "ServerFile=module.cmp\n"
-                                    "IsCatEntry=1\n"
-                                    "\n"
-                                    "; For the controller\n"
-                                    "ModuleInfo=08080000\n"
-                                    "IntSupported=01,02,00,00,00\n"
-                                    "IntEnableTbl=01,00,00,00,00\n"
-                                    "FwVersion=1.0\n"
-                                    "BuffCnfg=01,00,00,10,00,00,00,00,00,00,00,00,00,00\n"
-                                    "SyncCnfg=00,00,00,00,00,00,00,00,00\n"
-                                    "ReservBytes=00,00,00,00,00,00,00,00\n"
-                                    "\n"
-                                    "; Sampling of groups\n"
-                                    "SupportGrpCnfg=1\n"
-                                    "SampPeriodGrpCnfg=1\n"
-                                    "SampPeriodList=5ms,10ms,50ms,100ms\n"
-                                    "\n"
-                                    "; Possible places of the module\n"
-                                    "; and its restrictions there\n"
-                                    "SupportEtherCAT=1\n"
-                                    "SupportCANopen=1\n"
-                                    "supportRack=4\n"
-                                    "SupportHSC=0\n"
-                                    "softCtrlRemote=0\n"
-                                    "\n"
-                                    ";\n";
+    static const QByteArray lines = R"(; Eight inputs and eight outputs for voltages and currents.
+;
+; For the catalog
+MetVersion=1.0
+NeedHwCnfgVersion=2000
+ObjName=Analog Module 8 x U/I in, 8 x U/I out
+MLFB=SX-AM16-UI
+ParentObjID=3000
+BaseType=1
+NumIOModules=1
+NotSupported=3552,3553,3554
+ServerFile=module.cmp
+IsCatEntry=1
+
+; For the controller
+ModuleInfo=08080000
+IntSupported=01,02,00,00,00
+IntEnableTbl=01,00,00,00,00
+FwVersion=1.0
+BuffCnfg=01,00,00,10,00,00,00,00,00,00,00,00,00,00
+SyncCnfg=00,00,00,00,00,00,00,00,00
+ReservBytes=00,00,00,00,00,00,00,00
+
+; Sampling of groups
+SupportGrpCnfg=1
+SampPeriodGrpCnfg=1
+SampPeriodList=5ms,10ms,50ms,100ms
+
+; Possible places of the module
+; and its restrictions there
+SupportEtherCAT=1
+SupportCANopen=1
+supportRack=4
+SupportHSC=0
+softCtrlRemote=0
+
+;
+)";
     return lines;
 }
 

@@ -1,6 +1,7 @@
 #include "entrychecks.h"
 
 #include "linetext.h"
+#include "metkeys.h"
 #include "modulekind.h"
 
 #include <QFileInfo>
