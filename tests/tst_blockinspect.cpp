@@ -73,7 +73,11 @@ class TestBlockInspect : public QObject {
         QProcess process;
         process.setWorkingDirectory(m_catalog.path());
         process.start(QStringLiteral(BLOCKINSPECT_PATH), arguments);
-        process.write(input);
+        process.write(input.left(10));
+        if (process.waitForBytesWritten()) {
+            QTest::qSleep(100); // as a slow pipe
+        }
+        process.write(input.mid(10));
         process.closeWriteChannel();
         const bool finished = process.waitForFinished();
         return {finished && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,

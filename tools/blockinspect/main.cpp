@@ -47,7 +47,11 @@ std::optional<QByteArray> readFile(const QString &path)
         complain(QStringLiteral("%1: %2").arg(path, file.errorString()));
         return std::nullopt;
     }
-    QByteArray bytes = file.read(maximumFileSize + 1);
+    QByteArray bytes;
+    for (QByteArray part = file.read(maximumFileSize + 1); !part.isEmpty();) { // a pipe may return a part
+        bytes += part;
+        part = file.read(maximumFileSize + 1 - bytes.size());
+    }
     if (file.error() != QFileDevice::NoError) {
         complain(QStringLiteral("%1: %2").arg(path, file.errorString()));
         return std::nullopt;
