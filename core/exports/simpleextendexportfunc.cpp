@@ -45,8 +45,8 @@ qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *pare
     if (handle == nullptr || parent == nullptr) {
         return 0;
     }
-    // The string is copied and the dialog is guarded by a QPointer, because the host may destroy both while the dialog is
-    // open: the dialog with its parent, and the string with the caller's data.
+    // The string is copied and the dialog has a QPointer, because the host may destroy both while the dialog is open:
+    // the dialog with its parent, the string with the host's own data.
     completes([handle, parent, locked, memoryOwner = QString(memoryOwner)] {
         backupUsedMemory(memoryOwner);
         QPointer<SimpleExtendcfgdlg> dialog;

@@ -70,7 +70,7 @@ SIMPLEEXTEND_EXPORT void setRackId(SimpleExtendPar *handle, qint32 rackId) noexc
 SIMPLEEXTEND_EXPORT void setSlotId(SimpleExtendPar *handle, qint32 slotId) noexcept;
 
 /// Writes the module's configuration block.
-/// @param block receives the block after the bytes that it already has; unchanged if the host throws
+/// @param block receives the block after the bytes that it already has; unchanged if a conversion of the host throws
 /// @param list is emptied
 /// @return always 0
 SIMPLEEXTEND_EXPORT qint32 compile(SimpleExtendPar *handle, QByteArray &block, QStringList &list) noexcept;
