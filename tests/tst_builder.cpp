@@ -1,4 +1,4 @@
-// Factory records, and the range calls that reach the host, in their order.
+// Factory records, and the order of the memory calls that reach the host.
 #include "catalogfolder.h"
 #include "defaultbuilder.h"
 #include "imagerange.h"
@@ -27,10 +27,11 @@ private slots:
     {
         const Rows<quint32, quint32, QStringList, QString, QString> row("code", "moduleInfo", "calls", "input",
                                                                         "output");
-        row("analog, both", 13398, 0x02040000, {"auto plc 6 8", "auto plc 7 4"}, "6:8 x4 u2", "7:4 x2 u2");
+        row("analog, both directions", 13398, 0x02040000, {"auto plc 6 8", "auto plc 7 4"}, "6:8 x4 u2", "7:4 x2 u2");
         row("analog, outputs only", 13400, 0x02000000, {"auto plc 7 4"}, "6:0 x0 u2", "7:4 x2 u2");
         row("digital, 12 inputs", 13650, 0x0000000C, {"auto plc 129 2"}, "129:2 x12 u0", "130:0 x0 u0");
-        row("digital, both", 13651, 0x00000810, {"auto plc 129 2", "auto plc 130 1"}, "129:2 x16 u0", "130:1 x8 u0");
+        row("digital, both directions", 13651, 0x00000810, {"auto plc 129 2", "auto plc 130 1"}, "129:2 x16 u0",
+            "130:1 x8 u0");
         row("weighing, double words", 14418, 0x01020000, {"auto plc 132 8", "auto plc 132 4"}, "132:8 x2 u4",
             "132:4 x1 u4");
         row("weighing, words", 14421, 0x01020000, {"auto plc 6 4", "auto plc 7 2"}, "6:4 x2 u2", "7:2 x1 u2");
@@ -51,32 +52,44 @@ private slots:
         QCOMPARE(par->memoryOwner, owner);
 
         const auto unclaimed = buildDefault(code, QString());
-        QVERIFY(unclaimed && recordingHost().calls.isEmpty());
-        QCOMPARE(unclaimed->inMap.start + unclaimed->outMap.start, 0);
+        QVERIFY(unclaimed);
+        QCOMPARE(recordingHost().calls, QStringList());
+        QCOMPARE((QList<int>{unclaimed->inMap.start, unclaimed->outMap.start}), (QList<int>{0, 0}));
         QCOMPARE(unclaimed->inMap.count, par->inMap.count);
-        QCOMPARE(unclaimed->weighPar.size() + unclaimed->aiKind.size(), par->weighPar.size() + par->aiKind.size());
+        QCOMPARE(unclaimed->weighPar.keys(), par->weighPar.keys());
+        QCOMPARE(unclaimed->aiKind.keys(), par->aiKind.keys());
     }
 
-    void factoryParameters()
+    void factoryInputs_data()
+    {
+        const Rows<quint32, int, QString> row("code", "family", "range");
+        row("voltage/current", 13395, 0, "0102000200000000");
+        row("thermocouple", 13396, 1, "0102040100000100");
+        row("resistance thermometer", 13397, 2, "0102000100000001");
+        row("type without a fixed family", 13398, 0, "0102000200000000");
+    }
+    void factoryInputs()
+    {
+        QFETCH(quint32, code);
+        CatalogFolder catalog;
+        catalog.writeModule(code, 0x01020000);
+        const auto par = buildDefault(code, QString());
+        QVERIFY(par);
+        QTEST(int(par->aiKind.value(1, 9)), "family");
+        QTEST(hex(par->aiRange.value(1)), "range");
+        const AiFilter filter = par->aiFilter.value(1);
+        QCOMPARE((QList<int>{par->aiCount, filter.samples, filter.deadband, filter.filterOn}),
+                 (QList<int>{2, 5, 320, 1}));
+        const AqOutTbl stop = par->aqOutTbl.value(0);
+        const AqOutType type = par->aqOutType.value(0);
+        QCOMPARE((QList<int>{par->aqCount, par->aqKind.value(0, 9), stop.freezeLast, stop.stopValue, type.enable,
+                             type.range}),
+                 (QList<int>{1, 0, 1, 0, 1, 1}));
+    }
+
+    void factoryTables()
     {
         CatalogFolder catalog;
-        const QStringList ranges{"0102000200000000", "0102040100000100", "0102000100000001", "0102000200000000"};
-        const QList<int> families{0, 1, 2, 0};
-        for (int i = 0; i < 4; ++i) {
-            const auto code = 13395U + static_cast<quint32>(i);
-            catalog.writeModule(code, 0x01020000);
-            const auto par = buildDefault(code, QString());
-            QVERIFY(par);
-            QCOMPARE(par->aiCount * 10 + par->aqCount, 21);
-            QCOMPARE(int(par->aiKind.value(1, 9)), families[i]);
-            QCOMPARE(hex(par->aiRange.value(1)), ranges[i]);
-            const AiFilter filter = par->aiFilter.value(1);
-            QCOMPARE((QList<int>{filter.samples, filter.deadband, filter.filterOn}), (QList<int>{5, 320, 1}));
-            const AqOutTbl stop = par->aqOutTbl.value(0);
-            const AqOutType type = par->aqOutType.value(0);
-            QCOMPARE((QList<int>{par->aqKind.value(0, 9), stop.freezeLast, stop.stopValue, type.enable, type.range}),
-                     (QList<int>{0, 1, 0, 1, 1}));
-        }
         catalog.writeModule(13700, 0x00000A0C);
         const auto digital = buildDefault(13700, QString());
         QCOMPARE(digital->diFilter, QByteArray("\x55\x55"));
@@ -84,18 +97,18 @@ private slots:
         QCOMPARE((QList<int>{digital->diCount, digital->dqCount, digital->dqMode}), (QList<int>{12, 10, 2}));
         catalog.writeModule(14419, 0x00030000);
         const auto weighing = buildDefault(14419, QString());
-        QCOMPARE(weighing->weighCount * 10 + weighing->weighPar.size(), 33);
+        QCOMPARE((QList<int>{weighing->weighCount, weighing->weighPar.size()}), (QList<int>{3, 3}));
     }
 
     void refusal_data()
     {
         const Rows<QByteArray, qint32, qint32, QStringList> row("lines", "inputs", "start", "calls");
-        row("no ServerFile", "ServerFile=\n", 1, 0, {});
-        row("component path of a folder", "ServerFile=../9\n", 1, 0, {});
-        row("no module info", "ModuleInfo=0\n", 1, 0, {});
-        row("host counts below zero", "", -1, 0, {});
-        row("host counts beyond any memory", "", 0x7FFFFFFF, 0, {});
-        row("65535 is no start", "", 1, 65535, {"auto plc 6 2"});
+        row("no component file named", "ServerFile=\n", 1, 0, {});
+        row("component path names a folder", "ServerFile=../9\n", 1, 0, {});
+        row("moduleInfo is 0", "ModuleInfo=0\n", 1, 0, {});
+        row("host returns a negative channel count", "", -1, 0, {});
+        row("length of the channels exceeds 32 bits", "", 0x7FFFFFFF, 0, {});
+        row("start 65535 means no room", "", 1, 65535, {"auto plc 6 2"});
     }
     void refusal()
     {
@@ -125,17 +138,17 @@ private slots:
         QCOMPARE(int(digital->diCount), 44);
         QCOMPARE(digital->diFilter.size(), 38);
 
-        recordingHost().channels['I'] = 0x7FFFFFFF; // rounding up to bytes must not overflow
+        recordingHost().channels['I'] = 0x7FFFFFFF; // must not overflow when it is rounded up to bytes
         QCOMPARE(buildDefault(13650, QString())->diFilter.size(), 0x10000000);
     }
 
     void confirm_data()
     {
         const Rows<int, int, int, qint32, QStringList, int> row("area", "count", "unit", "found", "calls", "freed");
-        row("analog, moved", 6, 4, 2, 7, {"get plc 6 40 8", "auto plc 6 8"}, 8);
+        row("analog range that is not free moves", 6, 4, 2, 7, {"get plc 6 40 8", "auto plc 6 8"}, 8);
         row("double words count as bits", 132, 2, 4, 1, {"get plc 132 40 1"}, 8);
         row("the other direction's words count as bits", 7, 4, 2, 1, {"get plc 7 40 1"}, 8);
-        row("nothing to hold", 6, 0, 2, 0, {}, 0);
+        row("range without channels", 6, 0, 2, 0, {}, 0);
     }
     void confirm()
     {

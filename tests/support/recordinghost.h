@@ -1,5 +1,5 @@
-// A host that records every memory call and answers as a test tells it. A program that includes this header (in one
-// source file) takes these functions in place of basemodule's; everything else still comes from there.
+// A host that records each memory call and returns what a test sets. A program that includes this header, in one source
+// file only, calls these functions instead of those of basemodule. All other functions are those of basemodule.
 #pragma once
 
 #include "baseservices.h"
@@ -10,27 +10,27 @@
 #include <functional>
 #include <utility>
 
-/// Answers and record of the host's calls.
+/// The results and the record of the host's calls.
 struct RecordingHost {
     QStringList calls; ///< such as "get plc 6 0 8"
     std::function<qint32(VarArea area, qint32 length)> allocate = [](VarArea, qint32) { return 0; };
     qint32 takeResult = 1;
     quint32 appVersion = 2300;
-    int rendered = 0;             ///< blocks turned into text
-    QHash<char, qint32> channels; ///< answers for 'I', 'Q' (points), 'i', 'q' (analog); else decoded from moduleInfo
+    int rendered = 0; ///< blocks converted to text
+    /// Channel counts by 'I', 'Q' (points) and 'i', 'q' (analog); a missing one is decoded from moduleInfo.
+    QHash<char, qint32> channels;
 
     qint32 count(char kind, quint32 moduleInfo, int shift) const
     {
         return channels.value(kind, static_cast<qint32>((moduleInfo >> shift) & 0xFFU));
     }
-    void note(const char *call, const QString &owner, VarArea area, const QList<qint32> &numbers)
+    template <typename... Numbers>
+    void note(const char *call, const QString &owner, VarArea area, Numbers... numbers)
     {
-        QStringList words{QString::fromLatin1(call), owner, QString::number(static_cast<int>(area))};
-        for (const qint32 number : numbers) {
-            words << QString::number(number);
-        }
+        const QStringList words{call, owner, QString::number(static_cast<int>(area)), QString::number(numbers)...};
         calls << words.join(QLatin1Char(' '));
     }
+    /// Returns the calls since the last takeCalls().
     QStringList takeCalls() { return std::exchange(calls, {}); }
 };
 
@@ -42,19 +42,19 @@ inline RecordingHost &recordingHost()
 
 qint32 getMemory(const QString &owner, VarArea area, qint32 start, qint32 length)
 {
-    recordingHost().note("get", owner, area, {start, length});
+    recordingHost().note("get", owner, area, start, length);
     return recordingHost().takeResult;
 }
 
 qint32 autoMallocMemory(const QString &owner, VarArea area, qint32 length)
 {
-    recordingHost().note("auto", owner, area, {length});
+    recordingHost().note("auto", owner, area, length);
     return recordingHost().allocate(area, length);
 }
 
 bool freeMemory(const QString &owner, VarArea area, qint32 start, qint32 length)
 {
-    recordingHost().note("free", owner, area, {start, length});
+    recordingHost().note("free", owner, area, start, length);
     return true;
 }
 
