@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int padding = 3; ///< between the text and the edge of its ground
+constexpr int padding = 3; ///< pixels between the text and the edge of its background
 constexpr double readableContrast = 4.5;
 
 /// The relative luminance of WCAG 2: 0 for black, 1 for white.
@@ -37,7 +37,7 @@ NoteLabel::NoteLabel(const QString &text)
 
 QSize NoteLabel::sizeHint() const
 {
-    const int width = fontMetrics().horizontalAdvance(m_plainText) * 3 / 5; // half, and a word that overhangs
+    const int width = fontMetrics().horizontalAdvance(m_plainText) * 3 / 5; // half of it and room for a wrapped word
     return {width + 2 * padding, heightForWidth(width + 2 * padding)};
 }
 

@@ -3,7 +3,7 @@
 
 #include "wrappedlabel.h"
 
-/// A blue text of about two lines. Where the window is too dark for blue, the label paints a light ground.
+/// A blue text of about two lines. If the window is too dark for blue, the label has a white background.
 class NoteLabel : public WrappedLabel {
 public:
     explicit NoteLabel(const QString &text);

@@ -10,7 +10,8 @@
 
 namespace {
 
-/// Gives the whole cell to its editor, without asking the editor for its least size: the columns are wide enough.
+/// Gives the whole cell to its editor. Does not query the minimum size of the editor, because the columns are wide
+/// enough.
 class CellDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -22,7 +23,7 @@ public:
     }
 };
 
-/// The row headers. Their numbers are as wide as the last one, so that a hundred need not be measured.
+/// The row headers. Only the last number is measured, because it is the widest.
 class NumberHeader : public QHeaderView {
 public:
     explicit NumberHeader(QWidget *parent) : QHeaderView(Qt::Vertical, parent)
@@ -37,8 +38,8 @@ public:
     }
 };
 
-/// Names its cell for assistive technology, on request because that is rare: as its editor is named, or after the
-/// channel in the first column.
+/// The accessible name of a cell: that of its editor, or the title and the number in the first column. It is computed
+/// on request, because few users need it.
 class NamedItem : public QTableWidgetItem {
 public:
     using QTableWidgetItem::QTableWidgetItem;
@@ -59,7 +60,7 @@ public:
 QStandardItemModel *itemModelOf(QComboBox *editor)
 {
     auto *model = qobject_cast<QStandardItemModel *>(editor->model());
-    if (model == nullptr) { // the combo boxes are the host's, which may come with a model of another kind
+    if (model == nullptr) { // the host's combo boxes may have a model of another class
         model = new QStandardItemModel(editor);
         editor->setModel(model);
     }
@@ -80,7 +81,7 @@ ChannelTable::ChannelTable(int channels, const QStringList &titles, QWidget *par
     setTabKeyNavigation(false);
     setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    const QSignalBlocker blocker(model()); // nobody has seen the empty cells
+    const QSignalBlocker blocker(model()); // no view shows the empty cells yet
     for (int channel = 0; channel < channels; ++channel) {
         const QString text = QString::number(channel);
         setVerticalHeaderItem(channel, new QTableWidgetItem(text));
@@ -116,28 +117,28 @@ QComboBox *ChannelTable::newComboBox(const ChoiceList &choices, ItemData itemDat
     QList<QStandardItem *> items;
     items.reserve(list.rowCount());
     for (int i = 0; i < list.rowCount(); ++i) {
-        items.append(list.child(i)->clone()); // shares the text with its original
+        items.append(list.child(i)->clone()); // shares the text, which saves a translation
     }
     auto *editor = new MComboBoxEx(viewport());
     QStandardItemModel *model = itemModelOf(editor);
-    const QSignalBlocker blocker(model); // or the first text would be selected
+    const QSignalBlocker blocker(model); // else the combo box selects the first text
     model->invisibleRootItem()->appendRows(items);
     return editor;
 }
 
 void ChannelTable::setEditor(int channel, int column, QWidget *editor)
 {
-    // An editor that has a size is not asked for its size hint, a third of what placing it would cost.
+    // Qt does not query the size hint of an editor that has a size. This saves a third of the time.
     editor->resize(columnWidth(column), rowHeight(channel));
     setCellWidget(channel, column, editor);
 }
 
-void ChannelTable::fitToContents(const QVector<int> &samples, const QVector<int> &leastWidths)
+void ChannelTable::fitToContents(const QVector<int> &samples, const QVector<int> &minimumWidths)
 {
     const int gridLine = showGrid() ? 1 : 0;
     int height = verticalHeader()->minimumSectionSize();
     for (int column = 0; column < columnCount(); ++column) {
-        int width = qMax(leastWidths.value(column), horizontalHeader()->sectionSizeHint(column));
+        int width = qMax(minimumWidths.value(column), horizontalHeader()->sectionSizeHint(column));
         for (const int channel : samples) {
             if (const QWidget *editor = cellWidget(channel, column)) {
                 const QSize needed = editor->sizeHint().expandedTo(editor->minimumSize());

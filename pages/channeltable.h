@@ -1,4 +1,4 @@
-// The table of a page that has a row per channel.
+// The table of a page with one row per channel.
 #pragma once
 
 #include <QStandardItem>
@@ -10,29 +10,29 @@
 class ChoiceList;
 class QComboBox;
 
-/// Rows of editors. The first column and the row headers show the channel numbers, from 0, and are not edited.
+/// A table of editors. The first column and the row headers show the channel numbers, from 0, and are read-only.
 class ChannelTable : public QTableWidget {
 public:
     enum ItemData { NoData, Codes };
 
-    /// @p titles are those of all columns, the first one included.
+    /// @p titles contains the titles of all columns, including the first.
     ChannelTable(int channels, const QStringList &titles, QWidget *parent = nullptr);
 
-    /// A combo box without a selection, for setEditor(). It offers the texts of @p choices, with their codes if
-    /// @p itemData says so.
+    /// Returns a combo box without a selection, for setEditor(). Its items are the texts of @p choices, with their
+    /// codes as item data if @p itemData is Codes.
     QComboBox *newComboBox(const ChoiceList &choices, ItemData itemData);
 
-    /// The table becomes the parent of @p editor, which had better be made with viewport() for a parent: moving it
-    /// there costs half of what placing it does.
+    /// The table becomes the owner of @p editor, which should be created with viewport() as parent, because a change of
+    /// the parent takes half as long as placing the editor.
     void setEditor(int channel, int column, QWidget *editor);
 
-    /// Makes every column as wide as its title and its editors need, and at least as wide as @p leastWidths says
-    /// (by column, pixels; may be shorter than the columns). The editors of @p samples, channels, stand for those
-    /// of all rows, since asking each would cost more than building it.
-    void fitToContents(const QVector<int> &samples, const QVector<int> &leastWidths = {});
+    /// Makes every column as wide as its title and its editors need. Only the editors of the channels @p samples are
+    /// measured, because measuring an editor takes longer than building it. @p minimumWidths is by column, in pixels,
+    /// and may have fewer elements than there are columns.
+    void fitToContents(const QVector<int> &samples, const QVector<int> &minimumWidths = {});
 
 private:
-    /// The items of a list, which those of every row are copies of.
+    /// Returns the items of a list. Those of every row are copies of them.
     const QStandardItem &itemsOf(const ChoiceList &choices, ItemData itemData);
 
     std::map<std::pair<const ChoiceList *, ItemData>, QStandardItem> m_items;

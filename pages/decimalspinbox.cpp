@@ -37,7 +37,7 @@ float DecimalSpinBox::toStore() const
 
 QValidator::State DecimalSpinBox::validate(QString &text, int &position) const
 {
-    QString withoutComma = withPoint(text); // the text itself stays, or the field would lose its undo history
+    QString withoutComma = withPoint(text); // a change of the text itself would clear the undo history
     return QDoubleSpinBox::validate(withoutComma, position);
 }
 

@@ -5,17 +5,17 @@
 
 /// Accepts both "." and "," as the decimal sign in every locale, and no group separators. Shows ".".
 ///
-/// Its limits and decimals may change a stored value when it is shown, so the stored value is kept until the field is
+/// Limits and decimals may change a stored value when it is shown. The stored value therefore stays until the field is
 /// edited.
 class DecimalSpinBox : public QDoubleSpinBox {
     Q_OBJECT
 public:
     explicit DecimalSpinBox(QWidget *parent = nullptr);
 
-    /// Shows @p stored, or the nearest value that the field can show; the minimum for NaN.
+    /// Shows the value nearest to @p stored that the field can show; the minimum for NaN.
     void showStored(float stored);
-    /// Returns the bits of the last showStored() until the user types, steps or another value is set; afterwards the
-    /// value that is shown.
+    /// Returns the value of the last showStored(), bit by bit, until the user types or steps or another value is set;
+    /// afterwards the shown value.
     float toStore() const;
 
     QValidator::State validate(QString &text, int &position) const override;

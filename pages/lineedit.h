@@ -3,8 +3,8 @@
 
 #include <QLineEdit>
 
-/// Keeps a user from typing 32768, the first number beyond 16 signed bits. Only that: everything else is left to
-/// the validator and to the conversion on saving.
+/// Ignores the key that would complete 32768, the first number above the 16-bit range. The validator and the conversion
+/// on saving handle all other texts.
 class LineEdit : public QLineEdit {
     Q_OBJECT
 public:

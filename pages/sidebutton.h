@@ -4,8 +4,8 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
-/// Return presses the button only while it has the keyboard focus, which a click does not give it. So it never becomes
-/// the default button, and Return presses OK after a click on it.
+/// A button that the Return key presses only while it has the focus, which a click does not give it. It never becomes
+/// the default button, so after a click on it Return presses OK.
 class SideButton : public QPushButton {
 public:
     explicit SideButton(const QString &text) : QPushButton(text)

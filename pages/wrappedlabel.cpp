@@ -23,6 +23,6 @@ void WrappedLabel::changeEvent(QEvent *event)
 
 void WrappedLabel::fitHeight()
 {
-    setMinimumHeight(0); // the height for a width is never less than the least height of before
+    setMinimumHeight(0); // heightForWidth() is never below the minimum height
     setMinimumHeight(heightForWidth(width()));
 }

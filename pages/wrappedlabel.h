@@ -1,10 +1,10 @@
-// A word-wrapped text that is never cut.
+// A word-wrapped text that is never truncated.
 #pragma once
 
 #include <QLabel>
 
-/// Layouts ask how high a wrapped text must be for a width, but windows, tabs and stacks do not keep to the answer
-/// when they are made smaller. This label's least height follows its width.
+/// A label whose minimum height is the height that its text needs at the current width. Layouts respect
+/// heightForWidth(), but windows, tabs and stacks ignore it when they shrink.
 class WrappedLabel : public QLabel {
 public:
     explicit WrappedLabel(const QString &text, QWidget *parent = nullptr);
