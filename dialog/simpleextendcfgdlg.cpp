@@ -40,10 +40,10 @@ constexpr int initialWidth = 690;
 constexpr int initialHeight = 440;
 constexpr int treeIconSize = 24;
 
-/// What the dialog of a module kind is called in the tree and in the help.
+/// The texts for a module kind in the tree and in the help.
 struct Heading {
     ModuleFamily family;
-    SignalFamily signal; ///< tells the temperature modules from the other analog ones
+    SignalFamily signal; ///< distinguishes the temperature modules from the other analog modules
     const char *rootText;
     bool isTranslated;
     const char *helpTitle;
@@ -63,7 +63,7 @@ constexpr std::array headings = {
             "Weight Modules Properties", u"称重模块属性"},
 };
 
-/// Null for plain modules, whose tree has an unlabelled root and whose help keyword is empty.
+/// Returns null for plain modules, whose tree has a root without text and whose help keyword is empty.
 const Heading *headingOf(quint32 objId)
 {
     const ModuleFamily family = moduleKind(objId).family;
@@ -72,6 +72,40 @@ const Heading *headingOf(quint32 objId)
         return heading.family == family && heading.signal == signal;
     });
     return found == headings.end() ? nullptr : found;
+}
+
+/// The order of the groups in the tree.
+enum class TreePart { Common, Weighing, Inputs, Outputs };
+
+/// A group of parameters that a module may have, and its page.
+struct Group {
+    TreePart part;
+    VarArea area; ///< of the range that has the group; None for groups that are independent of the ranges
+    ParamPage *(*newPage)(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *dialog);
+    const char *treeText;
+    const char *tabText = treeText;
+};
+
+template <typename Page>
+ParamPage *newPage(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *dialog)
+{
+    return new Page(par, defaultPar, dialog);
+}
+
+/// The areas are the record's, because a plain module may have been given ranges that its type code does not imply.
+bool hasGroup(const SimpleExtendPar &par, const Group &group)
+{
+    const ModuleFamily family = moduleKind(par.objId).family;
+    const bool isWeighing = family == ModuleFamily::WeighDword || family == ModuleFamily::WeighWord;
+    const IoMap &range = group.part == TreePart::Inputs ? par.inMap : par.outMap;
+    switch (group.part) {
+    case TreePart::Common:
+        return true;
+    case TreePart::Weighing:
+        return family == ModuleFamily::WeighDword;
+    default:
+        return !isWeighing && range.count != 0 && range.area == static_cast<quint8>(group.area);
+    }
 }
 
 } // namespace
@@ -86,13 +120,11 @@ SimpleExtendcfgdlg::SimpleExtendcfgdlg(SimpleExtendPar *par, QString memoryOwner
 
 SimpleExtendcfgdlg::~SimpleExtendcfgdlg()
 {
-    // Here and not where the dialog is left, because the host may destroy it while it is open. The caller rolls back
-    // the map of the owner that it named; ranges of another owner stay where OK has moved them.
+    // The destructor does this, because the host may destroy the dialog while it is open. The caller rolls back only
+    // the map of m_memoryOwner; ranges of another owner stay where OK has moved them.
     if (result() != Accepted && m_memoryOwner == m_par->memoryOwner) {
-        for (ParamPage *const page : m_pages) {
-            if (page != nullptr) {
-                page->discard();
-            }
+        for (ParamPage *const page : qAsConst(m_pages)) {
+            page->discard();
         }
     }
 }
@@ -108,8 +140,8 @@ void SimpleExtendcfgdlg::initUI()
     buildTree();
     m_stack = new QStackedWidget(this);
     m_stack->setObjectName(QStringLiteral("pageStack"));
-    // Before the pages and after them: a default record that cannot be built is asked of the host once, not by each
-    // page.
+    // Connected before and after the pages, so that the default record is built at most once per signal even if that
+    // fails.
     connect(this, &SimpleExtendcfgdlg::signal_defaultAll, this,
             [this] { m_hasNoDefaults = slot_returnDefaultParam() == nullptr; });
     addGroups();
@@ -152,9 +184,9 @@ void SimpleExtendcfgdlg::buildTree()
     m_tree->setAccessibleName(tr("Parameter groups"));
     m_tree->setLineWidth(2);
     m_tree->setHeaderHidden(true);
-    m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // never narrower than its items, see fitToFont
+    m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // fitToFont() makes it wide enough
     m_tree->setExpandsOnDoubleClick(false);
-    m_tree->setItemsExpandable(false); // the root has no mark that would unfold it again
+    m_tree->setItemsExpandable(false); // a collapsed root could not be expanded again by the mouse
     m_tree->setRootIsDecorated(false);
     m_tree->setIconSize(QSize(treeIconSize, treeIconSize));
 
@@ -169,65 +201,57 @@ void SimpleExtendcfgdlg::buildTree()
     root->setExpanded(true);
 }
 
-/// The only place that decides which groups a module has. The areas are the record's, since a plain module may have
-/// been given ranges that its type code knows nothing of.
 void SimpleExtendcfgdlg::addGroups()
 {
-    addPage<SGeneralWgt>(GeneralPage, tr("General"), tr("General"));
-    addPage<SAddrMapWgt>(AddressPage, tr("Address"), tr("Address"));
-
-    const ModuleFamily family = moduleKind(m_par->objId).family;
-    if (family == ModuleFamily::WeighDword) {
-        addPage<SWeightParCfgWgt>(WeighingPage, tr("Weight Param"), tr("Weight Param"));
-    }
-    if (family == ModuleFamily::WeighDword || family == ModuleFamily::WeighWord) {
-        return;
-    }
-
-    const auto areaOf = [](const IoMap &range) {
-        return range.count == 0 ? VarArea::None : static_cast<VarArea>(range.area);
+    /// All groups, in the order in which OK saves their pages.
+    static constexpr Group groups[] = {
+        {TreePart::Common, VarArea::None, newPage<SGeneralWgt>, QT_TR_NOOP("General")},
+        {TreePart::Common, VarArea::None, newPage<SAddrMapWgt>, QT_TR_NOOP("Address")},
+        {TreePart::Inputs, VarArea::AnalogInput, newPage<SAIFilterWgt>, QT_TR_NOOP("Input Filter")},
+        {TreePart::Inputs, VarArea::AnalogInput, newPage<SAIRangeWgt>, QT_TR_NOOP("Range Config"), QT_TR_NOOP("Range")},
+        {TreePart::Outputs, VarArea::AnalogOutput, newPage<SAQOutTblWgt>, QT_TR_NOOP("Output Tables")},
+        {TreePart::Outputs, VarArea::AnalogOutput, newPage<SAQOutTypeWgt>, QT_TR_NOOP("Output Type")},
+        {TreePart::Inputs, VarArea::DigitalInput, newPage<SDIFilterWgt>, QT_TR_NOOP("Input Filter")},
+        {TreePart::Outputs, VarArea::DigitalOutput, newPage<SDQOutTblWgt>, QT_TR_NOOP("Output Tables")},
+        {TreePart::Weighing, VarArea::None, newPage<SWeightParCfgWgt>, QT_TR_NOOP("Weight Param")},
     };
-    if (areaOf(m_par->inMap) == VarArea::AnalogInput) {
-        addPage<SAIFilterWgt>(AnalogFilterPage, tr("Input Filter"), tr("Input Filter"));
-        addPage<SAIRangeWgt>(AnalogRangePage, tr("Range Config"), tr("Range"));
-    } else if (areaOf(m_par->inMap) == VarArea::DigitalInput) {
-        addPage<SDIFilterWgt>(DigitalFilterPage, tr("Input Filter"), tr("Input Filter"));
-    }
-    if (areaOf(m_par->outMap) == VarArea::AnalogOutput) {
-        addPage<SAQOutTblWgt>(AnalogOutputTablePage, tr("Output Tables"), tr("Output Tables"));
-        addPage<SAQOutTypeWgt>(AnalogOutputTypePage, tr("Output Type"), tr("Output Type"));
-    } else if (areaOf(m_par->outMap) == VarArea::DigitalOutput) {
-        addPage<SDQOutTblWgt>(DigitalOutputTablePage, tr("Output Tables"), tr("Output Tables"));
+    for (const TreePart part : {TreePart::Common, TreePart::Weighing, TreePart::Inputs, TreePart::Outputs}) {
+        int saveOrder = 0;
+        for (const Group &group : groups) {
+            if (group.part == part && hasGroup(*m_par, group)) {
+                ParamPage *const page = group.newPage(m_par, m_defaultPar.get(), this);
+                m_pages.insert(saveOrder, page);
+                connectPage(page);
+                addItem(tr(group.treeText), tr(group.tabText), page);
+            }
+            ++saveOrder;
+        }
     }
 }
 
-template <typename Page>
-void SimpleExtendcfgdlg::addPage(PageIndex index, const QString &treeText, const QString &tabText)
+void SimpleExtendcfgdlg::connectPage(ParamPage *page)
 {
-    auto *page = new Page(m_par, m_defaultPar.get(), this);
-    m_pages[index] = page;
     connect(this, &SimpleExtendcfgdlg::signal_saveData, page, [this, page] { callHost([page] { page->saveData(); }); });
     connect(page, &ParamPage::signal_refused, this, &SimpleExtendcfgdlg::showRefusal);
-    if constexpr (std::is_base_of_v<DefaultsPage, Page>) {
-        connect(page, &Page::signal_requestDefaultPar, this, &SimpleExtendcfgdlg::slot_returnDefaultParam);
+    if (auto *const defaultsPage = qobject_cast<DefaultsPage *>(page)) {
+        connect(this, &SimpleExtendcfgdlg::signal_defaultAll, defaultsPage, &DefaultsPage::slot_btnDefault_clicked);
     }
-    if constexpr (!std::is_same_v<SAddrMapWgt, Page>) { // addresses have no default
-        connect(this, &SimpleExtendcfgdlg::signal_defaultAll, page, &Page::slot_btnDefault_clicked);
+    if (auto *const recordPage = qobject_cast<RecordDefaultsPage *>(page)) {
+        connect(recordPage, &RecordDefaultsPage::signal_requestDefaultPar, this,
+                &SimpleExtendcfgdlg::slot_returnDefaultParam);
     }
-
-    auto *tab = new QTabWidget(this);
-    tab->addTab(page, tabText);
-    tab->tabBar()->setFocusPolicy(Qt::NoFocus); // with one tab there is nothing to choose
-    addItem(treeText, tab);
 }
 
-void SimpleExtendcfgdlg::addItem(const QString &text, QWidget *page)
+void SimpleExtendcfgdlg::addItem(const QString &treeText, const QString &tabText, ParamPage *page)
 {
-    auto *item = new QTreeWidgetItem(m_tree->topLevelItem(0), {text});
+    auto *tab = new QTabWidget(this);
+    tab->addTab(page, tabText);
+    tab->tabBar()->setFocusPolicy(Qt::NoFocus); // a single tab cannot be changed
+    auto *item = new QTreeWidgetItem(m_tree->topLevelItem(0), {treeText});
     item->setIcon(0, QIcon(QStringLiteral(":/images/itemconfig.png")));
-    m_pageOfItem.insert(item, page);
     item->setData(0, helpKeywordRole, m_helpKeyword);
-    m_stack->insertWidget(0, page);
+    m_pageOfItem.insert(item, tab);
+    m_stack->insertWidget(0, tab);
 }
 
 QHBoxLayout *SimpleExtendcfgdlg::newButtonRow()
@@ -269,8 +293,8 @@ void SimpleExtendcfgdlg::raisePage(QTreeWidgetItem *curItem, QTreeWidgetItem * /
     }
 }
 
-/// Runs @p call, which calls the host. If the host throws, the dialog is rejected with the memory map and the starts
-/// from before it was opened.
+/// Runs @p call, which calls the host. If the host throws, rejects the dialog and restores the memory map and the
+/// starts from before it was opened.
 template <typename Call>
 void SimpleExtendcfgdlg::callHost(Call &&call)
 {
@@ -278,8 +302,8 @@ void SimpleExtendcfgdlg::callHost(Call &&call)
     if (completes(call) || self.isNull()) {
         return;
     }
-    for (ParamPage *const page : m_pages) {
-        completes([page] { page == nullptr ? void() : page->rollBack(); });
+    for (ParamPage *const page : qAsConst(m_pages)) {
+        completes([page] { page->rollBack(); });
     }
     reject();
 }
@@ -294,11 +318,10 @@ void SimpleExtendcfgdlg::savePages()
     const QPointer<SimpleExtendcfgdlg> self(this);
     m_firstRefused.clear();
     bool ok = true;
-    for (ParamPage *const page : m_pages) {
-        // Every page is saved, also after another one has refused.
-        ok = (page == nullptr || page->saveData()) && ok;
+    for (ParamPage *const page : qAsConst(m_pages)) {
+        ok = page->saveData() && ok; // every page is saved, even after a refusal
         if (self.isNull()) {
-            return; // the host has destroyed the dialog while a page's message was open
+            return; // the host has destroyed the dialog while a page's message box was open
         }
     }
     if (ok) {
@@ -323,7 +346,7 @@ void SimpleExtendcfgdlg::revealField(QWidget *field)
             m_tree->setCurrentItem(it.key());
         }
     }
-    field->setFocus(Qt::OtherFocusReason); // its page scrolls to it
+    field->setFocus(Qt::OtherFocusReason); // EditorGuard scrolls to it
     if (auto *spinBox = qobject_cast<QAbstractSpinBox *>(field)) {
         spinBox->selectAll();
     }

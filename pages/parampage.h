@@ -1,27 +1,25 @@
-// What all pages of the properties dialog share.
+// The base classes of the pages of the properties dialog.
 #pragma once
 
 #include <QMessageBox>
 #include <QWidget>
 
 class QBoxLayout;
-class QComboBox;
 class QLabel;
 class QPushButton;
-class QVBoxLayout;
 struct SimpleExtendPar;
 
-/// One group of parameters of a module.
+/// A page for one group of a module's parameters.
 ///
-/// A page shows the record from its construction on and writes it only in saveData(). The record is not owned
-/// and must outlive the page. The last statement of a page's constructor is setUp().
+/// A page shows the record when it is constructed and writes it only in saveData(). It does not own the record, which
+/// must outlive it. The last statement of a page's constructor is setUp().
 class ParamPage : public QWidget {
     Q_OBJECT
 public:
-    /// Shows @p par, the module's record or a default record, in the controls.
+    /// Shows the values of @p par, the module's record or a default record.
     virtual void initData(SimpleExtendPar *par) = 0;
-    /// Writes the controls into the record. False after a refusal that the user has been told about; what was
-    /// written before the refusal stays written.
+    /// Writes the shown values into the record. Returns false after a refusal, which the page has explained in a
+    /// message box; values written before the refusal stay written.
     virtual bool saveData() = 0;
     /// Reverts record changes that must not survive a dialog that is not accepted. Most pages have none: values written
     /// by a refused OK stay written.
@@ -30,73 +28,83 @@ public:
     virtual void rollBack() {}
 
 signals:
-    /// The value in @p field is about to be refused with a message.
+    /// Emitted before the message box that refuses the value in @p field.
     void signal_refused(QWidget *field);
 
 protected:
-    /// The page takes over the window title of @p parent for its messages.
+    /// The page uses the window title of @p parent in its message boxes.
     ParamPage(SimpleExtendPar *par, QWidget *parent);
 
-    /// Builds, wires and shows the page, in this order.
+    /// Builds, connects and fills the page, in this order.
     void setUp();
 
     virtual void initUI() = 0;
-    virtual void initConnect() = 0;
-    /// Sets the sizes that depend on the font; called once the page is built and whenever its font changes.
+    virtual void initConnect() {}
+    /// Sets the sizes that depend on the font. Called after initUI() and whenever the font of the page changes.
     virtual void fitToFont() {}
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
     /// Refuses the value in @p field: emits signal_refused, then shows @p text in a box with one OK button. Returns
     /// false, which saveData must return at once: the host may have destroyed the page while the box was open.
     bool refuse(QWidget *field, QMessageBox::Icon icon, const QString &text);
 
-    /// The word-wrapped text that says what the page is for.
+    /// Returns the word-wrapped text that describes the page.
     static QLabel *newDescription(const QString &text);
-    /// The "Defaults" button, which the page places.
-    QPushButton *newDefaultsButton();
-    /// The same button in its usual place, at the right of a row of its own.
-    void addDefaultsButton(QBoxLayout *layout);
     static QPushButton *newButton(const QString &text, const QString &objectName);
-    /// A label that leads to @p editor.
+    /// Returns a label whose buddy is @p editor.
     static QLabel *newLabel(const QString &text, QWidget *editor);
-    /// Names @p editor of @p channel for programs ("inputRange_3", from the stem) and for people ("Channel 3,
-    /// Input Range", from the translated @p column). Assistive technology sees no headers over cell widgets.
-    static void nameEditor(QWidget *editor, const QString &stem, int channel, const QString &column);
+
+    /// Registers the editor of @p channel, counted from 0, under the name of its column. Its object name becomes the
+    /// two joined, such as "inputRange_3". Every editor of a channel is registered exactly once.
+    static void registerEditor(const char *stem, int channel, QWidget *editor);
+    /// Also describes the editor as, for instance, "Channel 3, Input Range", with the translated @p title, because
+    /// assistive technology does not read headers for the editors of a table.
+    static void registerEditor(const char *stem, int channel, QWidget *editor, const QString &title);
     /// Sets @p name as accessible name and description; the description contains the tool tip as well. Qt reports the
     /// current text of a combo box in place of its accessible name.
     static void describeEditor(QWidget *editor, const QString &name);
-    /// Writes the position of the choice; without a selection the value that has no choice stays as it is stored.
-    static void storeSelection(const QComboBox *editor, quint8 &stored);
-    /// The layout for all that the page consists of; a page that is larger than its place scrolls.
-    QVBoxLayout *newPageLayout();
-    /// The rows of a page, as many as there are channels: they scroll by themselves, so that the buttons below them
-    /// can be seen, and stay together at the top. The area becomes the parent of @p rows, which has its layout.
-    static QWidget *newRowArea(QWidget *rows);
 
     SimpleExtendPar *m_par;
-    QPushButton *m_btnDefault = nullptr; ///< null until newDefaultsButton() was called
+};
+
+/// A page with a "Defaults" button.
+class DefaultsPage : public ParamPage {
+    Q_OBJECT
+public slots:
+    /// Shows the default values. The record stays unchanged.
+    virtual void slot_btnDefault_clicked() = 0;
+
+protected:
+    using ParamPage::ParamPage;
+
+    /// Connects the button. An override calls this function first.
+    void initConnect() override;
+
+    /// Returns the button. The caller adds it to a layout.
+    QPushButton *newDefaultsButton();
+    /// Adds the button at the right of its own row.
+    void addDefaultsButton(QBoxLayout *layout);
+
+private:
+    QPushButton *m_btnDefault = nullptr;
 };
 
 /// A page that takes its default values from the dialog's default record.
-class DefaultsPage : public ParamPage {
+class RecordDefaultsPage : public DefaultsPage {
     Q_OBJECT
 signals:
-    /// Asks for the default record, which stays with the receiver. Null when it cannot be built or when nobody
-    /// listens.
+    /// Requests the default record, which the receiver owns. Returns null if it cannot be built or no receiver is
+    /// connected.
     SimpleExtendPar *signal_requestDefaultPar();
 
 public slots:
-    /// Shows the default values. The record is asked for once and kept; as long as there is none, the controls stay
-    /// as they are.
-    void slot_btnDefault_clicked();
+    /// Shows the default record. The controls stay unchanged if there is none.
+    void slot_btnDefault_clicked() override;
 
 protected:
-    /// @p defaultPar may be null, it is then asked for when needed.
-    DefaultsPage(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+    /// @p defaultPar may be null. The page then requests the record when it is needed for the first time.
+    RecordDefaultsPage(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
-    /// Wires the "Defaults" button; a page with more to wire calls this as well.
-    void initConnect() override;
-
+private:
     SimpleExtendPar *m_defaultPar;
 };

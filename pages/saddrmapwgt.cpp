@@ -12,42 +12,36 @@
 #include <QLabel>
 #include <QToolTip>
 
+#include <algorithm>
+#include <array>
 #include <limits>
 
 namespace {
 
-/// The host's name for the size of an area that a range of the direction may be in. Empty for any other area.
-QString inputRangeName(quint8 area)
+/// An area that a range of a direction may be in.
+struct NamedArea {
+    VarArea area;
+    const char *name; ///< the host's name for the size of the area
+};
+using NamedAreas = std::array<NamedArea, 3>;
+
+constexpr NamedAreas inputAreas = {
+    {{VarArea::AnalogInput, "AIEx"}, {VarArea::DigitalInput, "IEx"}, {VarArea::Variable, "V"}}};
+constexpr NamedAreas outputAreas = {
+    {{VarArea::AnalogOutput, "AQEx"}, {VarArea::DigitalOutput, "QEx"}, {VarArea::Variable, "V"}}};
+
+/// Returns the name of an area; an empty string if @p areas does not contain it.
+QString nameOf(const NamedAreas &areas, quint8 area)
 {
-    switch (static_cast<VarArea>(area)) {
-    case VarArea::AnalogInput:
-        return QStringLiteral("AIEx");
-    case VarArea::DigitalInput:
-        return QStringLiteral("IEx");
-    case VarArea::Variable:
-        return QStringLiteral("V");
-    default:
-        return {};
-    }
+    const auto *const found = std::find_if(areas.begin(), areas.end(), [area](const NamedArea &candidate) {
+        return static_cast<quint8>(candidate.area) == area;
+    });
+    return found == areas.end() ? QString() : QString::fromLatin1(found->name);
 }
 
-QString outputRangeName(quint8 area)
-{
-    switch (static_cast<VarArea>(area)) {
-    case VarArea::AnalogOutput:
-        return QStringLiteral("AQEx");
-    case VarArea::DigitalOutput:
-        return QStringLiteral("QEx");
-    case VarArea::Variable:
-        return QStringLiteral("V");
-    default:
-        return {};
-    }
-}
-
-/// Highest start of @p range in the area that the host calls @p name; 0 without a name. The arithmetic is unsigned
-/// and may wrap. It is intended that the count of word channels is subtracted twice and the rest multiplied by the
-/// unit, because stations rely on it.
+/// Returns the highest start of @p range in the area that the host calls @p name; 0 without a name. The arithmetic is
+/// unsigned and may wrap. It is intended that the count of word channels is subtracted twice and the rest multiplied by
+/// the unit, because existing projects rely on it.
 quint32 highestStart(const QString &owner, const IoMap &range, const QString &name)
 {
     if (name.isEmpty()) {
@@ -60,7 +54,7 @@ quint32 highestStart(const QString &owner, const IoMap &range, const QString &na
     if (!name.endsWith(QLatin1String("Ex"))) {
         return size - unit * count;
     }
-    return unit == 0 ? size - (count + 7) / 8 : (size - unit * count - count) * unit;
+    return unit == 0 ? size - static_cast<quint32>(bytesOfChannels(0, count)) : (size - unit * count - count) * unit;
 }
 
 } // namespace
@@ -73,7 +67,7 @@ SAddrMapWgt::SAddrMapWgt(SimpleExtendPar *par, SimpleExtendPar * /*defaultPar*/,
 
 SAddrMapWgt::~SAddrMapWgt()
 {
-    // A start that has the focus reports the end of editing when QWidget deletes it; this is no page any more by then.
+    // A focused start emits editingFinished while QWidget deletes it, when SAddrMapWgt is already destroyed.
     m_input.start->disconnect(this);
     m_output.start->disconnect(this);
 }
@@ -109,7 +103,7 @@ QGroupBox *SAddrMapWgt::newGroup(Direction &direction, const QString &title, con
         editor->setObjectName(stem + QLatin1String(name));
         QString plainText = text;
         while (!plainText.isEmpty() && plainText.back().isPunct()) {
-            plainText.chop(1); // the colon, whatever it is in this language
+            plainText.chop(1); // the colon of the language
         }
         describeEditor(editor, QStringLiteral("%1, %2").arg(title, plainText));
         grid->addWidget(newLabel(text, editor), row, column);
@@ -121,7 +115,7 @@ QGroupBox *SAddrMapWgt::newGroup(Direction &direction, const QString &title, con
     add(1, 1, tr("Length"), direction.length, "Length");
     add(1, 3, tr("Unit"), direction.unit, "Unit");
     add(2, 1, tr("Memory:"), direction.memory, "Memory");
-    direction.memory->setAccessibleName(QString()); // its text is to be heard
+    direction.memory->setAccessibleName(QString()); // assistive technology then reads the text of the label
     grid->setColumnStretch(2, 1);
     grid->setColumnStretch(4, 1);
     return direction.group;
@@ -131,29 +125,34 @@ void SAddrMapWgt::initConnect()
 {
     connect(m_input.start, &MSpinBoxEx::editingFinished, this, &SAddrMapWgt::slot_editingInputFinished);
     connect(m_output.start, &MSpinBoxEx::editingFinished, this, &SAddrMapWgt::slot_editingOutputFinished);
+    m_input.start->installEventFilter(this);
+    m_output.start->installEventFilter(this);
 }
 
 void SAddrMapWgt::initData(SimpleExtendPar *par)
 {
-    showRange(m_input, par->inMap, inputRangeName(par->inMap.area));
-    showRange(m_output, par->outMap, outputRangeName(par->outMap.area));
+    showRange(m_input, par->inMap, nameOf(inputAreas, par->inMap.area));
+    showRange(m_output, par->outMap, nameOf(outputAreas, par->outMap.area));
 }
 
 void SAddrMapWgt::showRange(Direction &direction, const IoMap &range, const QString &areaName)
 {
     constexpr quint32 maximumStart = std::numeric_limits<quint16>::max();
+    const bool isBits = range.unit == 0;
+    const int unitIndex = choices::addressUnits.indexOf(isBits ? 1 : range.unit);
+    direction.unitSize = unitIndex < 0 ? 0 : choices::addressUnits.at(unitIndex).code;
+    direction.unitCount = isBits ? static_cast<int>(bytesOfChannels(0, range.count)) : range.count;
     direction.highestStart = static_cast<int>(qMin(highestStart(m_par->memoryOwner, range, areaName), maximumStart));
     direction.acceptedStart = range.start;
+
     // An allocator may have placed the range above the highest start. It stays there until the user moves it.
     direction.start->setRange(0, qMax<int>(direction.highestStart, range.start));
     direction.start->setToolTip(QStringLiteral("0~%1").arg(direction.highestStart));
     describeEditor(direction.start, direction.start->accessibleName());
     direction.start->setValue(range.start);
-
-    const bool isBits = range.unit == 0;
-    direction.length->setValue(isBits ? (range.count + 7) / 8 : range.count);
-    direction.unit->setCurrentIndex(choices::addressUnits.indexOf(isBits ? 1 : range.unit));
-    direction.start->setSingleStep(isUnitEven(direction) ? 2 : 1);
+    direction.start->setSingleStep(direction.isUnitEven() ? 2 : 1);
+    direction.length->setValue(direction.unitCount);
+    direction.unit->setCurrentIndex(unitIndex);
     direction.memory->setText(QString(areaName).remove(QStringLiteral("Ex")));
     direction.group->setEnabled(range.count != 0);
     checkStart(direction);
@@ -188,7 +187,7 @@ bool SAddrMapWgt::checkStart(Direction &direction)
 {
     direction.start->interpretText();
     const int start = direction.start->value();
-    const bool isAligned = !isUnitEven(direction) || start % 2 == 0;
+    const bool isAligned = !direction.isUnitEven() || start % 2 == 0;
     const bool isAccepted = start == direction.acceptedStart || (isAligned && start <= direction.highestStart);
     if (isAccepted) {
         direction.acceptedStart = start;
@@ -197,50 +196,38 @@ bool SAddrMapWgt::checkStart(Direction &direction)
         direction.start->setValue(direction.acceptedStart);
         explainStart(direction);
     }
-    const bool hasChannels = direction.length->value() != 0;
-    direction.end->setText(hasChannels ? QString::number(direction.acceptedStart + rangeLength(direction) - 1)
-                                       : QString());
+    const int end = direction.acceptedStart + direction.byteCount() - 1;
+    direction.end->setText(direction.unitCount == 0 ? QString() : QString::number(end));
     return isAccepted;
 }
 
 void SAddrMapWgt::explainStart(const Direction &direction)
 {
     if (!direction.start->isVisible()) {
-        return; // the tool tip would appear anywhere on the screen
+        return; // the tool tip would appear somewhere on the screen
     }
-    const QString text = isUnitEven(direction) ? tr("The start must be an even number from 0 to %1.")
-                                               : tr("The start must be a number from 0 to %1.");
+    const QString text = direction.isUnitEven() ? tr("The start must be an even number from 0 to %1.")
+                                                : tr("The start must be a number from 0 to %1.");
     const QPoint place = direction.start->mapToGlobal(direction.start->rect().bottomLeft());
     QToolTip::showText(place, text.arg(direction.highestStart), direction.start);
 }
 
-bool SAddrMapWgt::isUnitEven(const Direction &direction)
-{
-    return direction.unit->currentData().toInt() % 2 == 0;
-}
-
-/// Bytes of the range, kept to eight bits on purpose: longer ranges have always been moved so.
-int SAddrMapWgt::rangeLength(const Direction &direction)
-{
-    return static_cast<quint8>(direction.unit->currentData().toInt() * direction.length->value());
-}
-
 bool SAddrMapWgt::saveData()
 {
-    // OK may come while a start is still being typed.
+    // OK can be pressed while a start is edited.
     checkStart(m_input);
     checkStart(m_output);
 
     backupUsedMemory(m_par->memoryOwner);
     m_snapshots.append(Changes());
-    if (const qint32 answer = move(m_input, m_par->inMap, m_snapshots.last().input); answer != memoryHeld) {
-        return takeBack(m_input, answer);
+    if (const qint32 answer = moveRange(m_input, m_par->inMap, m_snapshots.last().input); answer != memoryHeld) {
+        return rejectStart(m_input, answer);
     }
     if (!isMoved(m_output, m_par->outMap)) {
-        return true; // the snapshot stays open on purpose; what ends the one before the dialog ends it
+        return true; // intended: the snapshot stays open until the one from before the dialog ends
     }
-    if (const qint32 answer = move(m_output, m_par->outMap, m_snapshots.last().output); answer != memoryHeld) {
-        return takeBack(m_output, answer);
+    if (const qint32 answer = moveRange(m_output, m_par->outMap, m_snapshots.last().output); answer != memoryHeld) {
+        return rejectStart(m_output, answer);
     }
     popBackupMemory(m_par->memoryOwner);
     const Changes changes = m_snapshots.takeLast();
@@ -254,16 +241,16 @@ bool SAddrMapWgt::isMoved(const Direction &direction, const IoMap &range)
     return range.count != 0 && direction.start->value() != range.start;
 }
 
-/// Returns getMemory's answer, also when there is nothing to move.
-qint32 SAddrMapWgt::move(const Direction &direction, IoMap &range, Change &change)
+/// Returns the answer of getMemory; memoryHeld if there is nothing to move.
+qint32 SAddrMapWgt::moveRange(const Direction &direction, IoMap &range, Change &change)
 {
     if (!isMoved(direction, range)) {
         return memoryHeld;
     }
     const auto area = static_cast<VarArea>(range.area);
     const int start = direction.start->value();
-    freeMemory(m_par->memoryOwner, area, range.start, rangeLength(direction));
-    const qint32 answer = getMemory(m_par->memoryOwner, area, start, rangeLength(direction));
+    freeMemory(m_par->memoryOwner, area, range.start, direction.byteCount());
+    const qint32 answer = getMemory(m_par->memoryOwner, area, start, direction.byteCount());
     if (answer == memoryHeld) {
         change.add(range.start, static_cast<quint16>(start));
         range.start = change.after;
@@ -271,10 +258,10 @@ qint32 SAddrMapWgt::move(const Direction &direction, IoMap &range, Change &chang
     return answer;
 }
 
-bool SAddrMapWgt::takeBack(const Direction &refused, qint32 errorCode)
+bool SAddrMapWgt::rejectStart(const Direction &direction, qint32 errorCode)
 {
     restoreSnapshot();
-    return refuse(refused.start, QMessageBox::Warning, getMemoryErrStrByErrCode(errorCode));
+    return refuse(direction.start, QMessageBox::Warning, getMemoryErrStrByErrCode(errorCode));
 }
 
 /// Restores the page's latest open snapshot and the starts that belong to it.

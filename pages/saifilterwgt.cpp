@@ -1,35 +1,61 @@
 #include "saifilterwgt.h"
 
 #include "basewidgets.h"
-#include "choices.h"
-#include "simpleextendpar.h"
+#include "scrollareas.h"
 #include "wrappedlabel.h"
 
-#include <QCheckBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <array>
+
 namespace {
 
-constexpr int deadbandMaximum = 4080; ///< raw analog units, as the step
-constexpr int deadbandStep = 16;
 constexpr int bytesPerChannel = 2;
+
+using Field = ChannelField<AiFilter>;
+
+constexpr Field filterOnField = channelField<fields::Switch, &AiFilter::filterOn>(
+    QT_TRANSLATE_NOOP("SAIFilterWgt", "Whether to Filter"), "filterOn");
+constexpr Field samplesField = channelField<&AiFilter::samples>(QT_TRANSLATE_NOOP("SAIFilterWgt", "Number of Samples"),
+                                                                "samples", choices::sampleCounts);
+constexpr Field deadbandField = channelField<fields::Number, &AiFilter::deadband>(
+    QT_TRANSLATE_NOOP("SAIFilterWgt", "Deadband(16 - 4080, 0 = forbid)"), "deadband", limits::deadband);
+
+/// All columns, from left to right.
+constexpr std::array columns = {filterOnField, samplesField, deadbandField};
+
+QWidget *newEditor(const Field &field, int channel, QWidget *parent)
+{
+    if (field.choices != nullptr) {
+        auto *editor = new QComboBox(parent);
+        editor->addItems(field.choices->texts());
+        return editor;
+    }
+    if (field.limits.maximum != 0) {
+        auto *editor = new MSpinBoxDeadBand(parent);
+        editor->setRange(field.limits.minimum, field.limits.maximum);
+        editor->setSingleStep(field.limits.step);
+        return editor;
+    }
+    return new QCheckBox(QStringLiteral("AIW%1").arg(bytesPerChannel * channel), parent);
+}
 
 } // namespace
 
 SAIFilterWgt::SAIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent)
-    : DefaultsPage(par, defaultPar, parent)
+    : RecordDefaultsPage(par, defaultPar, parent)
 {
     setUp();
 }
 
 void SAIFilterWgt::initUI()
 {
-    QVBoxLayout *layout = newPageLayout();
-    // The missing blank after "taken," is part of the text, which the translations know it by.
+    QVBoxLayout *layout = newPageLayout(this);
+    // The missing space after "taken," is intended: the prescribed text has none.
     layout->addWidget(newDescription(
         tr("The analog value the PLC used is the average of the number of samples taken,if the Analog Input Filter is "
            "selected. If the actual analog value exceeds the average value by more than the deadband, the average "
@@ -52,26 +78,22 @@ QWidget *SAIFilterWgt::newChannelGrid()
 {
     auto *channels = new QWidget;
     auto *grid = new QGridLayout(channels);
-    const QStringList titles = {tr("Whether to Filter"), tr("Number of Samples"),
-                                tr("Deadband(16 - 4080, 0 = forbid)")};
-    for (int column = 0; column < titles.size(); ++column) {
-        grid->addWidget(new WrappedLabel(titles.at(column)), 0, column);
-        grid->setColumnStretch(column, 1);
+    QStringList titles;
+    for (const Field &field : columns) {
+        const int place = titles.size();
+        titles.append(tr(field.title));
+        grid->addWidget(new WrappedLabel(titles.last()), 0, place);
+        grid->setColumnStretch(place, 1);
     }
-    const QStringList sampleCounts = choices::sampleCounts.texts();
     for (int channel = 0; channel < m_par->aiCount; ++channel) {
-        const Row row{new QCheckBox(QStringLiteral("AIW%1").arg(bytesPerChannel * channel), channels),
-                      new QComboBox(channels), new MSpinBoxDeadBand(channels)};
-        nameEditor(row.filterOn, QStringLiteral("filterOn"), channel, titles.at(0));
-        nameEditor(row.samples, QStringLiteral("samples"), channel, titles.at(1));
-        nameEditor(row.deadband, QStringLiteral("deadband"), channel, titles.at(2));
-        row.samples->addItems(sampleCounts);
-        row.deadband->setRange(0, deadbandMaximum);
-        row.deadband->setSingleStep(deadbandStep);
-        grid->addWidget(row.filterOn, channel + 1, 0);
-        grid->addWidget(row.samples, channel + 1, 1);
-        grid->addWidget(row.deadband, channel + 1, 2);
-        m_rows.append(row);
+        int place = 0;
+        for (const Field &field : columns) {
+            QWidget *editor = newEditor(field, channel, channels);
+            registerEditor(field.stem, channel, editor, titles.at(place));
+            m_editors.add(field, channel, editor);
+            grid->addWidget(editor, channel + 1, place);
+            ++place;
+        }
     }
     grid->addItem(new QSpacerItem(10, 10, QSizePolicy::Minimum, QSizePolicy::Expanding), m_par->aiCount + 2, 2);
     return channels;
@@ -79,35 +101,27 @@ QWidget *SAIFilterWgt::newChannelGrid()
 
 void SAIFilterWgt::initConnect()
 {
-    DefaultsPage::initConnect();
+    RecordDefaultsPage::initConnect();
     connect(m_btnSelectAll, &QPushButton::clicked, this, &SAIFilterWgt::slot_btnSelectAll_clicked);
     connect(m_btnCancelAll, &QPushButton::clicked, this, &SAIFilterWgt::slot_btnCancelAll_clicked);
 }
 
 void SAIFilterWgt::initData(SimpleExtendPar *par)
 {
-    for (int channel = 0; channel < m_rows.size(); ++channel) {
-        const Row &row = m_rows.at(channel);
-        const AiFilter filter = par->aiFilter.value(static_cast<quint8>(channel));
-        row.filterOn->setChecked(filter.filterOn == 1);
-        row.samples->setCurrentIndex(filter.samples);
-        row.deadband->setValue(filter.deadband);
-    }
+    m_editors.show(par->aiFilter);
 }
 
 bool SAIFilterWgt::saveData()
 {
-    for (int channel = 0; channel < m_rows.size(); ++channel) {
-        const Row &row = m_rows.at(channel);
+    for (int channel = 0; channel < m_editors.channelCount(); ++channel) {
         AiFilter &filter = m_par->aiFilter[static_cast<quint8>(channel)];
-        filter.filterOn = row.filterOn->isChecked() ? 1 : 0;
-        storeSelection(row.samples, filter.samples);
-        // Channel by channel on purpose: what stands before the refused value stays written.
-        if (row.deadband->value() % deadbandStep != 0) {
-            return refuse(row.deadband, QMessageBox::Warning,
+        const quint16 storedDeadband = filter.deadband;
+        m_editors.store(channel, filter);
+        if (!limits::deadband.contains(filter.deadband)) {
+            filter.deadband = storedDeadband; // intended: all values before the refused one stay written
+            return refuse(m_editors.at(deadbandField, channel), QMessageBox::Warning,
                           tr("The value of deadband must be multiples of sixteen."));
         }
-        filter.deadband = static_cast<quint16>(row.deadband->value());
     }
     return true;
 }
@@ -124,7 +138,7 @@ void SAIFilterWgt::slot_btnCancelAll_clicked()
 
 void SAIFilterWgt::setAllFiltered(bool filtered)
 {
-    for (const Row &row : qAsConst(m_rows)) {
-        row.filterOn->setChecked(filtered);
+    for (int channel = 0; channel < m_editors.channelCount(); ++channel) {
+        m_editors.at<QCheckBox>(filterOnField, channel)->setChecked(filtered);
     }
 }

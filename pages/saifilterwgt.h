@@ -1,23 +1,19 @@
 // Analog input filter page.
 #pragma once
 
+#include "channelfield.h"
 #include "parampage.h"
-
-#include <QVector>
-
-class MSpinBoxDeadBand;
-class QCheckBox;
-class QComboBox;
+#include "simpleextendpar.h"
 
 /// Whether and how each analog input is averaged.
-class SAIFilterWgt : public DefaultsPage {
+class SAIFilterWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
     SAIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
-    /// Refuses the first deadband that is not a multiple of 16. The channels before it and the other two values of
-    /// its own channel stay written.
+    /// Refuses the first deadband that is not a multiple of 16. The channels before it and the other two values of its
+    /// channel stay written.
     bool saveData() override;
 
 public slots:
@@ -29,16 +25,10 @@ protected:
     void initConnect() override;
 
 private:
-    struct Row {
-        QCheckBox *filterOn;
-        QComboBox *samples;
-        MSpinBoxDeadBand *deadband;
-    };
-
     QWidget *newChannelGrid();
     void setAllFiltered(bool filtered);
 
-    QVector<Row> m_rows; ///< by channel
+    ChannelEditors<AiFilter> m_editors;
     QPushButton *m_btnSelectAll = nullptr;
     QPushButton *m_btnCancelAll = nullptr;
 };

@@ -14,105 +14,94 @@
 
 namespace {
 
-constexpr int familyCount = 3;
+constexpr std::size_t familyCount = ResistanceThermometer + 1;
 constexpr quint32 voltageCurrentModule = 13395;
-constexpr int channelColumnWidth = 60; ///< pixels
+constexpr int minimumChannelColumnWidth = 60; ///< pixels
 
 struct RangeColumn {
-    const char *title;
-    const char *stem; ///< of the editors' object names
+    const char *title; ///< English
+    const char *stem;  ///< of the editors' object names
     AiRangeByte byte;
-    int width;                                           ///< pixels, as long as title and editors need no more
-    std::array<const ChoiceList *, familyCount> choices; ///< by signal family; null = the family has no such column
+    int minimumWidth;                                    ///< pixels
+    std::array<const ChoiceList *, familyCount> choices; ///< by SignalFamily; null = the family has no such column
 };
 
-/// All columns after the channel's, in their order from left to right.
-constexpr std::array<RangeColumn, AiRangeByteCount> rangeColumns = {{
-    {QT_TRANSLATE_NOOP("SAIRangeWgt", "Enable"),
-     "enable",
-     AiEnable,
-     80,
-     {&choices::enable, &choices::enable, &choices::enable}},
-    {QT_TRANSLATE_NOOP("SAIRangeWgt", "Filter Time"),
-     "filterTime",
-     AiFilterTime,
-     80,
-     {&choices::filterTimes, &choices::temperatureFilterTimes, &choices::temperatureFilterTimes}},
-    {QT_TRANSLATE_NOOP("SAIRangeWgt", "Input Range"),
-     "inputRange",
-     AiInputRange,
-     150,
-     {&choices::inputRanges, &choices::thermocoupleRanges, &choices::resistanceRanges}},
-    {QT_TRANSLATE_NOOP("SAIRangeWgt", "Open Wire Detect"),
-     "openWire",
-     AiOpenWire,
-     130,
-     {&choices::openWire, &choices::enable, &choices::enable}},
-    {QT_TRANSLATE_NOOP("SAIRangeWgt", "Direction"),
-     "direction",
-     AiDirection,
-     80,
-     {&choices::directions, &choices::directions, &choices::directions}},
-    {QT_TRANSLATE_NOOP("SAIRangeWgt", "Cold Junction"),
-     "coldJunction",
-     AiColdJunction,
-     130,
-     {nullptr, &choices::enable, nullptr}},
-    {QT_TRANSLATE_NOOP("SAIRangeWgt", "Wiring Scheme"),
-     "wiringScheme",
-     AiWiringScheme,
-     130,
-     {nullptr, nullptr, &choices::wiringSchemes}},
-    {QT_TRANSLATE_NOOP("SAIRangeWgt", "Temperature Scale"),
-     "temperatureScale",
-     AiTemperatureScale,
-     130,
-     {nullptr, &choices::temperatureScales, &choices::temperatureScales}},
-}};
+constexpr RangeColumn column(const char *title, const char *stem, AiRangeByte byte, int minimumWidth,
+                             const ChoiceList *voltageCurrent, const ChoiceList *thermocouple,
+                             const ChoiceList *resistance)
+{
+    return {title, stem, byte, minimumWidth, {voltageCurrent, thermocouple, resistance}};
+}
+
+/// All columns after the channel's, from left to right.
+constexpr std::array rangeColumns = {
+    column(QT_TRANSLATE_NOOP("SAIRangeWgt", "Enable"), "enable", AiEnable, 80, &choices::enable, &choices::enable,
+           &choices::enable),
+    column(QT_TRANSLATE_NOOP("SAIRangeWgt", "Filter Time"), "filterTime", AiFilterTime, 80, &choices::filterTimes,
+           &choices::temperatureFilterTimes, &choices::temperatureFilterTimes),
+    column(QT_TRANSLATE_NOOP("SAIRangeWgt", "Input Range"), "inputRange", AiInputRange, 150, &choices::inputRanges,
+           &choices::thermocoupleRanges, &choices::resistanceRanges),
+    column(QT_TRANSLATE_NOOP("SAIRangeWgt", "Open Wire Detect"), "openWire", AiOpenWire, 130, &choices::openWire,
+           &choices::enable, &choices::enable),
+    column(QT_TRANSLATE_NOOP("SAIRangeWgt", "Direction"), "direction", AiDirection, 80, &choices::directions,
+           &choices::directions, &choices::directions),
+    column(QT_TRANSLATE_NOOP("SAIRangeWgt", "Cold Junction"), "coldJunction", AiColdJunction, 130, nullptr,
+           &choices::enable, nullptr),
+    column(QT_TRANSLATE_NOOP("SAIRangeWgt", "Wiring Scheme"), "wiringScheme", AiWiringScheme, 130, nullptr, nullptr,
+           &choices::wiringSchemes),
+    column(QT_TRANSLATE_NOOP("SAIRangeWgt", "Temperature Scale"), "temperatureScale", AiTemperatureScale, 130, nullptr,
+           &choices::temperatureScales, &choices::temperatureScales),
+};
 
 enum WireDetection { WireDetectionOn = 1, WireDetectionInvalid = 2 };
 
-/// Position of "4~20mA" among the voltage and current ranges.
+/// Position of "4~20mA" in choices::inputRanges.
 constexpr int liveZeroRange = 3;
 
-/// False for what only a damaged or foreign record holds; such a channel is shown without editors.
-bool isFamily(int family)
+/// Returns false for a value that only a damaged or foreign record contains. Such a channel has no editors.
+bool isFamily(quint8 family)
 {
     return family < familyCount;
 }
 
-/// The columns of a signal family after the channel's, from left to right.
-QVector<const RangeColumn *> columnsOf(int family)
+/// Returns the columns of a signal family after the channel's, from left to right.
+QVector<const RangeColumn *> columnsOf(quint8 family)
 {
     QVector<const RangeColumn *> columns;
-    if (!isFamily(family)) {
-        return columns;
-    }
     for (const RangeColumn &column : rangeColumns) {
-        if (column.choices.at(static_cast<std::size_t>(family)) != nullptr) {
+        if (isFamily(family) && column.choices.at(family) != nullptr) {
             columns.append(&column);
         }
     }
     return columns;
 }
 
+/// Stores the position of the choice. Without a selection the stored value stays, because no choice shows it.
+void storeSelection(const QComboBox *editor, quint8 &stored)
+{
+    if (editor->currentIndex() >= 0) {
+        stored = static_cast<quint8>(editor->currentIndex());
+    }
+}
+
 } // namespace
 
 SAIRangeWgt::SAIRangeWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent)
-    : DefaultsPage(par, defaultPar, parent)
+    : RecordDefaultsPage(par, defaultPar, parent)
 {
     setUp();
 }
 
-int SAIRangeWgt::channelFamily(int channel) const
+quint8 SAIRangeWgt::channelFamily(int channel) const
 {
     return m_par->aiKind.value(static_cast<quint8>(channel));
 }
 
-/// Where the type code says nothing about the columns, the first channel does.
-int SAIRangeWgt::headerFamily() const
+/// Returns the family that the table has columns for: that of the type code if it is fixed, else that of the first
+/// channel.
+quint8 SAIRangeWgt::headerFamily() const
 {
-    const int family = factorySignalFamily(m_par->objId);
+    const quint8 family = factorySignalFamily(m_par->objId);
     if (family != VoltageCurrent || m_par->objId == voltageCurrentModule || !isFamily(channelFamily(0))) {
         return family;
     }
@@ -140,18 +129,17 @@ void SAIRangeWgt::initUI()
 SAIRangeWgt::Row SAIRangeWgt::newRow(int channel)
 {
     Row row{};
-    const int family = channelFamily(channel);
+    const quint8 family = channelFamily(channel);
     const QVector<const RangeColumn *> columns = columnsOf(family);
     for (int i = 0; i < columns.size(); ++i) {
         const RangeColumn &column = *columns.at(i);
-        QComboBox *editor =
-            m_table->newComboBox(*column.choices.at(static_cast<std::size_t>(family)), ChannelTable::NoData);
-        nameEditor(editor, QString::fromLatin1(column.stem), channel, tr(column.title));
+        QComboBox *editor = m_table->newComboBox(*column.choices.at(family), ChannelTable::NoData);
+        registerEditor(column.stem, channel, editor, tr(column.title));
         if (i + 1 < m_table->columnCount()) {
             m_table->setEditor(channel, i + 1, editor);
         } else {
-            // A channel of another family than the header's may have more columns than the table. Its hidden editors
-            // still load default values and save.
+            // A channel whose family differs from the header's may have more columns than the table. Its hidden
+            // editors still show default values and are saved.
             editor->hide();
         }
         row.at(column.byte) = editor;
@@ -165,7 +153,7 @@ SAIRangeWgt::Row SAIRangeWgt::newRow(int channel)
 
 void SAIRangeWgt::initConnect()
 {
-    DefaultsPage::initConnect();
+    RecordDefaultsPage::initConnect();
     for (const Row &row : qAsConst(m_rows)) {
         if (row[AiInputRange] != nullptr) {
             connect(row[AiInputRange], QOverload<int>::of(&QComboBox::currentIndexChanged), this,
@@ -176,15 +164,15 @@ void SAIRangeWgt::initConnect()
 
 void SAIRangeWgt::fitToFont()
 {
-    QVector<int> widths{channelColumnWidth};
+    QVector<int> widths{minimumChannelColumnWidth};
     for (const RangeColumn *column : columnsOf(headerFamily())) {
-        widths.append(column->width);
+        widths.append(column->minimumWidth);
     }
     QVector<int> samples; // the first channel of each family
     std::array<bool, familyCount> sampled{};
     for (int channel = 0; channel < m_rows.size(); ++channel) {
-        const int family = channelFamily(channel);
-        if (isFamily(family) && !std::exchange(sampled.at(static_cast<std::size_t>(family)), true)) {
+        const quint8 family = channelFamily(channel);
+        if (isFamily(family) && !std::exchange(sampled.at(family), true)) {
             samples.append(channel);
         }
     }
@@ -199,7 +187,7 @@ void SAIRangeWgt::initData(SimpleExtendPar *par)
         if (row[AiInputRange] == nullptr) {
             continue;
         }
-        // The range comes first, because its change sets and disables Open Wire Detect.
+        // First the range, because its change sets and disables Open Wire Detect.
         row[AiInputRange]->setCurrentIndex(range[AiInputRange]);
         for (std::size_t byte = 0; byte < row.size(); ++byte) {
             const bool isFixed = byte == AiOpenWire && !row[AiOpenWire]->isEnabledTo(m_table);
@@ -229,8 +217,7 @@ bool SAIRangeWgt::saveData()
 
 void SAIRangeWgt::slot_inputRangeChange()
 {
-    // The slot is known by name and has no room for the channel, so that the sender has to tell it. Without one
-    // the first channel is meant.
+    // The signature of the slot is fixed, so the channel is derived from sender().
     const auto *const inputRange = sender();
     const auto *const found = std::find_if(m_rows.cbegin(), m_rows.cend(), [inputRange](const Row &row) {
         return inputRange != nullptr && row[AiInputRange] == inputRange;
@@ -243,7 +230,7 @@ void SAIRangeWgt::slot_inputRangeChange()
 
 void SAIRangeWgt::showWireDetection(const Row &row)
 {
-    // Only a range with a live zero has a current at which the wire must be broken.
+    // 4-20 mA is the only range with a live zero, so only there can a broken wire be detected.
     const bool offered = row[AiInputRange]->currentIndex() == liveZeroRange;
     row[AiOpenWire]->setCurrentIndex(offered ? WireDetectionOn : WireDetectionInvalid);
     row[AiOpenWire]->setEnabled(offered);

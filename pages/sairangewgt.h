@@ -12,17 +12,18 @@ class ChannelTable;
 class QComboBox;
 
 /// Range, filter time and wiring of each analog input, with the editors of the channel's signal family.
-class SAIRangeWgt : public DefaultsPage {
+class SAIRangeWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
     SAIRangeWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
-    /// Never refuses. A stored value that has no choice stays as it is until a choice is made.
+    /// Never refuses. A stored value without a choice stays until the user selects one.
     bool saveData() override;
 
 public slots:
-    /// Offers wire detection and direction of the sender's channel only where its range can tell a broken wire.
+    /// Enables wire detection and direction of the sender's channel only if a broken wire can be detected in its range.
+    /// Without a sender the first channel is updated.
     void slot_inputRangeChange();
 
 protected:
@@ -31,11 +32,11 @@ protected:
     void fitToFont() override;
 
 private:
-    /// Editors of a channel by AiRangeByte, null where its signal family has none.
+    /// The editors of a channel by AiRangeByte; null if its signal family does not have the byte.
     using Row = std::array<QComboBox *, AiRangeByteCount>;
 
-    int headerFamily() const;
-    int channelFamily(int channel) const;
+    quint8 headerFamily() const;
+    quint8 channelFamily(int channel) const;
     Row newRow(int channel);
     static void showWireDetection(const Row &row);
 

@@ -2,9 +2,8 @@
 
 #include "basewidgets.h"
 #include "lineedit.h"
-#include "simpleextendpar.h"
+#include "scrollareas.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -16,23 +15,26 @@
 
 namespace {
 
-constexpr int stopValueMinimum = -32000; ///< raw units, the same for every output range
-constexpr int stopValueMaximum = 32000;
-constexpr int stopValueWidth = 50; ///< pixels, as long as the font is small enough
+constexpr auto freezeField = channelField<fields::Switch, &AqOutTbl::freezeLast>(
+    QT_TRANSLATE_NOOP("SAQOutTblWgt", "Freeze outputs in last state"), "freeze");
+constexpr auto stopValueField = channelField<fields::NumberText, &AqOutTbl::stopValue>(
+    QT_TRANSLATE_NOOP("SAQOutTblWgt", "Values on transition from RUN to STOP"), "stopValue", limits::stopValue);
+constexpr int stopValueWidth = 50; ///< pixels, more if the font needs it
 constexpr int bytesPerChannel = 2;
 
-/// The width in which the longest value can be read.
+/// Returns the width, in pixels, that shows the longest value completely.
 int neededWidth(const LineEdit *edit)
 {
-    constexpr int textMargin = 2; // what the edit itself keeps free on either side of its text
+    constexpr int textMargin = 2; // of QLineEdit, on either side of the text
     QStyleOptionFrame option;
     option.initFrom(edit);
     option.lineWidth = edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, edit);
-    const int text = edit->fontMetrics().horizontalAdvance(QString::number(stopValueMinimum)) + 2 * textMargin + 1;
+    const int text =
+        edit->fontMetrics().horizontalAdvance(QString::number(limits::stopValue.minimum)) + 2 * textMargin + 1;
     return edit->style()->sizeFromContents(QStyle::CT_LineEdit, &option, QSize(text, 0), edit).width();
 }
 
-/// The numbers that saving can convert.
+/// Returns a locale that accepts only numbers that saveData() can convert.
 QLocale plainNumbers()
 {
     QLocale locale = QLocale::c();
@@ -43,41 +45,40 @@ QLocale plainNumbers()
 } // namespace
 
 SAQOutTblWgt::SAQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent)
-    : DefaultsPage(par, defaultPar, parent)
+    : RecordDefaultsPage(par, defaultPar, parent)
 {
     setUp();
 }
 
 void SAQOutTblWgt::initUI()
 {
-    QVBoxLayout *layout = newPageLayout();
+    QVBoxLayout *layout = newPageLayout(this);
     layout->addWidget(newDescription(
         tr("You can configure the value of each analog output on transition from RUN to STOP of the PLC.")));
     addDefaultsButton(layout);
 
-    auto *group = new QGroupBox(tr("Values on transition from RUN to STOP"));
+    const QString freezeText = tr(freezeField.title);
+    auto *group = new QGroupBox(tr(stopValueField.title));
     group->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     auto *channels = new QWidget;
     auto *grid = new QGridLayout(channels);
-    const QString freezeText = tr("Freeze outputs in last state");
-    const QString limits = QStringLiteral("%1~%2").arg(stopValueMinimum).arg(stopValueMaximum);
-    auto *validator = new CustomIntValidator(stopValueMinimum, stopValueMaximum, this);
+    auto *validator = new CustomIntValidator(limits::stopValue.minimum, limits::stopValue.maximum, this);
     validator->setLocale(plainNumbers());
     for (int channel = 0; channel < m_par->aqCount; ++channel) {
         auto *freeze = new QCheckBox(freezeText, channels);
-        nameEditor(freeze, QStringLiteral("freeze"), channel, freezeText);
+        registerEditor(freezeField.stem, channel, freeze, freezeText);
+        m_editors.add(freezeField, channel, freeze);
         auto *stopValue = new LineEdit(channels);
         stopValue->setValidator(validator);
         stopValue->setText(QStringLiteral("0"));
-        stopValue->setToolTip(limits);
-        nameEditor(stopValue, QStringLiteral("stopValue"), channel, group->title());
+        stopValue->setToolTip(stopValueField.limitsText());
+        registerEditor(stopValueField.stem, channel, stopValue, group->title());
+        m_editors.add(stopValueField, channel, stopValue);
         grid->addWidget(freeze, channel, 0);
         grid->addItem(new QSpacerItem(10, 10, QSizePolicy::Expanding, QSizePolicy::Minimum), channel, 1);
-        // The byte of the word within the module, whatever the module's address is.
+        // The offset of the word in the module, independent of the module's address.
         grid->addWidget(newLabel(QStringLiteral("AQW%1:").arg(bytesPerChannel * channel), stopValue), channel, 2);
         grid->addWidget(stopValue, channel, 3);
-        m_freeze.append(freeze);
-        m_stopValues.append(stopValue);
     }
     auto *groupLayout = new QVBoxLayout(group);
     groupLayout->addWidget(newRowArea(channels));
@@ -86,48 +87,40 @@ void SAQOutTblWgt::initUI()
 
 void SAQOutTblWgt::initConnect()
 {
-    DefaultsPage::initConnect();
-    for (const QCheckBox *freeze : qAsConst(m_freeze)) {
-        connect(freeze, &QCheckBox::toggled, this, &SAQOutTblWgt::slot_ckbFrzAna_toggled);
+    RecordDefaultsPage::initConnect();
+    for (int channel = 0; channel < m_editors.channelCount(); ++channel) {
+        connect(m_editors.at<QCheckBox>(freezeField, channel), &QCheckBox::toggled, this,
+                &SAQOutTblWgt::slot_ckbFrzAna_toggled);
     }
 }
 
 void SAQOutTblWgt::fitToFont()
 {
-    if (m_stopValues.isEmpty()) {
-        return;
-    }
-    const int width = qMax(stopValueWidth, neededWidth(m_stopValues.constFirst()));
-    for (LineEdit *stopValue : qAsConst(m_stopValues)) {
+    int width = 0;
+    for (int channel = 0; channel < m_editors.channelCount(); ++channel) {
+        auto *stopValue = m_editors.at<LineEdit>(stopValueField, channel);
+        width = width == 0 ? qMax(stopValueWidth, neededWidth(stopValue)) : width;
         stopValue->setFixedWidth(width);
     }
 }
 
 void SAQOutTblWgt::initData(SimpleExtendPar *par)
 {
-    const int channels = qMin<int>(par->aqCount, m_freeze.size());
-    for (int channel = 0; channel < channels; ++channel) {
-        const AqOutTbl output = par->aqOutTbl.value(static_cast<quint8>(channel));
-        m_freeze.at(channel)->setChecked(output.freezeLast == 1);
-        m_stopValues.at(channel)->setText(QString::number(output.stopValue));
-    }
+    m_editors.show(par->aqOutTbl, par->aqCount);
 }
 
 bool SAQOutTblWgt::saveData()
 {
-    for (int channel = 0; channel < m_freeze.size(); ++channel) {
-        AqOutTbl &output = m_par->aqOutTbl[static_cast<quint8>(channel)];
-        output.freezeLast = m_freeze.at(channel)->isChecked() ? 1 : 0;
-        output.stopValue = m_stopValues.at(channel)->text().toShort();
-    }
+    m_editors.store(m_par->aqOutTbl);
     return true;
 }
 
 void SAQOutTblWgt::slot_ckbFrzAna_toggled(bool checked)
 {
-    // The slot is known by name and has no room for the channel, so that the sender has to tell it.
-    const int channel = m_freeze.indexOf(qobject_cast<QCheckBox *>(sender()));
-    if (channel >= 0) {
-        m_stopValues.at(channel)->setEnabled(!checked);
+    // The signature of the slot is fixed, so the channel is derived from sender().
+    for (int channel = 0; channel < m_editors.channelCount(); ++channel) {
+        if (m_editors.at(freezeField, channel) == sender()) {
+            m_editors.at(stopValueField, channel)->setEnabled(!checked);
+        }
     }
 }

@@ -1,25 +1,22 @@
 // Analog output table page.
 #pragma once
 
+#include "channelfield.h"
 #include "parampage.h"
+#include "simpleextendpar.h"
 
-#include <QVector>
-
-class LineEdit;
-class QCheckBox;
-
-/// What each analog output does on the transition from RUN to STOP: keep its value or take the one given here.
-class SAQOutTblWgt : public DefaultsPage {
+/// What each analog output does on the transition from RUN to STOP: keep its value or take the stop value.
+class SAQOutTblWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
     SAQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
-    /// Never refuses; a text that is no 16-bit number counts as 0.
+    /// Never refuses. A text that is not a 16-bit number is stored as 0.
     bool saveData() override;
 
 public slots:
-    /// Enables the value of the sender's channel unless the channel is frozen; nothing without a sender.
+    /// Enables the stop value of the sender's channel if @p checked is false. No-op without a sender.
     void slot_ckbFrzAna_toggled(bool checked);
 
 protected:
@@ -28,6 +25,5 @@ protected:
     void fitToFont() override;
 
 private:
-    QVector<QCheckBox *> m_freeze;    ///< by channel
-    QVector<LineEdit *> m_stopValues; ///< by channel
+    ChannelEditors<AqOutTbl> m_editors;
 };

@@ -1,63 +1,69 @@
 #include "saqouttypewgt.h"
 
-#include "choices.h"
-#include "simpleextendpar.h"
+#include "scrollareas.h"
 
-#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <array>
+
 namespace {
 
-constexpr int headerHeight = 24; ///< pixels, as long as the font is small enough
+constexpr int headerHeight = 24; ///< pixels, more if the font needs it
+constexpr int columnSpan = 2;
+constexpr quint16 withoutChoice = 255;
 
-/// -1, no selection, becomes 255.
-quint8 storedPosition(const QComboBox *editor)
-{
-    return static_cast<quint8>(editor->currentIndex());
-}
+using Field = ChannelField<AqOutType>;
+
+/// All columns after the channel's, from left to right.
+constexpr std::array columns = {
+    channelField<&AqOutType::enable>(QT_TRANSLATE_NOOP("SAQOutTypeWgt", "Channel Enable"), "enable", choices::enable,
+                                     withoutChoice),
+    channelField<&AqOutType::range>(QT_TRANSLATE_NOOP("SAQOutTypeWgt", "Range"), "range", choices::outputRanges,
+                                    withoutChoice),
+};
 
 } // namespace
 
 SAQOutTypeWgt::SAQOutTypeWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent)
-    : DefaultsPage(par, defaultPar, parent)
+    : RecordDefaultsPage(par, defaultPar, parent)
 {
     setUp();
 }
 
 void SAQOutTypeWgt::initUI()
 {
-    QVBoxLayout *layout = newPageLayout();
+    QVBoxLayout *layout = newPageLayout(this);
     layout->addWidget(newDescription(tr("You can configure the value of each analog output type of the PLC.")));
     addDefaultsButton(layout);
 
-    // The title is that of the output table page on purpose, although this page sets types.
+    // The title of the output table page is intended here, although this page sets types.
     auto *group = new QGroupBox(tr("Values on transition from RUN to STOP"));
     group->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     auto *channels = new QWidget;
     auto *grid = new QGridLayout(channels);
-    m_headers = {new QLabel(tr("Channel Enable")), new QLabel(tr("Range"))};
     grid->addItem(new QSpacerItem(0, 0), 0, 0);
-    grid->addWidget(m_headers.at(0), 0, 1, 1, 2);
-    grid->addWidget(m_headers.at(1), 0, 3, 1, 2);
-    const QStringList enableTexts = choices::enable.texts();
-    const QStringList rangeTexts = choices::outputRanges.texts();
+    for (const Field &field : columns) {
+        auto *header = new QLabel(tr(field.title));
+        grid->addWidget(header, 0, 1 + columnSpan * m_headers.size(), 1, columnSpan);
+        m_headers.append(header);
+    }
     for (int channel = 0; channel < m_par->aqCount; ++channel) {
-        auto *enable = new QComboBox(channels);
-        enable->addItems(enableTexts);
-        nameEditor(enable, QStringLiteral("enable"), channel, m_headers.at(0)->text());
-        auto *range = new QComboBox(channels);
-        range->addItems(rangeTexts);
-        range->setCurrentIndex(-1);
-        nameEditor(range, QStringLiteral("range"), channel, m_headers.at(1)->text());
-        grid->addWidget(newLabel(tr("Channel %1:").arg(channel), enable), channel + 1, 0);
-        grid->addWidget(enable, channel + 1, 1, 1, 2);
-        grid->addWidget(range, channel + 1, 3, 1, 2);
-        m_enable.append(enable);
-        m_range.append(range);
+        auto header = m_headers.cbegin();
+        int place = 1;
+        for (const Field &field : columns) {
+            auto *editor = new QComboBox(channels);
+            editor->addItems(field.choices->texts());
+            registerEditor(field.stem, channel, editor, (*header++)->text());
+            m_editors.add(field, channel, editor);
+            grid->addWidget(editor, channel + 1, place, 1, columnSpan);
+            place += columnSpan;
+        }
+        grid->addWidget(newLabel(tr("Channel %1:").arg(channel), m_editors.at(columns.front(), channel)), channel + 1,
+                        0);
     }
     grid->addItem(new QSpacerItem(10, 10, QSizePolicy::Minimum, QSizePolicy::Expanding), m_par->aqCount + 1, 0);
     auto *groupLayout = new QVBoxLayout(group);
@@ -74,19 +80,11 @@ void SAQOutTypeWgt::fitToFont()
 
 void SAQOutTypeWgt::initData(SimpleExtendPar *par)
 {
-    for (int channel = 0; channel < m_enable.size(); ++channel) {
-        const AqOutType type = par->aqOutType.value(static_cast<quint8>(channel));
-        m_enable.at(channel)->setCurrentIndex(type.enable);
-        m_range.at(channel)->setCurrentIndex(type.range);
-    }
+    m_editors.show(par->aqOutType);
 }
 
 bool SAQOutTypeWgt::saveData()
 {
-    for (int channel = 0; channel < m_enable.size(); ++channel) {
-        AqOutType &type = m_par->aqOutType[static_cast<quint8>(channel)];
-        type.enable = storedPosition(m_enable.at(channel));
-        type.range = storedPosition(m_range.at(channel));
-    }
+    m_editors.store(m_par->aqOutType);
     return true;
 }

@@ -1,20 +1,18 @@
 // Analog output type page.
 #pragma once
 
+#include "channelfield.h"
 #include "parampage.h"
-
-#include <QVector>
-
-class QComboBox;
+#include "simpleextendpar.h"
 
 /// Switch and signal range of each analog output.
-class SAQOutTypeWgt : public DefaultsPage {
+class SAQOutTypeWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
     SAQOutTypeWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
-    /// Never refuses. A box without a selection, which a stored value without a choice leaves, is saved as 255.
+    /// Never refuses. A stored value without a choice leaves its box without a selection, which is saved as 255.
     bool saveData() override;
 
 protected:
@@ -23,6 +21,5 @@ protected:
 
 private:
     QVector<QLabel *> m_headers;
-    QVector<QComboBox *> m_enable; ///< by channel
-    QVector<QComboBox *> m_range;  ///< by channel
+    ChannelEditors<AqOutType> m_editors;
 };

@@ -1,6 +1,8 @@
 #include "sdifilterwgt.h"
 
 #include "choices.h"
+#include "digitalbits.h"
+#include "scrollareas.h"
 #include "simpleextendpar.h"
 
 #include <QComboBox>
@@ -12,32 +14,19 @@
 
 namespace {
 
-constexpr int inputsPerRow = 4;
 constexpr quint8 factoryCode = 5;
 
-/// Rows count from the first input of the module, whatever its address is.
+/// Rows are numbered from the first input of the module, independent of its address.
 QString rowText(int row)
 {
     const QString text = row % 2 == 0 ? QStringLiteral("I%1.0 - I%2.3") : QStringLiteral("I%1.4 - I%2.7");
     return text.arg(row / 2).arg(row / 2);
 }
 
-/// The even row of a byte is its low half, the odd one its high half.
-int rowShift(int row)
-{
-    return row % 2 * 4;
-}
-
-/// 0 beyond the end of @p filter.
-int storedCode(const QByteArray &filter, int row)
-{
-    return row / 2 < filter.size() ? static_cast<quint8>(filter.at(row / 2)) >> rowShift(row) & 0x0F : 0;
-}
-
 } // namespace
 
 SDIFilterWgt::SDIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent)
-    : DefaultsPage(par, defaultPar, parent)
+    : RecordDefaultsPage(par, defaultPar, parent)
 {
     setUp();
 }
@@ -49,12 +38,12 @@ void SDIFilterWgt::initUI()
     auto *grid = new QGridLayout(rows);
     grid->setColumnStretch(1, 1);
     const QStringList delays = choices::digitalFilterDelays.texts();
-    const int rowCount = (m_par->diCount + inputsPerRow - 1) / inputsPerRow;
+    const int rowCount = (m_par->diCount + inputsPerFilterRow - 1) / inputsPerFilterRow;
     for (int row = 0; row < rowCount; ++row) {
         auto *filter = new QComboBox(rows);
         filter->addItems(delays);
         filter->setCurrentIndex(factoryCode);
-        filter->setObjectName(QStringLiteral("filter_%1").arg(row));
+        registerEditor("filter", row, filter);
         describeEditor(filter, rowText(row) + QStringLiteral(", ") + group->title());
         auto *label = newLabel(rowText(row), filter);
         label->setObjectName(QStringLiteral("filterLabel_%1").arg(row));
@@ -65,12 +54,12 @@ void SDIFilterWgt::initUI()
 
     auto *groupLayout = new QVBoxLayout(group);
     groupLayout->setContentsMargins(50, 9, 50, 9);
-    // The missing blank is part of the text, which the translations know it by.
+    // The missing space in "signalis" is intended: the prescribed text has none.
     groupLayout->addWidget(newDescription(
         tr("You can select the time that the input must remain constant before the signalis caught by the PLC.")));
     groupLayout->addWidget(newRowArea(rows), 1);
     addDefaultsButton(groupLayout);
-    QVBoxLayout *layout = newPageLayout();
+    QVBoxLayout *layout = newPageLayout(this);
     layout->addWidget(group);
 }
 
@@ -79,11 +68,11 @@ void SDIFilterWgt::initData(SimpleExtendPar *par)
     if (par->diCount == 0) {
         return;
     }
-    // Rows beyond the end of a short filter keep the delay that they show.
-    const int stored = qMin(m_filters.size(), par->diFilter.size() * 2);
-    for (int row = 0; row < stored; ++row) {
-        // A code above the last choice leaves its box without a selection.
-        m_filters.at(row)->setCurrentIndex(storedCode(par->diFilter, row));
+    for (int row = 0; row < m_filters.size(); ++row) {
+        // Rows beyond the end of a short filter stay unchanged. A code without a choice clears the selection.
+        if (const std::optional<int> code = filterCode(par->diFilter, row)) {
+            m_filters.at(row)->setCurrentIndex(*code);
+        }
     }
 }
 
@@ -95,9 +84,9 @@ bool SDIFilterWgt::saveData()
     QByteArray filter((m_filters.size() + 1) / 2, '\0');
     for (int row = 0; row < m_filters.size(); ++row) {
         const int selected = m_filters.at(row)->currentIndex();
-        // Without a selection the code that has no choice stays as it is stored.
-        const int code = selected < 0 ? storedCode(m_par->diFilter, row) : selected;
-        filter[row / 2] = static_cast<char>(filter.at(row / 2) | code << rowShift(row));
+        // Without a selection the stored code stays, because no choice shows it.
+        const int code = selected < 0 ? filterCode(m_par->diFilter, row).value_or(0) : selected;
+        filter[row / 2] = static_cast<char>(filter.at(row / 2) | code << filterShift(row));
     }
     m_par->diFilter = filter;
     return true;

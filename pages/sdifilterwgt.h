@@ -7,8 +7,8 @@
 
 class QComboBox;
 
-/// How long four digital inputs at a time must stay constant before a change of theirs counts.
-class SDIFilterWgt : public DefaultsPage {
+/// How long a digital input must stay constant before its new state counts. Groups of four inputs share one delay.
+class SDIFilterWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
     SDIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);

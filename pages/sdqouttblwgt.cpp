@@ -1,5 +1,8 @@
 #include "sdqouttblwgt.h"
 
+#include "digitalbits.h"
+#include "imagerange.h"
+#include "scrollareas.h"
 #include "simpleextendpar.h"
 #include "wrappedlabel.h"
 
@@ -13,19 +16,12 @@
 
 namespace {
 
-constexpr int outputsPerByte = 8;
-constexpr int labelSize = 14; ///< pixels, as long as the font is small enough
-
-/// The first output of a byte is its highest bit.
-int outputMask(int output)
-{
-    return 0x80 >> output % outputsPerByte;
-}
+constexpr int labelSize = 14; ///< pixels, more if the font needs it
 
 } // namespace
 
 SDQOutTblWgt::SDQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent)
-    : DefaultsPage(par, defaultPar, parent)
+    : RecordDefaultsPage(par, defaultPar, parent)
 {
     setUp();
 }
@@ -53,7 +49,7 @@ void SDQOutTblWgt::initUI()
     buttons->addStretch();
     buttons->addWidget(newDefaultsButton());
     groupLayout->addLayout(buttons);
-    QVBoxLayout *layout = newPageLayout();
+    QVBoxLayout *layout = newPageLayout(this);
     layout->addWidget(group);
 }
 
@@ -76,7 +72,7 @@ QWidget *SDQOutTblWgt::newOutputGrid()
         const int byte = output / outputsPerByte;
         const int bit = output % outputsPerByte;
         auto *box = new QCheckBox(outputs);
-        box->setObjectName(QStringLiteral("output_%1").arg(output));
+        registerEditor("output", output, box);
         box->setAccessibleName(QStringLiteral("Q%1.%2").arg(byte).arg(bit));
         if (bit == 0) {
             addLabel(QStringLiteral("Q%1.x").arg(byte), byte + 1, 0)->setBuddy(box);
@@ -90,7 +86,7 @@ QWidget *SDQOutTblWgt::newOutputGrid()
 
 void SDQOutTblWgt::initConnect()
 {
-    DefaultsPage::initConnect();
+    RecordDefaultsPage::initConnect();
     connect(m_freeze, &QCheckBox::toggled, this, &SDQOutTblWgt::slot_chkFrzClicked);
     connect(m_btnSelectAll, &QPushButton::clicked, this, &SDQOutTblWgt::slot_btnSelectAll);
     connect(m_btnClearAll, &QPushButton::clicked, this, &SDQOutTblWgt::slot_btnClearAll);
@@ -110,7 +106,7 @@ void SDQOutTblWgt::initData(SimpleExtendPar *par)
     }
     const bool frozen = par->dqMode == DqFreezeLast;
     {
-        // Showing a frozen record leaves the boxes as they are; only the user's own freezing unchecks them.
+        // The boxes stay unchanged: only freezing by the user unchecks them.
         const QSignalBlocker blocker(m_freeze);
         m_freeze->setChecked(frozen);
     }
@@ -118,10 +114,11 @@ void SDQOutTblWgt::initData(SimpleExtendPar *par)
     if (frozen) {
         return;
     }
-    // Outputs beyond the end of a short table keep the state that they show.
-    const int stored = qMin(m_outputs.size(), par->dqOutTbl.size() * outputsPerByte);
-    for (int output = 0; output < stored; ++output) {
-        m_outputs.at(output)->setChecked((par->dqOutTbl.at(output / outputsPerByte) & outputMask(output)) != 0);
+    for (int output = 0; output < m_outputs.size(); ++output) {
+        // Outputs beyond the end of a short table stay unchanged.
+        if (const std::optional<bool> isOn = outputState(par->dqOutTbl, output)) {
+            m_outputs.at(output)->setChecked(*isOn);
+        }
     }
 }
 
@@ -131,7 +128,7 @@ bool SDQOutTblWgt::saveData()
         return true;
     }
     const bool frozen = m_freeze->isChecked();
-    QByteArray table((m_par->dqCount + outputsPerByte - 1) / outputsPerByte, '\0');
+    QByteArray table(static_cast<int>(bytesOfChannels(0, m_par->dqCount)), '\0');
     for (int output = 0; output < m_outputs.size() && !frozen; ++output) {
         const int byte = output / outputsPerByte;
         const int mask = m_outputs.at(output)->isChecked() ? outputMask(output) : 0;

@@ -7,8 +7,8 @@
 
 class QCheckBox;
 
-/// What the digital outputs do on the transition from RUN to STOP: keep their state or take the one chosen here.
-class SDQOutTblWgt : public DefaultsPage {
+/// What the digital outputs do on the transition from RUN to STOP: keep their state or take the state of their box.
+class SDQOutTblWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
     SDQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
@@ -17,7 +17,7 @@ public:
     bool saveData() override;
 
 public slots:
-    /// Takes the controls to the state of the freeze box; freezing unchecks all outputs.
+    /// Enables the outputs unless the freeze box is checked. Freezing unchecks all outputs.
     void slot_chkFrzClicked();
     void slot_btnSelectAll();
     void slot_btnClearAll();

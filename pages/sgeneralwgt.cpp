@@ -29,8 +29,8 @@ bool splitsPair(const QString &text, int position)
            text.at(position).isLowSurrogate();
 }
 
-/// How much of the start of @p text fits between @p before and @p after, in whole characters. Found by bisection:
-/// a pasted book must not be converted once per character.
+/// Returns how many UTF-16 units of the start of @p text fit between @p before and @p after, without splitting a
+/// surrogate pair. Bisects the length, because converting after each character takes O(n^2) for a large paste.
 int fittingLength(const QString &before, const QString &text, const QString &after)
 {
     int fitting = 0;
@@ -47,7 +47,7 @@ bool isLoneSurrogate(const QString &text, int position)
     return text.at(position).isSurrogate() && !splitsPair(text, position) && !splitsPair(text, position + 1);
 }
 
-/// @p text without the surrogates that lack their other half.
+/// Returns @p text without unpaired surrogates.
 QString wholeCharacters(const QString &text)
 {
     QString whole;
@@ -60,8 +60,8 @@ QString wholeCharacters(const QString &text)
     return whole;
 }
 
-/// @p comment cut at @p position: first the text before it, backwards, then the text after it. Returns the lengths of
-/// what remains of both.
+/// Shortens @p comment at @p position: first the text before it, from its end, then the text after it. Returns the
+/// remaining lengths of both.
 std::pair<int, int> fittingLengths(const QString &comment, int position)
 {
     QString head = comment.left(position);
@@ -75,7 +75,7 @@ QString fittingStart(const QString &comment)
     return fits(comment) ? comment : comment.left(fittingLength(QString(), comment, QString()));
 }
 
-/// Inserts no more pasted or dropped text than fits, because laying out a long text to cut it later takes minutes.
+/// Inserts only as much pasted or dropped text as fits, because the layout of a very long text takes minutes.
 class CommentEdit : public QTextEdit {
 protected:
     void insertFromMimeData(const QMimeData *source) override
@@ -102,7 +102,7 @@ void removeText(QTextCursor &cursor, int from, int to)
 } // namespace
 
 SGeneralWgt::SGeneralWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent)
-    : DefaultsPage(par, defaultPar, parent)
+    : RecordDefaultsPage(par, defaultPar, parent)
 {
     setUp();
 }
@@ -134,7 +134,7 @@ void SGeneralWgt::initUI()
 
 void SGeneralWgt::initConnect()
 {
-    DefaultsPage::initConnect();
+    RecordDefaultsPage::initConnect();
     connect(m_comment, &QTextEdit::textChanged, this, &SGeneralWgt::slot_teComment_textChanged);
     connect(m_name, &QLineEdit::textChanged, this, &SGeneralWgt::removeLoneSurrogates);
 }
@@ -150,7 +150,7 @@ void SGeneralWgt::initData(SimpleExtendPar *par)
 
 bool SGeneralWgt::saveData()
 {
-    // An untouched text is stored as it was loaded, because the editors shorten it and change line ends.
+    // An unedited text is stored as it was loaded, because the editors shorten it and change line ends.
     const auto edited = [](bool isModified, const QString &text, const Loaded &loaded) {
         return isModified || text != loaded.shown ? wholeCharacters(text) : loaded.stored;
     };
@@ -159,12 +159,12 @@ bool SGeneralWgt::saveData()
     return true;
 }
 
-/// The line edit's maximum length counts UTF-16 units, so it may split a surrogate pair. A half before the cursor is
-/// kept as long as there is room for the other one, because some input methods send both separately.
+/// The maximum length of the line edit counts UTF-16 units, so it may split a surrogate pair. A high surrogate before
+/// the cursor stays while there is room for the low one, because some input methods send them separately.
 void SGeneralWgt::removeLoneSurrogates()
 {
     if (m_name->isRedoAvailable()) {
-        return; // undo has restored it, and the next undo can only continue if it stays
+        return; // after an undo the text must stay, or the next undo does not work
     }
     const QString text = m_name->text();
     int cursor = m_name->cursorPosition();

@@ -1,4 +1,4 @@
-// Name and comment of a module.
+// The General page: name and comment of a module.
 #pragma once
 
 #include "parampage.h"
@@ -6,7 +6,7 @@
 class MLineEdit;
 class QTextEdit;
 
-class SGeneralWgt : public DefaultsPage {
+class SGeneralWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
     SGeneralWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
@@ -15,8 +15,8 @@ public:
     bool saveData() override;
 
 public slots:
-    /// Cuts the comment to the size that the configuration block can hold, at the cursor rather than at the end. The
-    /// cut is undone together with the edit that made it necessary.
+    /// Truncates the comment to the size that the configuration block can hold, at the cursor rather than at the end.
+    /// One undo step reverts the cut and the edit that made it necessary.
     void slot_teComment_textChanged();
 
 protected:
@@ -26,7 +26,7 @@ protected:
 private:
     void removeLoneSurrogates();
 
-    /// A loaded text, and the same text as its editor shows it.
+    /// A text as it was loaded and as its editor showed it.
     struct Loaded {
         QString stored;
         QString shown;

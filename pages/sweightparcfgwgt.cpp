@@ -1,139 +1,79 @@
 #include "sweightparcfgwgt.h"
 
 #include "channeltable.h"
-#include "choices.h"
-#include "decimalspinbox.h"
-#include "simpleextendpar.h"
 
-#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <array>
-#include <type_traits>
-#include <utility>
 
 namespace {
 
-constexpr int sensitivityWidth = 68; ///< pixels, at least
-constexpr int greatestDepthWithoutFilter = 1;
-
-/// A column of combo boxes, which have choices, or of spin boxes, which have limits.
-struct WeighColumn {
-    const char *title;
-    const char *stem; ///< of the editors' object names
-    void (*show)(const WeighColumn &column, QWidget *editor, const WeighChannelPar &weighing);
-    void (*store)(const WeighColumn &column, const QWidget *editor, WeighChannelPar &weighing);
-    const ChoiceList *choices = nullptr; ///< null = spin boxes
-    quint8 withoutChoice{};              ///< what a combo box without a selection stores
-    int minimum{};
-    int maximum{};
-    const char *toolTip = nullptr;
-    int decimals{};
-};
-
-template <auto Field>
-using FieldType = std::decay_t<decltype(std::declval<WeighChannelPar>().*Field)>;
-
-/// A code without a choice leaves its combo box without a selection.
-template <auto Field>
-void showChoice(const WeighColumn &column, QWidget *editor, const WeighChannelPar &weighing)
-{
-    static_cast<QComboBox *>(editor)->setCurrentIndex(column.choices->indexOf(weighing.*Field));
-}
-
-template <auto Field>
-void storeChoice(const WeighColumn &column, const QWidget *editor, WeighChannelPar &weighing)
-{
-    const QVariant code = static_cast<const QComboBox *>(editor)->currentData();
-    weighing.*Field = static_cast<FieldType<Field>>(code.isValid() ? code.toInt() : column.withoutChoice);
-}
-
-template <auto Field>
-void showNumber(const WeighColumn & /*column*/, QWidget *editor, const WeighChannelPar &weighing)
-{
-    if constexpr (std::is_floating_point_v<FieldType<Field>>) {
-        static_cast<DecimalSpinBox *>(editor)->showStored(weighing.*Field);
-    } else {
-        static_cast<QSpinBox *>(editor)->setValue(weighing.*Field);
-    }
-}
-
-template <auto Field>
-void storeNumber(const WeighColumn & /*column*/, const QWidget *editor, WeighChannelPar &weighing)
-{
-    if constexpr (std::is_floating_point_v<FieldType<Field>>) {
-        weighing.*Field = static_cast<const DecimalSpinBox *>(editor)->toStore();
-    } else {
-        weighing.*Field = static_cast<FieldType<Field>>(static_cast<const QSpinBox *>(editor)->value());
-    }
-}
-
-template <auto Field>
-constexpr WeighColumn choiceColumn(const char *title, const char *stem, const ChoiceList &choices,
-                                   quint8 withoutChoice = 0)
-{
-    return {title, stem, showChoice<Field>, storeChoice<Field>, &choices, withoutChoice};
-}
-
-template <auto Field>
-constexpr WeighColumn numberColumn(const char *title, const char *stem, int minimum, int maximum, const char *toolTip,
-                                   int decimals = 0)
-{
-    return {title, stem, showNumber<Field>, storeNumber<Field>, nullptr, 0, minimum, maximum, toolTip, decimals};
-}
+constexpr int minimumSensitivityWidth = 68; ///< pixels
+constexpr int maximumDepthWithoutFilter = 1;
 
 using Par = WeighChannelPar;
+using Field = ChannelField<Par>;
+
+constexpr Field filterDepthField = channelField<fields::Number, &Par::filterDepth>(
+    QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Filter Depth"), "filterDepth", limits::weighingFilterCount);
 
 /// All columns after the channel's, from left to right.
-constexpr std::array weighColumns = {
-    choiceColumn<&Par::enable>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Enable"), "enable", choices::enable, 255),
-    numberColumn<&Par::sensitivity>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Sensitivity"), "sensitivity", 0, 32,
-                                    "0~32.0000", 4),
-    choiceColumn<&Par::limitFreq>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Limit Freq"), "limitFreq",
-                                  choices::limitFrequencies),
-    numberColumn<&Par::filterDepth>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Filter Depth"), "filterDepth", 0, 2000,
-                                    "0~2000"),
-    numberColumn<&Par::subMax>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Sub Max"), "subMax", 0, 2000, "0~2000"),
-    numberColumn<&Par::subMin>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Sub Min"), "subMin", 0, 2000, "0~2000"),
-    choiceColumn<&Par::filterMode>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Filter Mode"), "filterMode",
-                                   choices::filterModes),
-    choiceColumn<&Par::sampleFreq>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Sample Freq"), "sampleFreq",
-                                   choices::sampleFrequencies),
-    numberColumn<&Par::bootClear>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Boot Clear"), "bootClear", -99, 99, "-99~99"),
+constexpr std::array columns = {
+    channelField<&Par::enable>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Enable"), "enable", choices::enable, 255),
+    channelField<fields::Decimal, &Par::sensitivity>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Sensitivity"),
+                                                     "sensitivity", limits::sensitivity, 4),
+    channelField<&Par::limitFreq>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Limit Freq"), "limitFreq",
+                                  choices::limitFrequencies, 0),
+    filterDepthField,
+    channelField<fields::Number, &Par::subMax>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Sub Max"), "subMax",
+                                               limits::weighingFilterCount),
+    channelField<fields::Number, &Par::subMin>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Sub Min"), "subMin",
+                                               limits::weighingFilterCount),
+    channelField<&Par::filterMode>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Filter Mode"), "filterMode",
+                                   choices::filterModes, 0),
+    channelField<&Par::sampleFreq>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Sample Freq"), "sampleFreq",
+                                   choices::sampleFrequencies, 0),
+    channelField<fields::Number, &Par::bootClear>(QT_TRANSLATE_NOOP("SWeightParCfgWgt", "Boot Clear"), "bootClear",
+                                                  limits::bootClear),
 };
-constexpr std::size_t filterDepthPlace = 3;
 
-template <class SpinBox>
-SpinBox *newSpinBox(const WeighColumn &column, QWidget *parent)
+template <typename SpinBox>
+SpinBox *newSpinBox(const Field &field, QWidget *parent)
 {
     auto *editor = new SpinBox(parent);
-    editor->setRange(column.minimum, column.maximum);
-    editor->setToolTip(QString::fromLatin1(column.toolTip));
+    editor->setRange(field.limits.minimum, field.limits.maximum);
+    editor->setToolTip(field.limitsText());
     return editor;
 }
 
-QWidget *newEditor(const WeighColumn &column, ChannelTable *table)
+QWidget *newEditor(const Field &field, ChannelTable *table)
 {
-    if (column.choices != nullptr) {
-        return table->newComboBox(*column.choices, ChannelTable::Codes);
+    if (field.choices != nullptr) {
+        return table->newComboBox(*field.choices, ChannelTable::Codes);
     }
-    if (column.decimals == 0) {
-        return newSpinBox<QSpinBox>(column, table->viewport());
+    if (field.decimals == 0) {
+        return newSpinBox<QSpinBox>(field, table->viewport());
     }
-    auto *editor = newSpinBox<DecimalSpinBox>(column, table->viewport());
-    editor->setDecimals(column.decimals);
-    editor->setMinimumWidth(sensitivityWidth);
+    auto *editor = newSpinBox<DecimalSpinBox>(field, table->viewport());
+    editor->setDecimals(field.decimals);
+    editor->setMinimumWidth(minimumSensitivityWidth);
     return editor;
+}
+
+/// The filter mode is not part of the rule.
+bool isFilterDepthAllowed(const WeighChannelPar &weighing)
+{
+    return weighing.filterDepth <= maximumDepthWithoutFilter ||
+           weighing.filterDepth > weighing.subMax + weighing.subMin;
 }
 
 } // namespace
 
 SWeightParCfgWgt::SWeightParCfgWgt(SimpleExtendPar *par, SimpleExtendPar * /*defaultPar*/, QWidget *parent)
-    : ParamPage(par, parent)
+    : DefaultsPage(par, parent)
 {
     setUp();
 }
@@ -141,8 +81,8 @@ SWeightParCfgWgt::SWeightParCfgWgt(SimpleExtendPar *par, SimpleExtendPar * /*def
 void SWeightParCfgWgt::initUI()
 {
     QStringList titles{tr("Channel")};
-    for (const WeighColumn &column : weighColumns) {
-        titles.append(tr(column.title));
+    for (const Field &field : columns) {
+        titles.append(tr(field.title));
     }
     m_table = new ChannelTable(m_par->weighCount, titles);
     m_table->setObjectName(QStringLiteral("weighTable"));
@@ -151,23 +91,18 @@ void SWeightParCfgWgt::initUI()
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     for (int channel = 0; channel < m_par->weighCount; ++channel) {
-        Row row{};
-        for (std::size_t i = 0; i < weighColumns.size(); ++i) {
-            const int place = static_cast<int>(i) + 1;
-            row.at(i) = newEditor(weighColumns.at(i), m_table);
-            nameEditor(row.at(i), QString::fromLatin1(weighColumns.at(i).stem), channel, titles.at(place));
-            m_table->setEditor(channel, place, row.at(i));
+        int place = 1;
+        for (const Field &field : columns) {
+            QWidget *editor = newEditor(field, m_table);
+            registerEditor(field.stem, channel, editor, titles.at(place));
+            m_editors.add(field, channel, editor);
+            m_table->setEditor(channel, place, editor);
+            ++place;
         }
-        m_rows.append(row);
     }
     auto *layout = new QVBoxLayout(this);
     addDefaultsButton(layout);
     layout->addWidget(m_table);
-}
-
-void SWeightParCfgWgt::initConnect()
-{
-    connect(m_btnDefault, &QPushButton::clicked, this, &SWeightParCfgWgt::slot_btnDefault_clicked);
 }
 
 void SWeightParCfgWgt::fitToFont()
@@ -177,48 +112,25 @@ void SWeightParCfgWgt::fitToFont()
 
 void SWeightParCfgWgt::initData(SimpleExtendPar *par)
 {
-    for (int channel = 0; channel < m_rows.size(); ++channel) {
-        showRow(m_rows.at(channel), par->weighPar.value(static_cast<quint8>(channel)));
-    }
-}
-
-bool SWeightParCfgWgt::saveData()
-{
-    for (int channel = 0; channel < m_rows.size(); ++channel) {
-        const Row &row = m_rows.at(channel);
-        const WeighChannelPar weighing = readRow(row);
-        // Channel by channel on purpose: the channels before the refused one stay written. The filter mode plays
-        // no part in the rule.
-        if (weighing.filterDepth > greatestDepthWithoutFilter &&
-            weighing.filterDepth <= weighing.subMax + weighing.subMin) {
-            return refuse(row.at(filterDepthPlace), QMessageBox::Information,
-                          tr("When filtering is enabled,\n"
-                             "Filter Depth must be greater then the sum of Sub Max and Sub Min."));
-        }
-        m_par->weighPar[static_cast<quint8>(channel)] = weighing;
-    }
-    return true;
+    m_editors.show(par->weighPar);
 }
 
 void SWeightParCfgWgt::slot_btnDefault_clicked()
 {
-    for (const Row &row : qAsConst(m_rows)) {
-        showRow(row, WeighChannelPar{});
-    }
+    m_editors.show({});
 }
 
-void SWeightParCfgWgt::showRow(const Row &row, const WeighChannelPar &weighing)
+bool SWeightParCfgWgt::saveData()
 {
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        weighColumns.at(i).show(weighColumns.at(i), row.at(i), weighing);
+    for (int channel = 0; channel < m_editors.channelCount(); ++channel) {
+        WeighChannelPar weighing;
+        m_editors.store(channel, weighing);
+        if (!isFilterDepthAllowed(weighing)) {
+            return refuse(m_editors.at(filterDepthField, channel), QMessageBox::Information,
+                          tr("When filtering is enabled,\n"
+                             "Filter Depth must be greater then the sum of Sub Max and Sub Min."));
+        }
+        m_par->weighPar[static_cast<quint8>(channel)] = weighing; // intended: the channels before a refused one stay
     }
-}
-
-WeighChannelPar SWeightParCfgWgt::readRow(const Row &row)
-{
-    WeighChannelPar weighing;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        weighColumns.at(i).store(weighColumns.at(i), row.at(i), weighing);
-    }
-    return weighing;
+    return true;
 }

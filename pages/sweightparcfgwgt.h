@@ -1,42 +1,32 @@
 // Weighing parameter page.
 #pragma once
 
+#include "channelfield.h"
 #include "parampage.h"
-
-#include <QVector>
-
-#include <array>
+#include "simpleextendpar.h"
 
 class ChannelTable;
-struct WeighChannelPar;
 
 /// All parameters of the weighing channels.
-class SWeightParCfgWgt : public ParamPage {
+class SWeightParCfgWgt : public DefaultsPage {
     Q_OBJECT
 public:
-    /// @p defaultPar is not used: a newly made channel holds the defaults.
+    /// @p defaultPar is not used, because a default-constructed WeighChannelPar holds the default values.
     SWeightParCfgWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
-    /// Refuses the first channel whose filter depth does not exceed the counts left out of it. The channels before
-    /// it stay written.
+    /// Refuses the first channel whose filter depth is above 1 and not above the sum of Sub Max and Sub Min. The
+    /// channels before it stay written.
     bool saveData() override;
 
 public slots:
-    void slot_btnDefault_clicked();
+    void slot_btnDefault_clicked() override;
 
 protected:
     void initUI() override;
-    void initConnect() override;
     void fitToFont() override;
 
 private:
-    static constexpr int editorCount = 9;
-    using Row = std::array<QWidget *, editorCount>; ///< editors of a channel from left to right
-
-    static void showRow(const Row &row, const WeighChannelPar &weighing);
-    static WeighChannelPar readRow(const Row &row);
-
     ChannelTable *m_table = nullptr;
-    QVector<Row> m_rows; ///< by channel
+    ChannelEditors<WeighChannelPar> m_editors;
 };

@@ -41,11 +41,14 @@
     </message>
 </context>
 <context>
-    <name>ParamPage</name>
+    <name>DefaultsPage</name>
     <message>
         <source>Defaults</source>
         <translation>默认值</translation>
     </message>
+</context>
+<context>
+    <name>ParamPage</name>
     <message>
         <source>Channel %1, %2</source>
         <translation>通道 %1，%2</translation>
