@@ -1,5 +1,5 @@
-// The time that the dynamic loader takes to load the plug-in into a program that has Qt and the host libraries, compared
-// with the same sources built with default visibility.
+// The time that the dynamic loader takes to load the plug-in into a program that has Qt and the host libraries,
+// compared with the same sources built with default visibility.
 #include "comparison.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,5 @@
-// A simple reader of description files: lines from a text stream, keys by QString::startsWith, values by the conversions
-// of QString. Tests compare the reader's results with it, benchmarks the reader's time.
+// A simple reader of description files: lines from a text stream, keys by QString::startsWith, values by the
+// conversions of QString. Tests compare the reader's results with it, benchmarks the reader's time.
 #pragma once
 
 #include "simpleextendpar.h"
