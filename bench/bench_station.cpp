@@ -1,6 +1,6 @@
-// How long the workbench takes, without a window, to open a large station, compile it and write its blocks, against the
-// sum of its parts, each measured alone and with nothing else to it: the rows read from the database, the modules
-// restored and released by the plug-in, the same compiled by it, the file written.
+// Measures how long the workbench takes, without a window, to open a large station, compile it and write its blocks.
+// Compares it with the sum of its parts, each measured alone: reading the rows from the database, restoring and
+// releasing the modules with the plug-in, compiling them with the plug-in, writing the file.
 #include "batch.h"
 #include "comparison.h"
 #include "projectfile.h"
@@ -25,7 +25,7 @@ namespace {
 
 constexpr std::array moduleCounts = {2000, 4000};
 
-/// What every benchmark needs; lives as long as the program.
+/// What all benchmarks share. Exists as long as the program.
 struct Bench {
     PluginLibrary plugin;
     QTemporaryDir folder;

@@ -156,7 +156,7 @@ private slots:
         Project project = projectOf(3, 'x');
         project.modules[0].name = QStringLiteral(u"\u00e4 \u4e2d");
         project.modules[1].name = QString();
-        project.modules[2].state = QByteArray(StoredModule::largestState, '\0');
+        project.modules[2].state = QByteArray(StoredModule::maximumStateSize, '\0');
         for (const Project &written : {oldProject, project, Project(), newProject}) {
             QCOMPARE(ProjectFile(m_path).write(written).reason(), QString());
             QCOMPARE(content(), textsOf(written));

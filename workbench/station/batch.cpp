@@ -51,12 +51,12 @@ public:
 
     BatchExit verify(const QString &path)
     {
-        if (!open(path)) {
-            return UsageOrUnreadable;
-        }
         const Result<Project> project = ProjectFile(path).read();
         if (!project) {
             return refuse(path, project);
+        }
+        if (!use(path, Station::opened(m_plugin, owner(), *project))) {
+            return UsageOrUnreadable;
         }
         for (int i = 0; i < m_station->count(); ++i) {
             const ModuleSummary module = m_station->module(i);
@@ -127,9 +127,10 @@ public:
     }
 
 private:
-    bool open(const QString &path)
+    bool open(const QString &path) { return use(path, openStation(m_plugin, owner(), path)); }
+
+    bool use(const QString &path, Result<std::unique_ptr<Station>> opened)
     {
-        Result<std::unique_ptr<Station>> opened = openStation(m_plugin, owner(), path);
         if (!opened) {
             refuse(path, opened);
             return false;

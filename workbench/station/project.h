@@ -29,7 +29,7 @@ Q_DECLARE_METATYPE(Place)
 
 /// A module as stored bytes.
 struct StoredModule {
-    static constexpr int largestState = 65536; ///< bytes; many times the size of any module
+    static constexpr int maximumStateSize = 65536; ///< bytes; many times the size of any module
 
     Place place;
     quint32 typeCode = 0; ///< informative, as the name; the state decides

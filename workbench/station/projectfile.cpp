@@ -17,9 +17,9 @@
 
 namespace {
 
-constexpr qint64 largestFile = 64LL * 1024 * 1024; // bytes, many times the size of a full station
-constexpr quint32 applicationId = 0x53585354;      // "SXST"
-constexpr int headerSize = 100;                    // of a SQLite database, as its format defines it
+constexpr qint64 maximumFileSize = 64LL * 1024 * 1024; // bytes, many times the size of a full station
+constexpr quint32 applicationId = 0x53585354;          // "SXST"
+constexpr int headerSize = 100;                        // of a SQLite database, as its format defines it
 constexpr int versionOffset = 60;
 constexpr int applicationIdOffset = 68;
 
@@ -36,7 +36,7 @@ QStringList schema()
                 .arg(Place::slotCount)
                 .arg(Place::rackCount - 1)
                 .arg(Place::slotCount - 1)
-                .arg(StoredModule::largestState)};
+                .arg(StoredModule::maximumStateSize)};
 }
 
 /// Includes the length of every state, which detects bytes that moved from one module to the next.
@@ -248,7 +248,7 @@ Result<> ProjectFile::recognise() const
     if (!file.open(QIODevice::ReadOnly)) {
         return Failure{file.errorString()};
     }
-    if (file.size() > largestFile) {
+    if (file.size() > maximumFileSize) {
         return Failure{tr("The file is too large for a station.")};
     }
     const QByteArray header = file.read(headerSize);

@@ -328,7 +328,7 @@ Result<ModuleHandle> Station::restored(const StoredModule &module, bool verified
 /// The module of a saved state. The host may have refused its addresses.
 Result<ModuleHandle> Station::read(const StoredModule &module, const QString &memoryOwner) const
 {
-    const bool isTooLong = module.state.size() > StoredModule::largestState;
+    const bool isTooLong = module.state.size() > StoredModule::maximumStateSize;
     ModuleHandle handle = m_plugin.own(isTooLong ? nullptr : m_exports.restore(module.state, memoryOwner));
     if (handle) {
         return handle;

@@ -300,7 +300,7 @@ void MemoryView::markSelection()
 
 void MemoryView::setZoom(int zoom)
 {
-    m_zoom = std::clamp(zoom, 1, largestZoom);
+    m_zoom = std::clamp(zoom, 1, maximumZoom);
     fitStrips();
     markSelection();
 }

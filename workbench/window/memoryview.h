@@ -14,7 +14,7 @@ class MemoryStrip;
 class MemoryView : public QScrollArea {
     Q_OBJECT
 public:
-    static constexpr int largestZoom = 64;
+    static constexpr int maximumZoom = 64;
 
     /// @p catalog must outlive the view.
     MemoryView(const std::vector<CatalogEntry> &catalog, QWidget *parent);
@@ -23,7 +23,7 @@ public:
     void setStation(const Station *station);
     /// Marks the ranges of the modules at these places and scrolls to the first range.
     void select(const QVector<Place> &places);
-    /// Makes the strips @p zoom times as long as the view is wide. The range of @p zoom is 1 to largestZoom.
+    /// Makes the strips @p zoom times as long as the view is wide. The range of @p zoom is 1 to maximumZoom.
     void setZoom(int zoom);
     int zoom() const { return m_zoom; }
 
