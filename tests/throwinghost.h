@@ -1,5 +1,5 @@
-// A host that throws from one of its calls and otherwise is the simulated one. A program that includes this header (in
-// one source file) takes these functions in place of those of basemodule and helpsharemodule.
+// The simulated host, except that one of its functions throws. A program that includes this header in one source file
+// links these functions instead of those of basemodule and helpsharemodule.
 #pragma once
 
 #include "baseservices.h"
@@ -11,12 +11,12 @@
 
 #include <new>
 
-/// Which call throws.
+/// The call that throws.
 struct ThrowingHost {
     QByteArray function; ///< empty = none
-    int at = 1;          ///< the at-th call of the function
-    bool lasts = false;  ///< and all calls after it
-    int calls = 0;       ///< of the function until now
+    int at = 1;          ///< number of the call, from 1
+    bool lasts = false;  ///< true if all later calls throw as well
+    int calls = 0;       ///< calls of the function so far
 
     void enter(const char *called)
     {
@@ -32,8 +32,8 @@ inline ThrowingHost &throwingHost()
     return host;
 }
 
-/// The function of the host's library.
-template <class Function>
+/// Returns the function of the host's library.
+template <typename Function>
 Function *hostFunction(const char *symbol)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, symbol));

@@ -1,4 +1,4 @@
-// What the properties dialog looks like: whole texts, in every language, with small and large fonts.
+// The appearance of the properties dialog: no truncated text and no misplaced widget in any language and font size.
 #include "rows.h"
 #include "samplemodules.h"
 #include "simpleextendcfgdlg.h"
@@ -21,14 +21,14 @@ namespace {
 
 constexpr QSize largeWindow(1400, 900);
 
-/// A text that a widget shows, the size that it needs and the one that it has.
+/// A text of a widget, the size that it needs and the size that it has.
 struct Shown {
     QString text;
     QSize needed;
     QSize given;
 };
 
-/// Of the ink, since a Chinese line is higher than the font that it falls back from says.
+/// Returns the size of the painted text, because the height of QFontMetrics does not include the Chinese fallback font.
 QSize inkSize(const QFontMetrics &metrics, const QString &text)
 {
     return {metrics.horizontalAdvance(text), metrics.tightBoundingRect(text).height()};
@@ -58,7 +58,7 @@ Shown shownOf(const QComboBox &box)
 
 Shown shownOf(const QLineEdit &edit)
 {
-    constexpr int margins = 5; // what a line edit keeps free beside its text, and its cursor
+    constexpr int margins = 5; // of QLineEdit, and its cursor
     QStyleOptionFrame option;
     option.initFrom(&edit);
     option.lineWidth = edit.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &edit);
@@ -91,7 +91,7 @@ Shown shownOf(const QTreeWidget &tree)
     return {texts.join('|'), {items.sizeHintForColumn(0), 0}, tree.viewport()->size()};
 }
 
-template <class Widget>
+template <typename Widget>
 void append(const QWidget &widget, QVector<Shown> &shown)
 {
     if (const auto *const known = qobject_cast<const Widget *>(&widget); known != nullptr && known->isVisible()) {
@@ -99,8 +99,8 @@ void append(const QWidget &widget, QVector<Shown> &shown)
     }
 }
 
-/// A text in each widget of one of these kinds, and the titles of tables.
-template <class... Widgets>
+/// Returns the texts of all visible widgets of these classes, and the titles of tables.
+template <typename... Widgets>
 QVector<Shown> textsOf(const QWidget &dialog)
 {
     QVector<Shown> shown;
@@ -117,7 +117,7 @@ QVector<Shown> textsOf(const QWidget &dialog)
     return shown;
 }
 
-/// What the label leads to without standing in front of it, or null.
+/// Returns the buddy of the label if it is not at the right of it in the same row, else null.
 const QWidget *missedBuddy(const QLabel *label)
 {
     const QWidget *const buddy = label != nullptr ? label->buddy() : nullptr;
@@ -130,8 +130,8 @@ const QWidget *missedBuddy(const QLabel *label)
     return led.left() <= place.right() || middle < led.top() || middle > led.bottom() ? buddy : nullptr;
 }
 
-/// Widgets that stick out of what is around them, which does not scroll; that cover another one beside them; labels
-/// that miss their buddies; areas that scroll though the window has room for them.
+/// Returns the misplaced widgets: outside a parent that does not scroll, or over a sibling; labels that are not in
+/// front of their buddies; areas that scroll although the window has room for them.
 QString misplacedWidgets(const QWidget &dialog)
 {
     QString misplaced;
@@ -147,13 +147,13 @@ QString misplacedWidgets(const QWidget &dialog)
         };
         const QWidget *const parent = widget->parentWidget();
         const bool scrolls = qobject_cast<const QAbstractScrollArea *>(parent->parentWidget()) != nullptr;
-        note(!scrolls && !parent->rect().contains(widget->geometry()), "sticks out of", parent);
+        note(!scrolls && !parent->rect().contains(widget->geometry()), "is not inside of", parent);
         const auto *const area = qobject_cast<const QAbstractScrollArea *>(widget);
         const bool canScroll = area != nullptr && area->verticalScrollBar()->maximum() > 0;
-        note(hasRoom && canScroll && area->height() < dialog.height() / 2, "is cramped in", &dialog);
+        note(hasRoom && canScroll && area->height() < dialog.height() / 2, "scrolls in the large", &dialog);
         const auto *const label = qobject_cast<const QLabel *>(widget);
         const auto *const missed = missedBuddy(label);
-        note(missed != nullptr, "does not stand in front of", missed);
+        note(missed != nullptr, "is not in front of", missed);
         for (const QObject *child : parent->children()) {
             const auto *const other = qobject_cast<const QWidget *>(child);
             const bool counts = other > widget && other->isVisible() && (label == nullptr || !label->text().isEmpty());
@@ -196,18 +196,18 @@ private slots:
         simulatedhost::resetBase();
     }
 
-    void showsWholeTexts_data()
+    void truncatesNoText_data()
     {
         const Rows<bool, double, bool> row("chinese", "fontFactor", "whileOpen");
         for (const bool chinese : {false, true}) {
             const QByteArray language = chinese ? "Chinese, " : "English, ";
-            row(language + "the font of the tests", chinese, 1, false);
-            row(language + "a small font", chinese, 0.7, false);
-            row(language + "a font half as large again", chinese, 1.5, false);
-            row(language + "a font that grows while the dialog is open", chinese, 1.5, true);
+            row(language + "default font", chinese, 1, false);
+            row(language + "small font", chinese, 0.7, false);
+            row(language + "large font", chinese, 1.5, false);
+            row(language + "large font set while the dialog is open", chinese, 1.5, true);
         }
     }
-    void showsWholeTexts()
+    void truncatesNoText()
     {
         QFETCH(bool, chinese);
         QFETCH(double, fontFactor);
@@ -242,18 +242,18 @@ private slots:
         }
     }
 
-    void noteCanBeRead_data()
+    void noteIsReadable_data()
     {
-        const Rows<int, int> row("window", "ground"); // shades of gray
-        row("light", 0xEF, 0xEF);
-        row("dark", 0x35, 0xFF);
-        row("just light enough", 188, 188);
-        row("just too dark", 187, 0xFF);
+        const Rows<int, int> row("window", "background"); // shades of gray
+        row("light window", 0xEF, 0xEF);
+        row("dark window", 0x35, 0xFF);
+        row("darkest window without a background", 188, 188);
+        row("lightest window with a background", 187, 0xFF);
     }
-    void noteCanBeRead()
+    void noteIsReadable()
     {
         QFETCH(int, window);
-        QFETCH(int, ground);
+        QFETCH(int, background);
         const auto par = samplemodules::withChannels(0x3459, 4);
         SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
         dialog.show();
@@ -261,21 +261,21 @@ private slots:
         QCOMPARE(
             note->text(),
             QStringLiteral("<font color=\"#0000FF\">Configuration must be downloaded before taking effect.</font>"));
-        const auto shownGround = [&dialog, note] { return dialog.grab().toImage().pixelColor(note->pos()); };
+        const auto shownBackground = [&dialog, note] { return dialog.grab().toImage().pixelColor(note->pos()); };
         const QPalette before = dialog.palette();
         dialog.setPalette(QPalette(QColor(window, window, window)));
-        QCOMPARE(shownGround(), QColor(ground, ground, ground));
+        QCOMPARE(shownBackground(), QColor(background, background, background));
         dialog.setPalette(before);
-        QCOMPARE(shownGround(), before.color(QPalette::Window));
+        QCOMPARE(shownBackground(), before.color(QPalette::Window));
 
-        dialog.resize(largeWindow); // what is left of the width is between the note and the buttons
+        dialog.resize(largeWindow); // the remaining width is between the note and the buttons
         const auto *ok = dialog.findChild<QAbstractButton *>("okButton");
         QCOMPARE(note->width(), note->sizeHint().width());
         QVERIFY(ok->x() - note->geometry().right() > largeWindow.width() / 4);
     }
 
-    // Every text that is known to the translation is shown in Chinese when it is there, whatever its context is.
-    void showsNothingInEnglish()
+    // No shown text is an English source text of the translation, in any context.
+    void translatesEveryText()
     {
         QSet<QString> english;
         QFile file(SIMPLEEXTEND_TRANSLATION_SOURCE);

@@ -1,4 +1,4 @@
-// Renders the pages of the properties dialog into PNG files; see usage below.
+// Renders the pages of the properties dialog to PNG files; see usage below.
 #include "samplemodules.h"
 #include "simpleextendcfgdlg.h"
 #include "simulatedhelp.h"
@@ -28,7 +28,7 @@ QPalette darkPalette()
     return palette;
 }
 
-/// Other values than the factory's, so that more of what a page can look like is seen.
+/// Sets values that differ between channels, so that the pictures show more states of the editors.
 void varyChannels(SimpleExtendPar &par)
 {
     for (quint8 channel = 0; channel < par.aiCount; ++channel) {
@@ -40,7 +40,7 @@ void varyChannels(SimpleExtendPar &par)
     }
 }
 
-/// False when a file cannot be written.
+/// Returns false if a file cannot be written.
 bool renderPages(const samplemodules::Sample &sample, const QString &pathStem)
 {
     SimpleExtendPar *const par = sample.par.get();

@@ -1,27 +1,29 @@
-// Answers the message boxes that the code under test opens, and keeps what they said.
+// Accepts the message boxes that the code under test opens, and records their contents.
 #pragma once
 
 #include <QApplication>
 #include <QEvent>
 #include <QMessageBox>
+#include <QMetaEnum>
 #include <QStringList>
 
 #include <functional>
 
-/// While it lives, every message box is accepted as soon as it waits for an answer.
+/// During its lifetime every message box is accepted as soon as it is shown.
 class BoxRecorder : public QObject {
 public:
     BoxRecorder() { qApp->installEventFilter(this); }
 
-    QStringList told;                                                               ///< icon, title and text
-    std::function<void(const QMessageBox &box)> onBox = [](const QMessageBox &) {}; ///< before the answer
+    QStringList told; ///< "icon, title: text" of each box
+    std::function<void(const QMessageBox &box)> onBox = [](const QMessageBox &) {
+    }; ///< called before the box is accepted
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         auto *box = qobject_cast<QMessageBox *>(watched);
         if (box != nullptr && event->type() == QEvent::Show) {
-            const QString icon = box->icon() == QMessageBox::Warning ? "warning" : "information";
-            told << QStringLiteral("%1, %2: %3").arg(icon, box->windowTitle(), box->text());
+            const QString icon = QMetaEnum::fromType<QMessageBox::Icon>().valueToKey(box->icon());
+            told << QStringLiteral("%1, %2: %3").arg(icon.toLower(), box->windowTitle(), box->text());
             onBox(*box);
             QMetaObject::invokeMethod(box, &QDialog::accept, Qt::QueuedConnection);
         }

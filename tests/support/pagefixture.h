@@ -1,4 +1,4 @@
-// Drives a page through its widgets, as a user does.
+// Finds and edits the widgets of a page.
 #pragma once
 
 #include <QAbstractButton>
@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QtTest>
 
-template <class Widget = QWidget>
+template <typename Widget = QWidget>
 Widget *child(const QWidget &page, const QString &name)
 {
     auto *widget = page.findChild<Widget *>(name);
@@ -16,8 +16,8 @@ Widget *child(const QWidget &page, const QString &name)
     return widget;
 }
 
-/// Edits by the keyboard: "samples_1=7" chooses the eighth entry, types into a field or sets a check box;
-/// "selectAllButton" presses.
+/// Sends keys to the widgets that the words of @p edits name. "samples_1=7" selects the eighth choice of a combo box,
+/// types into a field or sets a check box; "selectAllButton" presses the button.
 inline void edit(const QWidget &page, const QString &edits)
 {
     for (const QString &item : edits.split(' ', Qt::SkipEmptyParts)) {

@@ -1,0 +1,321 @@
+// The editors of the pages with channels: their choices, titles, places, accessible names and focus.
+#include "channelkinds.h"
+#include "pagefixture.h"
+#include "rows.h"
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QSpinBox>
+#include <QTableWidget>
+
+using namespace channelkinds;
+
+class TestChannelEditors : public QObject {
+    Q_OBJECT
+private slots:
+    void init()
+    {
+        QFont font;
+        font.setPixelSize(6); // the columns have their minimum widths
+        m_dialog = std::make_unique<QWidget>();
+        m_dialog->setFont(font);
+    }
+    void cleanup() { m_page.reset(); }
+
+    void offersChoices_data()
+    {
+        // titles: of a table's columns, else the texts of the labels with the names of their buddies
+        // choices: of each combo box of channel 0
+        const Rows<const Kind *, QString, QString, QStringList> row("kind", "record", "titles", "choices");
+        const QString onOff = "Disable|Enable";
+        const QString slow = "100ms|200ms|500ms|1s|5s";
+        const QString ways = "Upscale|Downscale";
+        const QString degrees = "Degrees Celsius|Degrees Fahrenheit";
+        const QString elements =
+            "Pt-100Ω(α=3850ppm)|Pt-100Ω(α=3920ppm)|Pt-100Ω(α=3850.55ppm)|Pt-100Ω(α=3916ppm)|Pt-100Ω(α=3902ppm)|"
+            "Pt-500Ω(α=3850ppm)|Pt-500Ω(α=3920ppm)|Pt-500Ω(α=3850.55ppm)|Pt-500Ω(α=3916ppm)|Pt-500Ω(α=3902ppm)|"
+            "Pt-1000Ω(α=3850ppm)|Pt-1000Ω(α=3920ppm)|Pt-1000Ω(α=3850.55ppm)|Pt-1000Ω(α=3916ppm)|"
+            "Pt-1000Ω(α=3902ppm)|Cu100|NTC5K(B=3435)|NTC5K(B=3950)|NTC10K(B=3435)|NTC10K(B=3950)";
+        const QStringList volts{onOff, "1ms|10ms|20ms|50ms|100ms", "0~10V|+/-10V|0~20mA|4~20mA", onOff + "|Invalid",
+                                ways};
+        const QStringList couple{onOff, slow, "B|E|N|J|K|R|S|T|+/-80mV", onOff, ways, onOff, degrees};
+        const QStringList resistance{onOff, slow, elements, onOff, ways, "2-wire|3-wire", degrees};
+        const QString common = "Channel|Enable|Filter Time|Input Range|Open Wire Detect|Direction";
+        const QString cold = common + "|Cold Junction|Temperature Scale";
+        const QString wires = common + "|Wiring Scheme|Temperature Scale";
+        row("voltage and current", &aiRange<13395>, "0:-", common, volts);
+        row("a thermocouple among them", &aiRange<13395>, "1:-", common, couple);
+        row("thermocouple without channels", &aiRange<13396>, "", cold, {});
+        row("voltage among resistances", &aiRange<13397>, "0:-", wires, volts);
+        row("another code, no channel", &aiRange<13570>, "", common, {});
+        row("another code, first channel thermocouple", &aiRange<13398>, "1:- 2:-", cold, couple);
+        row("another code, first channel resistance", &aiRange<13399>, "2:-", wires, resistance);
+        row("another code, family unknown", &aiRange<13399>, "9:-", common, {});
+        row("weighing", &weighing, "-",
+            "Channel|Enable|Sensitivity|Limit Freq|Filter Depth|Sub Max|Sub Min|Filter Mode|Sample Freq|Boot Clear",
+            {"0=Disable|1=Enable",
+             "1=1Hz|2=2Hz|3=5Hz|4=10Hz|5=15Hz|6=25Hz|7=30Hz|8=50Hz|9=60Hz|10=100Hz|11=500Hz|12=1000Hz|13=2000Hz|"
+             "14=3000Hz",
+             "0=Default|1=Disable", "1=50Hz|2=60Hz|3=100Hz|4=400Hz|5=1200Hz|6=2400Hz"});
+        row("input filter delays", &diFilter, "16 0000",
+            "I0.0 - I0.3filter_0|I0.4 - I0.7filter_1|I1.0 - I1.3filter_2|I1.4 - I1.7filter_3",
+            {"0.20ms|0.40ms|0.80ms|1.60ms|3.20ms|6.40ms|12.8ms"});
+        row("digital outputs", &dqTable, "16 0000", "Q0.xoutput_0|Q1.xoutput_8", {});
+        row("samples", &aiFilter, "- -", "AIW0|AIW2", {"2|4|8|16|32|64|128|256"});
+        row("stop values", &aqTable, "- - -", "AQW0:stopValue_0|AQW2:stopValue_1|AQW4:stopValue_2", {});
+        row("output types", &aqType, "- -", "Channel 0:enable_0|Channel 1:enable_1",
+            {onOff, "0~10V|+/-10v|0~20mA|4~20mA"});
+    }
+    void offersChoices()
+    {
+        QStringList choices;
+        for (const auto *combo : open().findChildren<QComboBox *>(QRegularExpression("_0$"))) {
+            QStringList shown;
+            for (int i = 0; i < combo->count(); ++i) {
+                const QString code = combo->itemData(i).toString();
+                shown.append(code + (code.isEmpty() ? "" : "=") + combo->itemText(i));
+            }
+            choices.append(shown.join('|'));
+        }
+        QTEST(choices, "choices");
+    }
+
+    void showsTitles_data() { offersChoices_data(); }
+    void showsTitles()
+    {
+        const QWidget &page = open();
+        QStringList titles;
+        for (const auto *label : page.findChildren<QLabel *>()) {
+            if (label->buddy() != nullptr) {
+                titles.append(label->text() + label->buddy()->objectName());
+            }
+        }
+        for (const auto *box : page.findChildren<QCheckBox *>(QRegularExpression("filterOn_"))) {
+            titles.append(box->text());
+        }
+        for (const auto *table : page.findChildren<QTableWidget *>()) {
+            for (int column = 0; column < table->columnCount(); ++column) {
+                titles.append(table->horizontalHeaderItem(column)->text());
+            }
+        }
+        QTEST(titles.join('|'), "titles");
+    }
+
+    void columnsFitTheirContents_data()
+    {
+        // widths: the minimum width of each column, in pixels
+        const Rows<const Kind *, QString, int, QVector<int>> row("kind", "record", "channels", "widths");
+        const QVector<int> widths{60, 80, 80, 150, 130, 80, 130, 130};
+        row("voltage and current", &aiRange<13395>, "0:-", 1, widths);
+        row("a thermocouple has more editors than the table", &aiRange<13395>, "1:-", 1, widths);
+        row("thermocouples", &aiRange<13396>, "1:- 1:-", 2, widths);
+        row("resistances", &aiRange<13397>, "2:-", 1, widths);
+        row("no channels", &aiRange<13396>, "", 0, widths);
+        row("weighing", &weighing, "- -", 2, {});
+    }
+    void columnsFitTheirContents()
+    {
+        QFETCH(QVector<int>, widths);
+        const auto *table = open().findChild<QTableWidget *>();
+        for (int column = 0; column < table->columnCount(); ++column) {
+            int width = qMax(widths.value(column), table->horizontalHeader()->sectionSizeHint(column));
+            if (const auto *editor = table->cellWidget(0, column)) {
+                const int gridLine = 1;
+                width = qMax(width, qMax(editor->sizeHint().width(), editor->minimumWidth()) + gridLine);
+            }
+            QCOMPARE(table->columnWidth(column), width);
+        }
+    }
+
+    void everyVisibleEditorIsInItsCell_data() { columnsFitTheirContents_data(); }
+    void everyVisibleEditorIsInItsCell()
+    {
+        const QWidget &page = open();
+        const auto *table = page.findChild<QTableWidget *>();
+        QSet<const QWidget *> placed;
+        for (int column = 1; column < table->columnCount() && table->rowCount() > 0; ++column) {
+            placed += table->cellWidget(0, column);
+        }
+        for (const auto *editor : page.findChildren<QWidget *>(QRegularExpression("_0$"))) {
+            QCOMPARE(placed.remove(editor), !editor->isHidden());
+        }
+        QVERIFY(placed.isEmpty());
+    }
+
+    void tablesNumberTheChannels_data() { columnsFitTheirContents_data(); }
+    void tablesNumberTheChannels()
+    {
+        const auto *table = open().findChild<QTableWidget *>();
+        QTEST(table->rowCount(), "channels");
+        for (int channel = 0; channel < table->rowCount(); ++channel) {
+            const QTableWidgetItem *const number = table->item(channel, 0);
+            QVERIFY(number != nullptr && (number->flags() & Qt::ItemIsEditable) == 0);
+            QCOMPARE(number->text() + table->verticalHeaderItem(channel)->text(), QString("%1%1").arg(channel));
+        }
+    }
+
+    void spinBoxesHaveTheLimitsOfTheirToolTips()
+    {
+        Par par = weighing.record("-");
+        const PagePtr page = weighing.make(par, nullptr, m_dialog.get());
+        QStringList limits;
+        for (const auto *editor : page->findChildren<QAbstractSpinBox *>()) {
+            limits += QString("%1 %2 to %3, %4 decimals, %5")
+                          .arg(editor->objectName(), editor->property("minimum").toString(),
+                               editor->property("maximum").toString(),
+                               QString::number(editor->property("decimals").toInt()), editor->toolTip());
+        }
+        QCOMPARE(limits,
+                 QStringList({"sensitivity_0 0 to 32, 4 decimals, 0~32.0000",
+                              "filterDepth_0 0 to 2000, 0 decimals, 0~2000", "subMax_0 0 to 2000, 0 decimals, 0~2000",
+                              "subMin_0 0 to 2000, 0 decimals, 0~2000", "bootClear_0 -99 to 99, 0 decimals, -99~99"}));
+    }
+
+    void rangeChangeWithoutSenderUpdatesTheFirstChannel()
+    {
+        Par par = aiRange<13395>.record("0:0/0/3/1 0:0/0/3/1");
+        const PagePtr page = aiRange<13395>.make(par, nullptr, m_dialog.get());
+        child<QComboBox>(*page, "openWire_0")->setCurrentIndex(0);
+        child<QComboBox>(*page, "openWire_1")->setCurrentIndex(0);
+        QVERIFY(QMetaObject::invokeMethod(page.get(), "slot_inputRangeChange"));
+        QCOMPARE(child<QComboBox>(*page, "openWire_0")->currentText(), QString("Enable"));
+        QCOMPARE(child<QComboBox>(*page, "openWire_1")->currentText(), QString("Disable"));
+    }
+
+    void outputsAreBelowTheirHeaders()
+    {
+        Par par = dqTable.record("16 0000");
+        const PagePtr page = dqTable.make(par, nullptr, m_dialog.get());
+        page->grab(); // activates the layouts
+        QStringList headers;
+        for (const auto *label : page->findChildren<QLabel *>()) {
+            const auto *const box = page->findChild<QCheckBox *>("output_" + label->text());
+            if (box != nullptr && label->geometry().center().x() == box->geometry().center().x()) {
+                headers.append(label->text());
+            }
+        }
+        QCOMPARE(headers.join(""), QString("01234567"));
+    }
+
+    // Accessible name and description of the editors of channel 1. The name of a combo box is its current text.
+    void isHeard_data()
+    {
+        const Rows<const Kind *, QString, QStringList> row("kind", "record", "heard");
+        const QStringList ranges{"enable: Disable (Channel 1, Enable)", "filterTime: 1ms (Channel 1, Filter Time)",
+                                 "inputRange: 4~20mA (Channel 1, Input Range)",
+                                 "openWire: Enable (Channel 1, Open Wire Detect)",
+                                 "direction: Upscale (Channel 1, Direction)"};
+        row("voltage", &aiRange<13395>, "0:0/0/3/1 0:0/0/3/1", ranges);
+        row("thermocouple", &aiRange<13396>, "1:- 1:0/1/2/1/0/1/1",
+            {"enable: Disable (Channel 1, Enable)", "filterTime: 200ms (Channel 1, Filter Time)",
+             "inputRange: N (Channel 1, Input Range)", "openWire: Enable (Channel 1, Open Wire Detect)",
+             "direction: Upscale (Channel 1, Direction)", "coldJunction: Enable (Channel 1, Cold Junction)",
+             "temperatureScale: Degrees Fahrenheit (Channel 1, Temperature Scale)"});
+        row("resistance under thermocouple titles", &aiRange<13396>, "1:- 2:0/1/15/1/0/1/0/1",
+            {"enable: Disable (Channel 1, Enable)", "filterTime: 200ms (Channel 1, Filter Time)",
+             "inputRange: Cu100 (Channel 1, Input Range)", "openWire: Enable (Channel 1, Open Wire Detect)",
+             "direction: Upscale (Channel 1, Direction)", "wiringScheme: 3-wire (Channel 1, Wiring Scheme)",
+             "temperatureScale: Degrees Fahrenheit (Channel 1, Temperature Scale)"});
+        row("scales", &weighing, "- -",
+            {"enable: Enable (Channel 1, Enable)",
+             "sensitivity: Channel 1, Sensitivity (Channel 1, Sensitivity, 0~32.0000)",
+             "limitFreq: 10Hz (Channel 1, Limit Freq)",
+             "filterDepth: Channel 1, Filter Depth (Channel 1, Filter Depth, 0~2000)",
+             "subMax: Channel 1, Sub Max (Channel 1, Sub Max, 0~2000)",
+             "subMin: Channel 1, Sub Min (Channel 1, Sub Min, 0~2000)", "filterMode: Default (Channel 1, Filter Mode)",
+             "sampleFreq: 50Hz (Channel 1, Sample Freq)",
+             "bootClear: Channel 1, Boot Clear (Channel 1, Boot Clear, -99~99)"});
+        row("filters", &aiFilter, "- -",
+            {"filterOn: Channel 1, Whether to Filter (Channel 1, Whether to Filter)",
+             "samples: 2 (Channel 1, Number of Samples)",
+             "deadband: Channel 1, Deadband(16 - 4080, 0 = forbid) (Channel 1, Deadband(16 - 4080, 0 = forbid))"});
+        row("stop values", &aqTable, "- -",
+            {"freeze: Channel 1, Freeze outputs in last state (Channel 1, Freeze outputs in last state)",
+             "stopValue: Channel 1, Values on transition from RUN to STOP (Channel 1, Values on transition from RUN to "
+             "STOP, -32000~32000)"});
+        row("output types", &aqType, "- -",
+            {"enable: Disable (Channel 1, Channel Enable)", "range: 0~10V (Channel 1, Range)"});
+        row("filter delays", &diFilter, "8 11", {"filter: 0.40ms (I0.4 - I0.7, Input Filter Delays)"});
+        row("digital outputs", &dqTable, "8 11", {"output: Q0.1 ()"});
+    }
+    void isHeard()
+    {
+        QFETCH(QStringList, heard);
+        const QWidget &page = open();
+        QStringList all;
+        for (auto *editor : page.findChildren<QWidget *>(QRegularExpression("^(?!filterLabel)[a-zA-Z]*_1$"))) {
+            QAccessibleInterface *const read = QAccessible::queryAccessibleInterface(editor);
+            const QString stem = editor->objectName().section('_', 0, 0);
+            all << QString("%1: %2 (%3)")
+                       .arg(stem, read->text(QAccessible::Name), read->text(QAccessible::Description));
+        }
+        all.sort();
+        heard.sort();
+        QCOMPARE(all, heard);
+    }
+
+    void cellsAreHeardAsTheirEditors()
+    {
+        Par par = weighing.record("- -");
+        const PagePtr page = weighing.make(par, nullptr, m_dialog.get());
+        auto *table = page->findChild<QTableWidget *>();
+        for (int column = 0; column < table->columnCount(); ++column) {
+            const auto *const editor = table->cellWidget(1, column);
+            auto *const cell = QAccessible::queryAccessibleInterface(table)->tableInterface()->cellAt(1, column);
+            QCOMPARE(cell->text(QAccessible::Name), column == 0 ? "Channel 1" : editor->accessibleName());
+        }
+    }
+
+    void keyboardFocusScrolls_data()
+    {
+        const Rows<const Kind *, QString> row("kind", "way");
+        row("a table", &weighing, "filterMode_200 sampleFreq_200 bootClear_200 enable_201");
+        row("rows that scroll", &aiFilter, "deadband_99 filterOn_100 samples_100 deadband_100");
+    }
+    void keyboardFocusScrolls()
+    {
+        QFETCH(const Kind *, kind);
+        QFETCH(QString, way);
+        const QStringList editors = way.split(' ');
+        Par par = kind->record(QString("- ").repeated(255));
+        const PagePtr page = kind->make(par, nullptr, nullptr);
+        page->resize(400, 200);
+        page->show();
+        QVERIFY(QTest::qWaitForWindowActive(page.get()));
+        // A click and the activation of the window do not scroll.
+        for (const auto reason : {Qt::MouseFocusReason, Qt::ActiveWindowFocusReason, Qt::ShortcutFocusReason}) {
+            page->setFocus();
+            auto *const first = child(*page, editors[0]);
+            first->setFocus(reason);
+            QCOMPARE(first->visibleRegion().isEmpty(), reason != Qt::ShortcutFocusReason);
+        }
+        child(*page, editors[1])->setFocus();
+        child(*page, editors[0])->setFocus();
+        for (const QString &next : editors) {
+            const auto *editor = child(*page, next);
+            QCOMPARE(QApplication::focusWidget(), editor);
+            QCOMPARE(editor->visibleRegion().boundingRect(), editor->rect());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+    }
+
+private:
+    /// Opens the page of the row's kind with the row's record.
+    const QWidget &open()
+    {
+        QFETCH(const Kind *, kind);
+        QFETCH(QString, record);
+        m_par = kind->record(record);
+        m_page = kind->make(m_par, nullptr, m_dialog.get());
+        return *m_page;
+    }
+
+    Par m_par;
+    std::unique_ptr<QWidget> m_dialog;
+    PagePtr m_page;
+};
+
+QTEST_MAIN(TestChannelEditors)
+#include "tst_channeleditors.moc"
