@@ -273,7 +273,7 @@ void measureWithoutLines(const QString &name, const SimpleExtendPar &par)
             });
             const double checks = secondsOf([&] {
                 for (int i = 0; i < times * lines; ++i) {
-                    writeDiagnostic(DiagnosticLine::Save, ByteReader(nullptr, 0));
+                    writeDiagnostic(DiagnosticLine::Save, QByteArray());
                 }
             });
             run.SetIterationTime((whole - checks) / times);
