@@ -252,7 +252,7 @@ qint32 SAddrMapWgt::moveRange(const Direction &direction, IoMap &range, Change &
     freeMemory(m_par->memoryOwner, area, range.start, direction.byteCount());
     const qint32 answer = getMemory(m_par->memoryOwner, area, start, direction.byteCount());
     if (answer == memoryHeld) {
-        change.add(range.start, static_cast<quint16>(start));
+        change = {true, range.start, static_cast<quint16>(start)};
         range.start = change.after;
     }
     return answer;
@@ -285,18 +285,11 @@ void SAddrMapWgt::discard()
     m_snapshots.last().output.revert(m_par->outMap.start);
 }
 
-void SAddrMapWgt::Change::add(quint16 from, quint16 to)
-{
-    const bool continues = isMade && after == from;
-    before = continues ? before : from;
-    after = to;
-    isMade = true;
-}
-
 void SAddrMapWgt::Change::add(const Change &later)
 {
     if (later.isMade) {
-        add(later.before, later.after);
+        const bool continues = isMade && after == later.before;
+        *this = {true, continues ? before : later.before, later.after};
     }
 }
 

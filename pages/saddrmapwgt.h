@@ -62,7 +62,6 @@ private:
         quint16 before = 0;
         quint16 after = 0;
 
-        void add(quint16 from, quint16 to);
         void add(const Change &later);
         void revert(quint16 &start) const;
     };

@@ -10,8 +10,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <array>
-
 namespace {
 
 constexpr int bytesPerChannel = 2;
@@ -24,25 +22,6 @@ constexpr Field samplesField = channelField<&AiFilter::samples>(QT_TRANSLATE_NOO
                                                                 "samples", choices::sampleCounts);
 constexpr Field deadbandField = channelField<fields::Number, &AiFilter::deadband>(
     QT_TRANSLATE_NOOP("SAIFilterWgt", "Deadband(16 - 4080, 0 = forbid)"), "deadband", limits::deadband);
-
-/// All columns, from left to right.
-constexpr std::array columns = {filterOnField, samplesField, deadbandField};
-
-QWidget *newEditor(const Field &field, int channel, QWidget *parent)
-{
-    if (field.choices != nullptr) {
-        auto *editor = new QComboBox(parent);
-        editor->addItems(field.choices->texts());
-        return editor;
-    }
-    if (field.limits.maximum != 0) {
-        auto *editor = new MSpinBoxDeadBand(parent);
-        editor->setRange(field.limits.minimum, field.limits.maximum);
-        editor->setSingleStep(field.limits.step);
-        return editor;
-    }
-    return new QCheckBox(QStringLiteral("AIW%1").arg(bytesPerChannel * channel), parent);
-}
 
 } // namespace
 
@@ -79,21 +58,27 @@ QWidget *SAIFilterWgt::newChannelGrid()
     auto *channels = new QWidget;
     auto *grid = new QGridLayout(channels);
     QStringList titles;
-    for (const Field &field : columns) {
-        const int place = titles.size();
-        titles.append(tr(field.title));
-        grid->addWidget(new WrappedLabel(titles.last()), 0, place);
-        grid->setColumnStretch(place, 1);
+    for (const Field *field : {&filterOnField, &samplesField, &deadbandField}) {
+        titles.append(tr(field->title));
+        grid->addWidget(new WrappedLabel(titles.last()), 0, titles.size() - 1);
+        grid->setColumnStretch(titles.size() - 1, 1);
     }
+    const QStringList sampleCounts = choices::sampleCounts.texts();
     for (int channel = 0; channel < m_par->aiCount; ++channel) {
-        int place = 0;
-        for (const Field &field : columns) {
-            QWidget *editor = newEditor(field, channel, channels);
-            registerEditor(field.stem, channel, editor, titles.at(place));
+        int column = 0;
+        const auto add = [&](const Field &field, QWidget *editor) {
+            registerEditor(field.stem, channel, editor, titles.at(column));
             m_editors.add(field, channel, editor);
-            grid->addWidget(editor, channel + 1, place);
-            ++place;
-        }
+            grid->addWidget(editor, channel + 1, column++);
+        };
+        add(filterOnField, new QCheckBox(QStringLiteral("AIW%1").arg(bytesPerChannel * channel), channels));
+        auto *samples = new QComboBox(channels);
+        samples->addItems(sampleCounts);
+        add(samplesField, samples);
+        auto *deadband = new MSpinBoxDeadBand(channels);
+        deadband->setRange(limits::deadband.minimum, limits::deadband.maximum);
+        deadband->setSingleStep(limits::deadband.step);
+        add(deadbandField, deadband);
     }
     grid->addItem(new QSpacerItem(10, 10, QSizePolicy::Minimum, QSizePolicy::Expanding), m_par->aiCount + 2, 2);
     return channels;

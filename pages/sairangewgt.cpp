@@ -6,11 +6,11 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QMap>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -168,15 +168,11 @@ void SAIRangeWgt::fitToFont()
     for (const RangeColumn *column : columnsOf(headerFamily())) {
         widths.append(column->minimumWidth);
     }
-    QVector<int> samples; // the first channel of each family
-    std::array<bool, familyCount> sampled{};
-    for (int channel = 0; channel < m_rows.size(); ++channel) {
-        const quint8 family = channelFamily(channel);
-        if (isFamily(family) && !std::exchange(sampled.at(family), true)) {
-            samples.append(channel);
-        }
+    QMap<quint8, int> firstChannels; // by signal family
+    for (int channel = m_rows.size() - 1; channel >= 0; --channel) {
+        firstChannels[channelFamily(channel)] = channel;
     }
-    m_table->fitToContents(samples, widths);
+    m_table->fitToContents(firstChannels.values().toVector(), widths);
 }
 
 void SAIRangeWgt::initData(SimpleExtendPar *par)

@@ -52,15 +52,14 @@ void SAQOutTypeWgt::initUI()
         m_headers.append(header);
     }
     for (int channel = 0; channel < m_par->aqCount; ++channel) {
-        auto header = m_headers.cbegin();
-        int place = 1;
+        int column = 0;
         for (const Field &field : columns) {
             auto *editor = new QComboBox(channels);
             editor->addItems(field.choices->texts());
-            registerEditor(field.stem, channel, editor, (*header++)->text());
+            registerEditor(field.stem, channel, editor, m_headers.at(column)->text());
             m_editors.add(field, channel, editor);
-            grid->addWidget(editor, channel + 1, place, 1, columnSpan);
-            place += columnSpan;
+            grid->addWidget(editor, channel + 1, 1 + columnSpan * column, 1, columnSpan);
+            ++column;
         }
         grid->addWidget(newLabel(tr("Channel %1:").arg(channel), m_editors.at(columns.front(), channel)), channel + 1,
                         0);

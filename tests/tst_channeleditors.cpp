@@ -7,7 +7,6 @@
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QSpinBox>
 #include <QTableWidget>
 
 using namespace channelkinds;
@@ -156,23 +155,6 @@ private slots:
         }
     }
 
-    void spinBoxesHaveTheLimitsOfTheirToolTips()
-    {
-        Par par = weighing.record("-");
-        const PagePtr page = weighing.make(par, nullptr, m_dialog.get());
-        QStringList limits;
-        for (const auto *editor : page->findChildren<QAbstractSpinBox *>()) {
-            limits += QString("%1 %2 to %3, %4 decimals, %5")
-                          .arg(editor->objectName(), editor->property("minimum").toString(),
-                               editor->property("maximum").toString(),
-                               QString::number(editor->property("decimals").toInt()), editor->toolTip());
-        }
-        QCOMPARE(limits,
-                 QStringList({"sensitivity_0 0 to 32, 4 decimals, 0~32.0000",
-                              "filterDepth_0 0 to 2000, 0 decimals, 0~2000", "subMax_0 0 to 2000, 0 decimals, 0~2000",
-                              "subMin_0 0 to 2000, 0 decimals, 0~2000", "bootClear_0 -99 to 99, 0 decimals, -99~99"}));
-    }
-
     void rangeChangeWithoutSenderUpdatesTheFirstChannel()
     {
         Par par = aiRange<13395>.record("0:0/0/3/1 0:0/0/3/1");
@@ -208,11 +190,6 @@ private slots:
                                  "openWire: Enable (Channel 1, Open Wire Detect)",
                                  "direction: Upscale (Channel 1, Direction)"};
         row("voltage", &aiRange<13395>, "0:0/0/3/1 0:0/0/3/1", ranges);
-        row("thermocouple", &aiRange<13396>, "1:- 1:0/1/2/1/0/1/1",
-            {"enable: Disable (Channel 1, Enable)", "filterTime: 200ms (Channel 1, Filter Time)",
-             "inputRange: N (Channel 1, Input Range)", "openWire: Enable (Channel 1, Open Wire Detect)",
-             "direction: Upscale (Channel 1, Direction)", "coldJunction: Enable (Channel 1, Cold Junction)",
-             "temperatureScale: Degrees Fahrenheit (Channel 1, Temperature Scale)"});
         row("resistance under thermocouple titles", &aiRange<13396>, "1:- 2:0/1/15/1/0/1/0/1",
             {"enable: Disable (Channel 1, Enable)", "filterTime: 200ms (Channel 1, Filter Time)",
              "inputRange: Cu100 (Channel 1, Input Range)", "openWire: Enable (Channel 1, Open Wire Detect)",

@@ -5,16 +5,15 @@
 #include "defaultbuilder.h"
 #include "modulestate.h"
 #include "pagefixture.h"
+#include "randomedits.h"
 #include "rows.h"
 #include "simpleextendcfgdlg.h"
 #include "simulatedhost.h"
 
-#include <QCheckBox>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QStackedWidget>
 #include <QTabWidget>
-#include <QTextEdit>
 #include <QTreeWidget>
 
 #include <cmath>
@@ -32,14 +31,7 @@ public:
         backupUsedMemory(owner);
         m_dialog.reset(new SimpleExtendcfgdlg(par, owner, nullptr, locked));
     }
-    ~OpenDialog()
-    {
-        if (m_dialog->result() == QDialog::Accepted) {
-            popBackupMemory(owner);
-        } else {
-            restoreUsedMemory(owner);
-        }
-    }
+    ~OpenDialog() { (m_dialog->result() == QDialog::Accepted ? popBackupMemory : restoreUsedMemory)(owner); }
     Q_DISABLE_COPY_MOVE(OpenDialog)
 
     SimpleExtendcfgdlg *operator->() { return m_dialog.data(); }
@@ -63,38 +55,6 @@ public:
 private:
     QScopedPointer<SimpleExtendcfgdlg> m_dialog;
 };
-
-/// Gives every editor of the dialog a random value. The values break no rule, so that OK accepts them.
-void changeEverything(OpenDialog &opened, QRandomGenerator &random)
-{
-    // The starts are in range for every area. The filter depth exceeds the sum of the other two.
-    const QHash<QString, QPair<int, int>> narrower{{"inputStart", {0, 400}},
-                                                   {"outputStart", {500, 900}},
-                                                   {"filterDepth", {1000, 2000}},
-                                                   {"subMax", {0, 499}},
-                                                   {"subMin", {0, 499}}};
-    for (QWidget *editor : opened->findChildren<QWidget *>(QRegularExpression("^(?!qt_)"))) {
-        if (!editor->isEnabledTo(opened.operator->())) {
-            continue;
-        }
-        if (auto *combo = qobject_cast<QComboBox *>(editor)) {
-            combo->setCurrentIndex(random.bounded(combo->count()));
-        } else if (auto *box = qobject_cast<QCheckBox *>(editor)) {
-            box->setChecked(random.bounded(2) == 1);
-        } else if (auto *spinBox = qobject_cast<QSpinBox *>(editor)) {
-            const auto [lowest, highest] =
-                narrower.value(spinBox->objectName().section('_', 0, 0), {spinBox->minimum(), spinBox->maximum()});
-            const int steps = (highest - lowest) / spinBox->singleStep();
-            spinBox->setValue(lowest + random.bounded(steps + 1) * spinBox->singleStep());
-        } else if (auto *numberBox = qobject_cast<QDoubleSpinBox *>(editor)) {
-            numberBox->setValue(random.bounded(numberBox->maximum()));
-        } else if (auto *text = qobject_cast<QLineEdit *>(editor); text != nullptr && !text->isReadOnly()) {
-            text->setText(QString::number(random.bounded(-32000, 32001)));
-        } else if (auto *comment = qobject_cast<QTextEdit *>(editor)) {
-            comment->setPlainText(QString::number(random.generate()));
-        }
-    }
-}
 
 } // namespace
 
@@ -128,8 +88,7 @@ private slots:
         row("second weighing type of double words", 14420, {6, 7}, weighHeading, common + ",Weight Param");
         row("weighing type of words", 14419, {6, 7}, weighHeading, common);
         row("second weighing type of words", 14421, {6, 7}, weighHeading, common);
-        row("pages in the order of the tree, not of saving", 1, {129, 7}, ": ",
-            common + ",Input Filter,Output Tables,Output Type");
+        row("inputs before outputs", 1, {129, 7}, ": ", common + ",Input Filter,Output Tables,Output Type");
         for (const quint32 code : {13394U, 13571U, 13649U, 13908U, 14417U, 14422U}) {
             row("plain type " + QByteArray::number(code), code, {6, 130}, ": ", inputs + ",Output Tables");
         }
@@ -246,16 +205,12 @@ private slots:
         auto *tree = opened.find<QTreeWidget>("tree");
         for (int i = 0; i < tree->topLevelItem(0)->childCount(); ++i) {
             tree->setCurrentItem(tree->topLevelItem(0)->child(i));
-            QStringList focused;
             for (auto *button : opened->findChildren<QPushButton *>()) {
                 button->setFocus();
-                focused += button->hasFocus() ? button->objectName() : QString();
+                QCOMPARE(button->hasFocus(), button->isVisible());
                 for (const auto *each : opened->findChildren<QPushButton *>()) {
                     QCOMPARE(each->isDefault(), each->objectName() == "okButton");
                 }
-            }
-            for (const char *button : {"okButton", "cancelButton", "defaultAllButton", "helpButton"}) {
-                QVERIFY(focused.contains(button));
             }
         }
     }
@@ -352,7 +307,7 @@ private slots:
                 const auto par = buildDefault(entry.typeCode, owner);
                 QRandomGenerator random(seed);
                 OpenDialog edited(par.get());
-                changeEverything(edited, random);
+                changeEverything(*edited.operator->(), random);
                 edited.press("okButton");
                 QVERIFY2(edited->result() == QDialog::Accepted, qPrintable(name));
                 const QByteArray after = saveModule(*par);
@@ -419,9 +374,8 @@ private slots:
             QStringList expected{claimText(6, par.inMap.start, 8), claimText(6, taken, 8),
                                  claimText(132, par.outMap.start, 4), claimText(132, taken, 4)};
             expected.sort();
-            QVERIFY2(claims(owner) == expected, qPrintable(QStringLiteral("Walk %1: claimed %2, stored %3")
-                                                               .arg(walk)
-                                                               .arg(claims(owner).join(' '), expected.join(' '))));
+            const QString name = QStringLiteral("Walk %1: ").arg(walk);
+            QCOMPARE(QString(name + claims(owner).join(' ')), QString(name + expected.join(' ')));
         }
     }
 
