@@ -207,7 +207,7 @@ private slots:
             tree->setCurrentItem(tree->topLevelItem(0)->child(i));
             for (auto *button : opened->findChildren<QPushButton *>()) {
                 button->setFocus();
-                QCOMPARE(button->hasFocus(), button->isVisible());
+                QVERIFY(button->hasFocus() || !button->isVisible());
                 for (const auto *each : opened->findChildren<QPushButton *>()) {
                     QCOMPARE(each->isDefault(), each->objectName() == "okButton");
                 }
@@ -256,7 +256,7 @@ private slots:
         QVERIFY(opened.show());
         opened.find<QSpinBox>("inputStart")->setValue(neighbour->inMap.start);
         opened.find<QSpinBox>("deadband_1")->setValue(20);
-        opened.find<QLineEdit>("nameEdit")->setText("written in spite of the refusals");
+        opened.find<QLineEdit>("nameEdit")->setText("written all the same");
         BoxRecorder boxes;
         QStringList shown;
         boxes.onBox = [&](const QMessageBox &) {
@@ -270,7 +270,7 @@ private slots:
         QCOMPARE(opened.shownPage() + ' ' + opened->focusWidget()->objectName(), address);
         QCOMPARE(opened.find<QSpinBox>("inputStart")->findChild<QLineEdit *>()->selectedText(),
                  QString::number(neighbour->inMap.start));
-        QCOMPARE(par->objName, QStringLiteral("written in spite of the refusals"));
+        QCOMPARE(par->objName, QStringLiteral("written all the same"));
     }
 
     void uneditedModulesStayUnchanged()
