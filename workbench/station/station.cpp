@@ -132,7 +132,7 @@ Result<> Station::checkFree(Place place) const
 Result<> Station::setPlcType(quint32 type)
 {
     const bool changes = type != plcType();
-    const Result<> result = m_memory.setPlcType(type);
+    Result<> result = m_memory.setPlcType(type);
     if (result && changes) {
         emit plcTypeChanged();
     }
@@ -165,7 +165,7 @@ void Station::insert(Module module)
 
 Result<> Station::add(quint32 typeCode, Place place)
 {
-    if (const Result<> free = checkFree(place); !free) {
+    if (Result<> free = checkFree(place); !free) {
         return free;
     }
     ModuleHandle handle = m_plugin.own(m_exports.createObject(typeCode, m_memory.owner()));
@@ -219,7 +219,7 @@ Result<> Station::addCopy(const QByteArray &state, Place place, bool newAddresse
     }
     IoMap in = m_exports.getInMap(probe->get());
     IoMap out = m_exports.getOutMap(probe->get());
-    if (const Result<> room = newAddresses ? m_memory.findRoom(in, out) : Result<>(); !room) {
+    if (Result<> room = newAddresses ? m_memory.findRoom(in, out) : Result<>(); !room) {
         return room;
     }
     setPlace(probe->get(), place);
@@ -236,7 +236,7 @@ Result<> Station::move(Place from, Place to)
     if (to == from) {
         return {};
     }
-    if (const Result<> free = checkFree(to); !free) {
+    if (Result<> free = checkFree(to); !free) {
         return free;
     }
     const auto moved = m_modules.begin() + *moduleAt(from);

@@ -136,7 +136,7 @@ Result<> StationEdits::replaceState(Place place, const QByteArray &state)
     after.state = state;
     after.unavailable.clear();
     if (!m_station.put(after)) {
-        const Failure failure{m_station.take(place).unavailable};
+        Failure failure{m_station.take(place).unavailable};
         m_station.put(before);
         return failure;
     }
