@@ -1,11 +1,13 @@
 // The workbench's window, driven through its widgets: catalog, racks, properties dialog, memory map, files.
 #include "blockview.h"
+#include "catalogfolder.h"
 #include "catalogview.h"
 #include "helpdock.h"
 #include "helpsharemodule.h"
 #include "mainwindow.h"
 #include "memoryview.h"
 #include "pagefixture.h"
+#include "projectfile.h"
 #include "rackview.h"
 #include "rows.h"
 #include "simulatedhost.h"
@@ -78,6 +80,7 @@ private slots:
     void initTestCase()
     {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+        QVERIFY(QDir::setCurrent(m_folder.path()));
         QVERIFY2(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH), qPrintable(m_plugin.errorString()));
     }
 
@@ -121,9 +124,8 @@ private slots:
         QCOMPARE(cell({0, 0}), edited);
         QTRY_COMPARE(freeText("memoryStrip_AI"), QString("2,040 of 2,048 bytes free, longest gap 1,940"));
 
-        const QString path = m_folder.filePath("walk.station");
-        answerNext<QFileDialog>([&](QFileDialog *dialog) {
-            dialog->findChild<QLineEdit *>("fileNameEdit")->setText(path);
+        answerNext<QFileDialog>([](QFileDialog *dialog) {
+            dialog->findChild<QLineEdit *>("fileNameEdit")->setText("walk.station");
             dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
         });
         trigger("saveAction");
@@ -132,7 +134,7 @@ private slots:
 
         trigger("newAction");
         QCOMPARE(cell({0, 0}), QString("Rack 0, slot 0: free"));
-        QVERIFY(m_window->openFile(path));
+        QVERIFY(m_window->openFile("walk.station"));
         QCOMPARE(cell({0, 0}), edited);
         QVERIFY(cell({0, 1}).contains("Digital Input 8"));
     }
@@ -164,7 +166,6 @@ private slots:
         QVERIFY(child<QAction>("removeAction")->isEnabled());
         press(m_racks, Qt::Key_Delete);
         QVERIFY(!child<QAction>("removeAction")->isEnabled());
-        QCOMPARE(cell({0, 0}), QString("Rack 0, slot 0: free"));
         trigger("undoAction");
         trigger("redoAction");
         QCOMPARE(cell({0, 0}), QString("Rack 0, slot 0: free"));
@@ -247,6 +248,20 @@ private slots:
         trigger("newAction");
         QVERIFY(cell({0, 0}).contains("Relay"));
         QVERIFY(m_window->isWindowModified());
+    }
+
+    void keepsNamesThatTheLocaleLacks()
+    {
+        CatalogFolder catalog;
+        catalog.writeModule(13650, 8, u8"ObjName=\u00e4\u4e2d\n");
+        for (const QStringList &task : {QStringList{"--batch", "--new", "names.station", "--modules", "2"},
+                                        {"--batch", "names.station", "--verify"},
+                                        {"--table", "names.station"},
+                                        {"--batch", "names.station", "--compile", "names.blk"},
+                                        {"--batch", "names again.station", "--decompile", "names.blk"}}) {
+            QCOMPARE(QProcess::execute("env", QStringList{"LC_ALL=C", WORKBENCH_PROGRAM} + task), 0);
+        }
+        QCOMPARE(ProjectFile("names again.station").read()->modules[1].name, QStringLiteral(u"\u00e4\u4e2d"));
     }
 
     void runsWithoutAWindow_data()

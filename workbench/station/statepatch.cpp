@@ -8,7 +8,7 @@ namespace {
 
 QByteArray byte(int value)
 {
-    return QByteArray(1, static_cast<char>(value));
+    return {1, static_cast<char>(value)};
 }
 
 /// The three fields of a range, which are adjacent in the header.
