@@ -183,8 +183,8 @@ private slots:
         row("analog output type", make<SAQOutTypeWgt>,
             "area[descriptionLabel; defaultsButton right; "
             "'Values on transition from RUN to STOP'[area[spacer 0mx0m 0,0; 'Channel Enable' h24 0,1 1x2; "
-            "'Range' h24 0,3 1x2; 'Channel 0:' 1,0; enable_0 1,1 1x2; range_0 1,3 1x2; 'Channel 1:' 2,0; "
-            "enable_1 2,1 1x2; range_1 2,3 1x2; spacer 10mx10e 3,0]] expanding]");
+            "'Range' h24 0,3 1x2; enable_0 1,1 1x2; range_0 1,3 1x2; 'Channel 0:' 1,0; "
+            "enable_1 2,1 1x2; range_1 2,3 1x2; 'Channel 1:' 2,0; spacer 10mx10e 3,0]] expanding]");
         row("weighing", make<SWeightParCfgWgt>, "defaultsButton right; weighTable expanding");
     }
     void places()
