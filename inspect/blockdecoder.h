@@ -15,7 +15,7 @@ namespace blockdecoder {
 
 /// Maximum size in bytes of a file of blocks that programs read: 16 times what a full station of 4,096 modules compiles
 /// to.
-constexpr qint64 maximumFileSize = 8 * 1024 * Q_INT64_C(1024);
+constexpr qint64 maximumFileSize = Q_INT64_C(8) * 1024 * 1024;
 
 /// One field, in the order of the block.
 struct Field {

@@ -23,6 +23,22 @@ Result guarded(Call &&call, Result fallback = {}) noexcept
     return fallback;
 }
 
+/// Shows the properties dialog modally, then keeps or rolls back the memory map.
+void runDialog(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *parent, bool locked)
+{
+    backupUsedMemory(memoryOwner);
+    // The host may destroy the dialog with its parent while it is open.
+    QPointer<SimpleExtendcfgdlg> dialog;
+    const int result = guarded(
+        [&] {
+            dialog = new SimpleExtendcfgdlg(handle, memoryOwner, parent, locked);
+            return dialog->exec();
+        },
+        static_cast<int>(QDialog::Rejected));
+    completes([&] { result == QDialog::Accepted ? popBackupMemory(memoryOwner) : restoreUsedMemory(memoryOwner); });
+    delete dialog;
+}
+
 } // namespace
 
 SimpleExtendPar *createObject(quint32 typeCode, const QString &memoryOwner) noexcept
@@ -45,20 +61,8 @@ qint32 config(SimpleExtendPar *handle, const QString &memoryOwner, QWidget *pare
     if (handle == nullptr || parent == nullptr) {
         return 0;
     }
-    // The string is copied and the dialog has a QPointer, because the host may destroy both while the dialog is open:
-    // the dialog with its parent, the string with the host's own data.
-    completes([handle, parent, locked, memoryOwner = QString(memoryOwner)] {
-        backupUsedMemory(memoryOwner);
-        QPointer<SimpleExtendcfgdlg> dialog;
-        const int result = guarded(
-            [&] {
-                dialog = new SimpleExtendcfgdlg(handle, memoryOwner, parent, locked);
-                return dialog->exec();
-            },
-            static_cast<int>(QDialog::Rejected));
-        completes([&] { result == QDialog::Accepted ? popBackupMemory(memoryOwner) : restoreUsedMemory(memoryOwner); });
-        delete dialog;
-    });
+    // A copy of the string, because the host may destroy its own while the dialog is open.
+    completes([handle, parent, locked, owner = QString(memoryOwner)] { runDialog(handle, owner, parent, locked); });
     return 0;
 }
 

@@ -22,7 +22,7 @@ public:
     QString path(const QString &name = {}) const { return QDir(m_folder.path()).filePath(name); }
 
     /// Returns the path of the file.
-    QString writeFile(const QString &name, const QByteArray &content)
+    QString writeFile(const QString &name, const QByteArray &content) const
     {
         QFile file(path(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
@@ -30,7 +30,7 @@ public:
         }
         return file.fileName();
     }
-    void remove(const QString &name)
+    void remove(const QString &name) const
     {
         if (!QFile::remove(path(name))) {
             qFatal("cannot remove %s", qPrintable(name));
