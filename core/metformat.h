@@ -1,4 +1,4 @@
-// The text format of module description files: encoding, lines and values. The keys are in metkeys.h.
+// The text format of module description files: encoding, lines, keys and values.
 // The reader and the tools that explain it share these rules.
 #pragma once
 
@@ -25,6 +25,18 @@ struct MetKey {
     bool (*keep)(const ModuleMetInfo &before, ModuleMetInfo &entry) = nullptr;
     bool decides = false; ///< a lookup needs the member to choose its entry
 };
+
+/// A table of constants, for range-based loops.
+struct MetKeyTable {
+    const MetKey *first;
+    const MetKey *last;
+
+    const MetKey *begin() const { return first; }
+    const MetKey *end() const { return last; }
+};
+
+/// All keys in test order. Keys match as prefixes, so a key must precede any key that is its prefix.
+extern const MetKeyTable metKeys;
 
 enum class MetLineKind { Comment, Start, Key, End, Other };
 

@@ -4,7 +4,7 @@
 // Each lookup reads the file again, without a cache.
 #pragma once
 
-#include "metkeys.h"
+#include "metformat.h"
 
 #include <QVector>
 

@@ -1,7 +1,7 @@
 // Writes the initial inputs of the fuzz targets: seeds FOLDER writes the golden blocks into one folder per format, a
 // catalog with their types, and one dictionary per kind of input.
 #include "goldenblocks.h"
-#include "metkeys.h"
+#include "metformat.h"
 
 #include <QDir>
 #include <QFile>

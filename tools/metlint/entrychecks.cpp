@@ -1,7 +1,7 @@
 #include "entrychecks.h"
 
 #include "linetext.h"
-#include "metkeys.h"
+#include "metformat.h"
 #include "modulekind.h"
 
 #include <QFileInfo>
