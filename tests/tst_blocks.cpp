@@ -5,6 +5,7 @@
 #include "metfields.h"
 #include "recordinghost.h"
 #include "rows.h"
+#include "section.h"
 #include "simpleextendpar.h"
 
 #include <rapidcheck.h>
@@ -25,11 +26,9 @@ template <typename Value, typename Describe>
 QString describeChannels(const QHash<quint8, Value> &hash, Describe describe)
 {
     QString text;
-    for (int channel = 0; channel <= 255; ++channel) {
-        if (hash.contains(quint8(channel))) {
-            text += QStringLiteral(" %1:").arg(channel) + describe(quint8(channel));
-        }
-    }
+    visitChannels(hash, [&text, &describe](quint8 channel, const Value & /*value*/) {
+        text += QStringLiteral(" %1:").arg(channel) + describe(channel);
+    });
     return text;
 }
 
@@ -383,9 +382,8 @@ private slots:
         par.aiRange.clear();
         par.aqOutTbl.clear();
         par.aqOutType.clear();
-        QCOMPARE(saveModule(par).right(40).toHex(), hex("00000016 00 25 0000 01 000B 00 00 00 00 0000 0000000000"
-                                                        "00000012 00 26 0000 01 0007 00 00 00 0000 00 00")
-                                                        .toHex());
+        QCOMPARE(saveModule(par).right(40), hex("00000016 00 25 0000 01 000B 00 00 00 00 0000 0000000000"
+                                                "00000012 00 26 0000 01 0007 00 00 00 0000 00 00"));
         SimpleExtendPar weighing = recordOf(goldens().at(4));
         weighing.weighCount = 2;
         QCOMPARE(saveModule(weighing).right(9).toHex(), hex("00000009 00 29 0000 02").toHex());
@@ -453,7 +451,7 @@ private slots:
         const QByteArray bytes = saveModule(par);
         const QString name = restoreModule(bytes, owner)->objName;
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-        QCOMPARE(bytes.mid(15, 5).toHex(), hex("04 C4A3BFE9").toHex());
+        QCOMPARE(bytes.mid(15, 5), hex("04 C4A3BFE9"));
         QCOMPARE(name, par.objName);
     }
 

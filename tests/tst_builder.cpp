@@ -54,8 +54,8 @@ private slots:
         const auto unclaimed = buildDefault(code, QString());
         QVERIFY(unclaimed);
         QCOMPARE(recordingHost().calls, QStringList());
-        QCOMPARE((QList<int>{unclaimed->inMap.start, unclaimed->outMap.start}), (QList<int>{0, 0}));
-        QCOMPARE(unclaimed->inMap.count, par->inMap.count);
+        QCOMPARE((QList<int>{unclaimed->inMap.start, unclaimed->outMap.start, unclaimed->inMap.count}),
+                 (QList<int>{0, 0, par->inMap.count}));
         QCOMPARE(unclaimed->weighPar.keys(), par->weighPar.keys());
         QCOMPARE(unclaimed->aiKind.keys(), par->aiKind.keys());
     }

@@ -30,11 +30,9 @@ struct Fault {
 
     bool strikes(HostCall call)
     {
-        if (((kinds >> int(call)) & 1) == 0) {
-            return false;
-        }
-        ++calls;
-        return lasts ? calls >= first : calls == first;
+        const bool counts = ((kinds >> int(call)) & 1) != 0;
+        calls += int(counts);
+        return counts && (lasts ? calls >= first : calls == first);
     }
 };
 
@@ -124,9 +122,8 @@ struct Rules : Scene {
         releaseObject();
         exists = findsFiles() && claim(ranges[0], lengthOf(ranges[0])) && claim(ranges[1], lengthOf(ranges[1]));
     }
-    void restore() { reread(true); }
-    void recompile() { reread(false); }
-    void reread(bool saved)
+    template <bool saved>
+    void reread()
     {
         releaseObject();
         const bool isKnown = isThere(descriptions);
@@ -255,8 +252,8 @@ struct Operation {
 
 const Operation operations[] = {
     {"createObject", &Driven::createObject, &Rules::createObject},
-    {"restore", &Driven::restore, &Rules::restore},
-    {"recompile", &Driven::recompile, &Rules::recompile},
+    {"restore", &Driven::restore, &Rules::reread<true>},
+    {"recompile", &Driven::recompile, &Rules::reread<false>},
     {"config", &Driven::config, &Rules::config},
     {"releaseObject", &Driven::releaseObject, &Rules::releaseObject},
     {"autoMalloc", &Driven::autoMalloc, &Rules::autoMalloc},

@@ -13,9 +13,8 @@ namespace {
 /// The fields in which @p info differs from a fresh record.
 QString changes(const ModuleMetInfo &info)
 {
-    static const QStringList fresh = fieldsOf(ModuleMetInfo());
     QStringList changed = fieldsOf(info);
-    for (const QString &field : fresh) {
+    for (const QString &field : fieldsOf(ModuleMetInfo())) {
         changed.removeOne(field);
     }
     return changed.join("; ");

@@ -27,8 +27,7 @@ struct RecordingHost {
     template <typename... Numbers>
     void note(const char *call, const QString &owner, VarArea area, Numbers... numbers)
     {
-        const QStringList words{call, owner, QString::number(static_cast<int>(area)), QString::number(numbers)...};
-        calls << words.join(QLatin1Char(' '));
+        calls << QStringList{call, owner, QString::number(int(area)), QString::number(numbers)...}.join(' ');
     }
     /// Returns the calls since the last takeCalls().
     QStringList takeCalls() { return std::exchange(calls, {}); }
