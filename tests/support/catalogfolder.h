@@ -37,13 +37,13 @@ public:
         }
     }
 
-    void writeDescription(quint32 typeCode, const QByteArray &content)
+    void writeDescription(quint32 typeCode, const QByteArray &content) const
     {
         const QString code = QString::number(typeCode, 16).toUpper().rightJustified(8, QLatin1Char('0'));
         writeFile(QStringLiteral("6/hw%1.met").arg(code), content);
     }
     /// Writes a complete entry whose component file exists.
-    void writeModule(quint32 typeCode, quint32 moduleInfo, const QByteArray &moreLines = {})
+    void writeModule(quint32 typeCode, quint32 moduleInfo, const QByteArray &moreLines = {}) const
     {
         writeDescription(typeCode, "[MODULE START]\nObjName=Module\nServerFile=module.cmp\nObjID=" +
                                        QByteArray::number(typeCode, 16) + "\nModuleInfo=" +
