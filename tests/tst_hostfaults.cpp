@@ -122,12 +122,12 @@ struct Rules : Scene {
         releaseObject();
         exists = findsFiles() && claim(ranges[0], lengthOf(ranges[0])) && claim(ranges[1], lengthOf(ranges[1]));
     }
-    template <bool saved>
+    template <bool IsSaved>
     void reread()
     {
         releaseObject();
         const bool isKnown = isThere(descriptions);
-        answer = isKnown || saved ? 0 : 129;
+        answer = isKnown || IsSaved ? 0 : 129;
         if (!isKnown) {
             return;
         }
@@ -136,7 +136,7 @@ struct Rules : Scene {
                 take(range, lengthOf(range));
             }
             const bool isVariable = VarArea(range.area) == VarArea::Variable;
-            range.unit = isVariable && !saved ? 2 : range.unit;
+            range.unit = isVariable && !IsSaved ? 2 : range.unit;
             range.count = isVariable && !isInput(range) ? 0 : range.count; // counted as digital outputs
         }
         exists = isThere(components);
