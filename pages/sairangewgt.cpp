@@ -15,7 +15,6 @@
 namespace {
 
 constexpr std::size_t familyCount = ResistanceThermometer + 1;
-constexpr quint32 voltageCurrentModule = 13395;
 constexpr int minimumChannelColumnWidth = 60; ///< pixels
 
 struct RangeColumn {
@@ -101,11 +100,8 @@ quint8 SAIRangeWgt::channelFamily(int channel) const
 /// channel.
 quint8 SAIRangeWgt::headerFamily() const
 {
-    const quint8 family = factorySignalFamily(m_par->objId);
-    if (family != VoltageCurrent || m_par->objId == voltageCurrentModule || !isFamily(channelFamily(0))) {
-        return family;
-    }
-    return channelFamily(0);
+    const quint8 first = isFamily(channelFamily(0)) ? channelFamily(0) : quint8{VoltageCurrent};
+    return fixedSignalFamily(m_par->objId).value_or(first);
 }
 
 void SAIRangeWgt::initUI()
