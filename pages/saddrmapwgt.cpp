@@ -3,6 +3,7 @@
 #include "baseservices.h"
 #include "basewidgets.h"
 #include "choices.h"
+#include "explanation.h"
 #include "imagerange.h"
 #include "simpleextendpar.h"
 
@@ -10,7 +11,6 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QToolTip>
 
 #include <algorithm>
 #include <array>
@@ -203,13 +203,9 @@ bool SAddrMapWgt::checkStart(Direction &direction)
 
 void SAddrMapWgt::explainStart(const Direction &direction)
 {
-    if (!direction.start->isVisible()) {
-        return; // the tool tip would appear somewhere on the screen
-    }
     const QString text = direction.isUnitEven() ? tr("The start must be an even number from 0 to %1.")
                                                 : tr("The start must be a number from 0 to %1.");
-    const QPoint place = direction.start->mapToGlobal(direction.start->rect().bottomLeft());
-    QToolTip::showText(place, text.arg(direction.highestStart), direction.start);
+    explain(direction.start, text.arg(direction.highestStart));
 }
 
 bool SAddrMapWgt::saveData()
