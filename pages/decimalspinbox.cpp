@@ -35,6 +35,12 @@ float DecimalSpinBox::toStore() const
     return m_isEdited ? static_cast<float>(value()) : m_stored;
 }
 
+void DecimalSpinBox::edit(double value)
+{
+    setValue(value);
+    m_isEdited = true;
+}
+
 QValidator::State DecimalSpinBox::validate(QString &text, int &position) const
 {
     QString withoutComma = withPoint(text); // a change of the text itself would clear the undo history

@@ -9,6 +9,7 @@
 /// edited.
 class DecimalSpinBox : public QDoubleSpinBox {
     Q_OBJECT
+    Q_PROPERTY(double value READ value WRITE edit USER true)
 public:
     explicit DecimalSpinBox(QWidget *parent = nullptr);
 
@@ -17,6 +18,9 @@ public:
     /// Returns the value of the last showStored(), bit by bit, until the user types or steps or another value is set;
     /// afterwards the shown value.
     float toStore() const;
+
+    /// Sets the value as if the user had typed it, so it is stored even if it was shown before.
+    void edit(double value);
 
     QValidator::State validate(QString &text, int &position) const override;
     double valueFromText(const QString &text) const override;

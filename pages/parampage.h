@@ -4,9 +4,12 @@
 #include <QMessageBox>
 #include <QWidget>
 
+class ChannelActions;
 class QBoxLayout;
 class QLabel;
 class QPushButton;
+class QTableWidget;
+class QVariant;
 struct SimpleExtendPar;
 
 /// A page for one group of a module's parameters.
@@ -54,12 +57,6 @@ protected:
     /// Returns a label whose buddy is @p editor.
     static QLabel *newLabel(const QString &text, QWidget *editor);
 
-    /// Registers the editor of @p channel, counted from 0, under the name of its column. Its object name becomes the
-    /// two joined, such as "inputRange_3". Every editor of a channel is registered exactly once.
-    static void registerEditor(const char *stem, int channel, QWidget *editor);
-    /// Also describes the editor as, for instance, "Channel 3, Input Range", with the translated @p title, because
-    /// assistive technology does not read headers for the editors of a table.
-    static void registerEditor(const char *stem, int channel, QWidget *editor, const QString &title);
     /// Sets @p name as accessible name and description; the description contains the tool tip as well. Qt reports the
     /// current text of a combo box in place of its accessible name.
     static void describeEditor(QWidget *editor, const QString &name);
@@ -67,18 +64,40 @@ protected:
     SimpleExtendPar *m_par;
 };
 
-/// A page with a "Defaults" button.
+/// A page with a "Defaults" button. The pages with channels are of this class.
+///
+/// The constructor of such a page is invokable and has the parameters (SimpleExtendPar *par, SimpleExtendPar
+/// *defaultPar, QWidget *parent).
 class DefaultsPage : public ParamPage {
     Q_OBJECT
+public:
+    /// Returns the value that the button shows in the editor of @p channel in the column @p stem, as editorValue()
+    /// does. Invalid if there is no default record, or no such editor. The page stays unchanged.
+    QVariant defaultValue(const char *stem, int channel);
+
 public slots:
-    /// Shows the default values. The record stays unchanged.
-    virtual void slot_btnDefault_clicked() = 0;
+    /// Shows the default record. The module's record stays unchanged, and so do the editors if there is no default
+    /// record.
+    void slot_btnDefault_clicked();
 
 protected:
     using ParamPage::ParamPage;
 
     /// Connects the button. An override calls this function first.
     void initConnect() override;
+
+    /// Returns the default record, which the page does not own; null if there is none.
+    virtual SimpleExtendPar *defaultRecord() = 0;
+
+    /// Registers the editor of @p channel, counted from 0, under the name of its column. Its object name becomes the
+    /// two joined, such as "inputRange_3". Every editor of a channel is registered exactly once, in ascending order of
+    /// the channels.
+    void registerEditor(const char *stem, int channel, QWidget *editor);
+    /// Also describes the editor as, for instance, "Channel 3, Input Range", with the translated @p title, because
+    /// assistive technology does not read headers for the editors of a table.
+    void registerEditor(const char *stem, int channel, QWidget *editor, const QString &title);
+    /// Registers the table of the page, whose rows are the channels. Called after the first editor is registered.
+    void registerTable(QTableWidget *table);
 
     /// Returns the button. The caller adds it to a layout.
     QPushButton *newDefaultsButton();
@@ -87,6 +106,7 @@ protected:
 
 private:
     QPushButton *m_btnDefault = nullptr;
+    ChannelActions *m_channelActions = nullptr; ///< null as long as no editor is registered
 };
 
 /// A page that takes its default values from the dialog's default record.
@@ -97,13 +117,11 @@ signals:
     /// connected.
     SimpleExtendPar *signal_requestDefaultPar();
 
-public slots:
-    /// Shows the default record. The controls stay unchanged if there is none.
-    void slot_btnDefault_clicked() override;
-
 protected:
     /// @p defaultPar may be null. The page then requests the record when it is needed for the first time.
     RecordDefaultsPage(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+
+    SimpleExtendPar *defaultRecord() override;
 
 private:
     SimpleExtendPar *m_defaultPar;

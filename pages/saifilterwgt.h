@@ -9,7 +9,7 @@
 class SAIFilterWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
-    SAIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+    Q_INVOKABLE SAIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
     /// Refuses the first deadband that is not a multiple of 16. The channels before it and the other two values of its

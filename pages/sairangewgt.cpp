@@ -115,6 +115,7 @@ void SAIRangeWgt::initUI()
     for (int channel = 0; channel < m_par->aiCount; ++channel) {
         m_rows.append(newRow(channel));
     }
+    registerTable(m_table);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(newDescription(tr("You can adjust the range parameters.")));

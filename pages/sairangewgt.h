@@ -15,7 +15,7 @@ class QComboBox;
 class SAIRangeWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
-    SAIRangeWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+    Q_INVOKABLE SAIRangeWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
     /// Never refuses. A stored value without a choice stays until the user selects one.

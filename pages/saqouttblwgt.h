@@ -9,7 +9,7 @@
 class SAQOutTblWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
-    SAQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+    Q_INVOKABLE SAQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
     /// Never refuses. A text that is not a 16-bit number is stored as 0.

@@ -9,7 +9,7 @@
 class SAQOutTypeWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
-    SAQOutTypeWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+    Q_INVOKABLE SAQOutTypeWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
     /// Never refuses. A stored value without a choice leaves its box without a selection, which is saved as 255.

@@ -11,7 +11,7 @@ class QComboBox;
 class SDIFilterWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
-    SDIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+    Q_INVOKABLE SDIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
     bool saveData() override;

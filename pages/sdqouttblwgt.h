@@ -11,7 +11,7 @@ class QCheckBox;
 class SDQOutTblWgt : public RecordDefaultsPage {
     Q_OBJECT
 public:
-    SDQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+    Q_INVOKABLE SDQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
     bool saveData() override;

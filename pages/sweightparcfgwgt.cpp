@@ -100,6 +100,7 @@ void SWeightParCfgWgt::initUI()
             ++place;
         }
     }
+    registerTable(m_table);
     auto *layout = new QVBoxLayout(this);
     addDefaultsButton(layout);
     layout->addWidget(m_table);
@@ -115,9 +116,9 @@ void SWeightParCfgWgt::initData(SimpleExtendPar *par)
     m_editors.show(par->weighPar);
 }
 
-void SWeightParCfgWgt::slot_btnDefault_clicked()
+SimpleExtendPar *SWeightParCfgWgt::defaultRecord()
 {
-    m_editors.show({});
+    return &m_defaults;
 }
 
 bool SWeightParCfgWgt::saveData()

@@ -12,21 +12,20 @@ class SWeightParCfgWgt : public DefaultsPage {
     Q_OBJECT
 public:
     /// @p defaultPar is not used, because a default-constructed WeighChannelPar holds the default values.
-    SWeightParCfgWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
+    Q_INVOKABLE SWeightParCfgWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent);
 
     void initData(SimpleExtendPar *par) override;
     /// Refuses the first channel whose filter depth is above 1 and not above the sum of Sub Max and Sub Min. The
     /// channels before it stay written.
     bool saveData() override;
 
-public slots:
-    void slot_btnDefault_clicked() override;
-
 protected:
+    SimpleExtendPar *defaultRecord() override;
     void initUI() override;
     void fitToFont() override;
 
 private:
+    SimpleExtendPar m_defaults; ///< without entries, so every channel has the factory values
     ChannelTable *m_table = nullptr;
     ChannelEditors<WeighChannelPar> m_editors;
 };

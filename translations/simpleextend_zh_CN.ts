@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN">
 <context>
+    <name>ChannelActions</name>
+    <message>
+        <source>Fill Down</source>
+        <translation>向下填充</translation>
+    </message>
+    <message>
+        <source>Reset to Default</source>
+        <translation>恢复默认值</translation>
+    </message>
+    <message>
+        <source>The context menu of an editor changes several channels at once.</source>
+        <translation>编辑框的右键菜单可同时设置多个通道。</translation>
+    </message>
+    <message>
+        <source>Apply to All Channels</source>
+        <translation>应用到所有通道</translation>
+    </message>
+    <message>
+        <source>Apply to Selected Channels</source>
+        <translation>应用到选中的通道</translation>
+    </message>
+    <message>
+        <source>There is no valid value to apply.</source>
+        <translation>没有可应用的有效值。</translation>
+    </message>
+    <message>
+        <source>Applied to %1 of %2 channels.</source>
+        <translation>已应用到%2个通道中的%1个。</translation>
+    </message>
+    <message>
+        <source>1 does not offer this value.</source>
+        <translation>1个没有此选项。</translation>
+    </message>
+    <message>
+        <source>%1 do not offer this value.</source>
+        <translation>%1个没有此选项。</translation>
+    </message>
+    <message>
+        <source>1 is disabled.</source>
+        <translation>1个被禁用。</translation>
+    </message>
+    <message>
+        <source>%1 are disabled.</source>
+        <translation>%1个被禁用。</translation>
+    </message>
+    <message>
+        <source>Reset to the default value.</source>
+        <translation>已恢复默认值。</translation>
+    </message>
+    <message>
+        <source>There is no default value.</source>
+        <translation>没有默认值。</translation>
+    </message>
+</context>
+<context>
     <name>Choices</name>
     <message>
         <source>Disable</source>
