@@ -1,5 +1,5 @@
 // The time to construct, show and destroy a page, compared with the floor: the same editors in the same layout and
-// nothing else.
+// nothing else. The time of the actions that change many channels.
 #include "baseservices.h"
 #include "comparison.h"
 #include "saifilterwgt.h"
@@ -12,6 +12,7 @@
 #include "simpleextendpar.h"
 #include "sweightparcfgwgt.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -20,6 +21,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMetaProperty>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTableWidget>
@@ -55,7 +57,7 @@ using PageMaker = std::unique_ptr<QWidget> (*)(SimpleExtendPar &par);
 template <class Page>
 std::unique_ptr<QWidget> make(SimpleExtendPar &par)
 {
-    return std::make_unique<Page>(&par, nullptr, nullptr);
+    return std::make_unique<Page>(&par, &par, nullptr);
 }
 
 enum Variant { Page, Floor, FloorToContents };
@@ -66,20 +68,21 @@ struct Kind {
     PageMaker make;
     quint32 typeCode;
     SignalFamily family;
+    const char *editor;   ///< of channel 0, whose value the actions use
     Variant peer = Floor; ///< the variant that the goal compares with
     double goal = 0;      ///< of the variant with the most channels; 0 = none
 };
 
 constexpr std::array kinds = {
-    Kind{"analog filter", make<SAIFilterWgt>, 13395, VoltageCurrent},
-    Kind{"analog range U/I", make<SAIRangeWgt>, 13395, VoltageCurrent, Floor, 0.70},
-    Kind{"analog range TC", make<SAIRangeWgt>, 13396, Thermocouple, Floor, 0.70},
-    Kind{"analog range RTD", make<SAIRangeWgt>, 13397, ResistanceThermometer, Floor, 0.70},
-    Kind{"analog output table", make<SAQOutTblWgt>, 13395, VoltageCurrent},
-    Kind{"analog output type", make<SAQOutTypeWgt>, 13395, VoltageCurrent},
-    Kind{"digital filter", make<SDIFilterWgt>, 13650, VoltageCurrent},
-    Kind{"digital output table", make<SDQOutTblWgt>, 13650, VoltageCurrent},
-    Kind{"weighing", make<SWeightParCfgWgt>, 14418, VoltageCurrent, FloorToContents, 0.65},
+    Kind{"analog filter", make<SAIFilterWgt>, 13395, VoltageCurrent, "deadband_0"},
+    Kind{"analog range U/I", make<SAIRangeWgt>, 13395, VoltageCurrent, "inputRange_0", Floor, 0.70},
+    Kind{"analog range TC", make<SAIRangeWgt>, 13396, Thermocouple, "inputRange_0", Floor, 0.70},
+    Kind{"analog range RTD", make<SAIRangeWgt>, 13397, ResistanceThermometer, "inputRange_0", Floor, 0.70},
+    Kind{"analog output table", make<SAQOutTblWgt>, 13395, VoltageCurrent, "freeze_0"},
+    Kind{"analog output type", make<SAQOutTypeWgt>, 13395, VoltageCurrent, "range_0"},
+    Kind{"digital filter", make<SDIFilterWgt>, 13650, VoltageCurrent, "filter_0"},
+    Kind{"digital output table", make<SDQOutTblWgt>, 13650, VoltageCurrent, "output_0"},
+    Kind{"weighing", make<SWeightParCfgWgt>, 14418, VoltageCurrent, "sensitivity_0", FloorToContents, 0.65},
 };
 
 /// The editor or the text at one place of a page's grid or table.
@@ -233,6 +236,14 @@ QString nameOf(const char *kind, int channels, Variant variant)
     return QStringLiteral("%1/%2/%3").arg(kind).arg(channels).arg(variantNames.at(variant));
 }
 
+constexpr std::array actionNames = {"applyToAllAction", "fillDownAction", "resetValueAction"};
+constexpr double actionGoal = 0.05; ///< seconds
+
+QString nameOfAction(const Kind &kind, const char *action)
+{
+    return QStringLiteral("%1/%2").arg(QLatin1String(kind.name), QLatin1String(action));
+}
+
 bool isTable(const Kind &kind)
 {
     return kind.make == make<SAIRangeWgt> || kind.make == make<SWeightParCfgWgt>;
@@ -262,6 +273,41 @@ void addPages(const Kind &kind, quint8 channels)
     addFloor(Floor, QHeaderView::Interactive);
     if (isTable(kind)) {
         addFloor(FloorToContents, QHeaderView::ResizeToContents);
+    }
+}
+
+/// Triggers an action of an open page for an editor of channel 0, which is given another value before each run. The
+/// default record of the page is its own.
+void runAction(benchmark::State &state, const Kind &kind, SimpleExtendPar &par, const QString &name)
+{
+    const std::unique_ptr<QWidget> page = kind.make(par);
+    page->resize(pageSize);
+    page->show();
+    QCoreApplication::processEvents();
+    QWidget *const editor = page->findChild<QWidget *>(QLatin1String(kind.editor));
+    editor->setFocus();
+    auto *const action = page->findChild<QAction *>(name);
+    const QMetaProperty value = editor->metaObject()->userProperty();
+    const bool isChoice = qobject_cast<const QComboBox *>(editor) != nullptr;
+    const QVariant first = value.read(editor);
+    const QVariant second =
+        isChoice ? QVariant(static_cast<const QComboBox *>(editor)->itemText(1)) : QVariant(first.toInt() == 0 ? 1 : 0);
+    bool isSecond = false;
+    for ([[maybe_unused]] const auto _ : state) {
+        isSecond = !isSecond;
+        value.write(editor, isSecond ? second : first);
+        action->trigger();
+        QCoreApplication::processEvents();
+    }
+}
+
+void addActions(const Kind &kind)
+{
+    const quint8 channels = channelCounts.back();
+    auto par = std::make_shared<SimpleExtendPar>(recordOf(kind.typeCode, channels, kind.family));
+    for (const char *action : actionNames) {
+        add(nameOfAction(kind, action), 2,
+            [par, kind, action](benchmark::State &state) { runAction(state, kind, *par, QLatin1String(action)); });
     }
 }
 
@@ -314,6 +360,10 @@ void addRows(Comparison &comparison)
                                    {nameOf(kind.name, channelCounts.at(1), Page)},
                                    growthGoal});
         }
+        for (const char *action : actionNames) {
+            const QString work = QStringLiteral("%1, %2 channels").arg(kind.name).arg(channelCounts.back());
+            comparison.add(TimeRow{work, nameOfAction(kind, action), {}, actionGoal});
+        }
     }
     for (const Module &module : modules) {
         comparison.add(TimeRow{QStringLiteral("whole dialog"), nameOf(module.name, dialogChannels, Page), {}});
@@ -329,6 +379,7 @@ int main(int argc, char *argv[])
         for (const quint8 channels : channelCounts) {
             addPages(kind, channels);
         }
+        addActions(kind);
     }
     for (const Module &module : modules) {
         addDialog(module);

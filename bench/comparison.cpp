@@ -52,12 +52,17 @@ QString timeText(double seconds)
     return QString::number(value, 'f', value < 10 ? 2 : value < 100 ? 1 : 0) % QLatin1Char(' ') % QLatin1String(unit);
 }
 
+QString outcome(double figure, double goal)
+{
+    return figure <= goal ? QStringLiteral("met") : QStringLiteral("short");
+}
+
 /// Returns the last cells of a row: ratio, goal and outcome.
 QStringList verdict(double ratio, double goal)
 {
     QStringList cells{QString::number(ratio, 'f', 3)};
     if (goal > 0) {
-        cells << QString::number(goal) << (ratio <= goal ? QStringLiteral("met") : QStringLiteral("short"));
+        cells << QString::number(goal) << outcome(ratio, goal);
     }
     return cells;
 }
@@ -113,6 +118,8 @@ QStringList cellsOf(const TimeRow &row, const FastestReporter &reporter)
     QStringList cells{row.work, sideOf(row.ours, row.work), peerNames.join(QLatin1String(" + ")), timeText(ours)};
     if (!row.peers.isEmpty()) {
         cells << timeText(peer) << verdict(ours / peer, row.goal);
+    } else if (row.goal > 0) {
+        cells << QString() << QString() << timeText(row.goal) << outcome(ours, row.goal);
     }
     return cells;
 }

@@ -15,7 +15,7 @@ struct TimeRow {
     QString work;
     QString ours;
     QStringList peers;
-    double goal = 0; ///< maximum ratio ours / peer; 0 = none
+    double goal = 0; ///< maximum ratio ours / peer; without a peer the maximum time in seconds; 0 = none
 };
 
 /// Two figures other than times, such as bytes.
