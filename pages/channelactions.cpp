@@ -81,6 +81,7 @@ QAction *ChannelActions::newAction(const char *name, const QString &text, const 
     action->setObjectName(QLatin1String(name));
     action->setShortcut(QKeySequence(shortcut));
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setShortcutVisibleInContextMenu(true);
     // Default values come from the host, which may throw.
     connect(action, &QAction::triggered, this, [this, run] { completes([this, run] { (this->*run)(); }); });
     m_page->addAction(action);

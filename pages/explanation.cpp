@@ -10,6 +10,8 @@ namespace {
 
 constexpr auto standingDescription = "standingDescription"; ///< property of an editor while an explanation replaces it
 constexpr std::chrono::seconds duration(10);
+/// The tool tip is shown again after this time, because it disappears if the focus changes, as when a menu closes.
+constexpr std::chrono::milliseconds delay(100);
 
 void restoreDescription(QWidget *editor)
 {
@@ -27,7 +29,13 @@ void explain(QWidget *editor, const QString &text)
     if (!editor->isVisible()) {
         return; // the tool tip would appear somewhere on the screen
     }
-    QToolTip::showText(editor->mapToGlobal(editor->rect().bottomLeft()), text, editor);
+    const auto show = [editor, text] {
+        if (!QToolTip::isVisible() || QToolTip::text() != text) {
+            QToolTip::showText(editor->mapToGlobal(editor->rect().bottomLeft()), text, editor);
+        }
+    };
+    show();
+    QTimer::singleShot(delay, editor, show);
     if (!editor->property(standingDescription).isValid()) {
         editor->setProperty(standingDescription, editor->accessibleDescription());
     }
