@@ -284,7 +284,7 @@ void runAction(benchmark::State &state, const Kind &kind, SimpleExtendPar &par, 
     page->resize(pageSize);
     page->show();
     QCoreApplication::processEvents();
-    QWidget *const editor = page->findChild<QWidget *>(QLatin1String(kind.editor));
+    auto *const editor = page->findChild<QWidget *>(QLatin1String(kind.editor));
     editor->setFocus();
     auto *const action = page->findChild<QAction *>(name);
     const QMetaProperty value = editor->metaObject()->userProperty();
