@@ -14,7 +14,7 @@ RULES = [
     ("inspect", "persist", ("blocklayout.h",), "the decoder is independent of the reader that it checks"),
     ("workbench/station", "Qt widgets", ("QUndoCommand", "QUndoStack"), "the model works without a window"),
 ]
-SOURCE_FOLDERS = "host core persist pages dialog inspect tools workbench tests fuzz bench".split()
+SOURCE_FOLDERS = "host core persist pages dialog inspect tools workbench tests fuzz bench shots".split()
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 
 
