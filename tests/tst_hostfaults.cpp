@@ -1,5 +1,5 @@
-// Loads the finished library at run time and drives it only through its exports, while the host refuses or throws in
-// one call after the other. Memory and records must then be as the rules of the memory protocol require.
+// The exports of the built library, while the host refuses one call after the other. Memory and records must then be as
+// the rules of the memory protocol require.
 #include "boxrecorder.h"
 #include "catalogfolder.h"
 #include "claims.h"
@@ -8,7 +8,6 @@
 #include "rows.h"
 #include "simpleextendpar.h"
 #include "simulatedhost.h"
-#include "throwinghost.h"
 
 using simulatedhost::HostCall;
 
@@ -17,9 +16,6 @@ namespace {
 const QString owner = QStringLiteral("plc");
 constexpr auto descriptions = HwcnfgComponent::ModuleDescription;
 constexpr auto components = HwcnfgComponent::ModuleComponent;
-constexpr quint32 mixedAnalog = 0x3459; // four inputs, two outputs
-constexpr quint32 mixedDigital = 0x3558;
-constexpr quint32 weighing = 0x3852;
 
 /// One call of the given kinds fails: the call with the number @c first, or this one and all later ones.
 struct Fault {
@@ -45,24 +41,6 @@ struct ModuleType {
 int lengthOf(const IoMap &range)
 {
     return int(bytesOfChannels(range.unit, range.count));
-}
-
-/// Performs edits and other steps as long as the dialog is visible.
-void perform(QDialog &dialog, const QString &steps)
-{
-    bool ok = true;
-    for (const QString &step : steps.split(' ', Qt::SkipEmptyParts)) {
-        if (!dialog.isVisible()) {
-            return;
-        }
-        if (step == "F1" && QTest::qWaitForWindowActive(&dialog)) { // shortcuts need an active window
-            QTest::keyClick(child(dialog, "nameEdit"), Qt::Key_F1);
-        } else if (step == "signal_saveData") {
-            QMetaObject::invokeMethod(&dialog, "signal_saveData", Q_ARG(bool &, ok));
-        } else {
-            edit(dialog, step);
-        }
-    }
 }
 
 /// A module in a station and the results of an operation.
@@ -291,26 +269,6 @@ class TestHostFaults : public QObject {
 
     const PluginExports &host() const { return m_plugin.exports(); }
 
-    /// Describes the claims of the station and the starts of the module's ranges.
-    QStringList heldBy(SimpleExtendPar *module) const
-    {
-        return claims(owner) << QString::number(host().getInMap(module).start)
-                             << QString::number(host().getOutMap(module).start);
-    }
-    /// Creates a factory module in a station where no input range can move to 100.
-    ModuleHandle newModule(quint32 type) const
-    {
-        simulatedhost::reset();
-        getMemory(owner, VarArea::AnalogInput, 100, 8);
-        return m_plugin.own(host().createObject(type, owner));
-    }
-    /// Runs config under @p parent and calls @p drive in the dialog's event loop. Returns config's result.
-    qint32 configure(SimpleExtendPar *module, QWidget *parent, const std::function<void(QDialog &dialog)> &drive) const
-    {
-        QTimer::singleShot(0, parent, [&] { drive(*parent->findChild<QDialog *>()); });
-        return host().config(module, owner, parent, false);
-    }
-
     /// Describes what an operation leaves in the plug-in's station and what the rules require.
     QPair<QString, QString> outcome(const Operation &operation, const ModuleType &type, Fault &fault) const
     {
@@ -352,11 +310,7 @@ private slots:
         QVERIFY2(m_plugin.load(QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)), qPrintable(m_plugin.errorString()));
         QLoggingCategory::setFilterRules("default.debug=false");
     }
-    void cleanup()
-    {
-        throwingHost() = ThrowingHost();
-        simulatedhost::reset();
-    }
+    void cleanup() { simulatedhost::reset(); }
 
     void everyCallFails_data()
     {
@@ -381,164 +335,6 @@ private slots:
                 }
             }
         }
-    }
-
-    void hostThrows_data()
-    {
-        // "open" is the number of snapshots that stay open.
-        const Rows<quint32, QString, QByteArray, int, int> all("type", "steps", "function", "at", "open");
-        const auto row = [&all](const char *steps, const char *function, int at = 1, quint32 type = mixedAnalog,
-                                int open = 0) {
-            all(QByteArray::number(at) + ". " + function + " after: " + steps, type, steps, function, at, open);
-        };
-        row("", "backupUsedMemory");
-        row("", "helpKeyWord");
-        row("", "getPrjPlcTypeVersion");
-        row("", "getPrjPlcTypeVersion", 2);
-        row("", "getPlcAddrRange");
-        row("", "getPlcAddrRange", 2);
-        row("okButton", "backupUsedMemory", 2);
-        for (const char *steps :
-             {"inputStart=40 outputStart=40 okButton", "inputStart=40 outputStart=40 signal_saveData"}) {
-            row(steps, "freeMemory");
-            row(steps, "freeMemory", 2);
-            row(steps, "getMemory");
-            row(steps, "getMemory", 2);
-            row(steps, "popBackupMemory");
-        }
-        row("inputStart=100 okButton", "restoreUsedMemory");
-        row("inputStart=100 okButton", "getMemoryErrStrByErrCode");
-        const char *refusedOnce = "inputStart=40 deadband_0=20 okButton inputStart=60 okButton";
-        row(refusedOnce, "backupUsedMemory", 3);
-        row(refusedOnce, "getMemory", 2);
-        row("inputStart=40 deadband_0=20 okButton inputStart=60 okButton inputStart=80 okButton", "getMemory", 3);
-        row("inputStart=40 deadband_0=20 okButton helpButton", "startHelpSys");
-        row("F1", "startHelpSys");
-        for (const char *steps : {"defaultAllButton", "defaultsButton"}) {
-            row(steps, "getAppVerNum");
-            row(steps, "getHwcnfgComponentPath");
-            row(steps, "getHwcnfgComponentPath", 2);
-            row(steps, "getModuleAINum");
-            row(steps, "getModuleAQNum");
-            row(steps, "getModuleDINum", 1, mixedDigital);
-            row(steps, "getModuleDQNum", 1, mixedDigital);
-        }
-        row("cancelButton", "restoreUsedMemory", 1, mixedAnalog, 1);
-        row("okButton", "popBackupMemory", 1, mixedAnalog, 2);
-    }
-    void hostThrows()
-    {
-        QFETCH(quint32, type);
-        QFETCH(QString, steps);
-        QFETCH(QByteArray, function);
-        QFETCH(int, at);
-        for (const bool lasts : {false, true}) {
-            throwingHost() = ThrowingHost();
-            const ModuleHandle module = newModule(type);
-            const QStringList before = heldBy(module.get());
-            BoxRecorder boxes;
-            QWidget parent;
-            throwingHost() = {function, at, lasts};
-            const qint32 answer = configure(module.get(), &parent,
-                                            [&steps](QDialog &dialog) { perform(dialog, steps + " cancelButton"); });
-            QVERIFY(throwingHost().calls >= at);
-            throwingHost() = ThrowingHost();
-            QCOMPARE(answer, 0);
-            QVERIFY(parent.findChild<QDialog *>() == nullptr);
-            if (!lasts) { // otherwise the host cannot roll back
-                QCOMPARE(heldBy(module.get()), before);
-                QTEST(simulatedhost::openSnapshots(owner), "open");
-            }
-        }
-    }
-
-    /// The host destroys the dialog's parent while a page's message box is open.
-    void parentDestroyed_data()
-    {
-        const Rows<quint32, QString, int> row("type", "edits", "restores");
-        row("Address", mixedAnalog, "inputStart=100", 2);
-        row("Address and deadband", mixedAnalog, "inputStart=100 deadband_0=20", 2);
-        row("deadband", mixedAnalog, "deadband_0=20", 1);
-        row("deadband after a move", mixedAnalog, "inputStart=40 deadband_3=20", 1);
-        row("filter rule", weighing, "filterDepth_0=2 subMax_0=5", 1);
-    }
-    void parentDestroyed()
-    {
-        QFETCH(quint32, type);
-        QFETCH(QString, edits);
-        for (const bool byKey : {false, true}) {
-            const ModuleHandle module = newModule(type);
-            const QStringList before = heldBy(module.get());
-            QPointer<QWidget> parent = new QWidget;
-            BoxRecorder boxes;
-            boxes.onBox = [&parent](const QMessageBox &) {
-                QMetaObject::invokeMethod(
-                    qApp, [&parent] { delete parent; }, Qt::QueuedConnection);
-            };
-            throwingHost() = {"restoreUsedMemory", 0};
-            const qint32 answer = configure(module.get(), parent, [&edits, byKey](QDialog &dialog) {
-                edit(dialog, edits);
-                auto *name = child(dialog, "nameEdit");
-                if (byKey) {
-                    QTest::keyPress(name, Qt::Key_Return);
-                } else {
-                    QTest::mouseClick(child(dialog, "okButton"), Qt::LeftButton);
-                }
-            });
-            QVERIFY(parent.isNull());
-            QCOMPARE(answer, 0);
-            QCOMPARE(boxes.told.size(), 1);
-            QTEST(throwingHost().calls, "restores");
-            QCOMPARE(heldBy(module.get()), before);
-        }
-    }
-
-    void gettersSettersAndBlocks()
-    {
-        SimpleExtendPar *module = host().createObject(13650, owner);
-        module->comment = "remark";
-        host().setRackId(module, 2);
-        host().setSlotId(module, 3);
-        host().setPosition(module, {30, 20});
-        const QByteArray state = host().save(module);
-        QByteArray block("before");
-        QStringList list("dropped");
-        QCOMPARE(host().compile(module, block, list), 0);
-        QVERIFY(list.isEmpty());
-        QVERIFY(block.startsWith("before\x02"));
-        host().releaseObject(module);
-
-        module = host().restore(state, owner);
-        QCOMPARE(host().getName(module), module->objName);
-        QCOMPARE(host().getComment(module), QStringLiteral("remark"));
-        QCOMPARE(host().getPosition(module), QPoint(30, 20));
-        QCOMPARE((QList<int>{host().getNodeId(module), host().getRackId(module), host().getSlotId(module)}),
-                 (QList<int>{13650, 2, 3}));
-        QCOMPARE(host().save(module), state);
-        host().releaseObject(module);
-    }
-
-    /// The same calls fail for invalid arguments and then for a host that throws.
-    void refusals()
-    {
-        const ModuleHandle module = m_plugin.own(host().createObject(13395, owner));
-        const QByteArray state = host().save(module.get());
-        const auto held = simulatedhost::claimedRanges(owner).size();
-        QWidget parent;
-        qint32 result = 5;
-        for (const bool throws : {false, true}) {
-            QVERIFY(host().createObject(throws ? 13395 : 1, owner) == nullptr);
-            QVERIFY(host().restore(throws ? state : QByteArray(), owner) == nullptr);
-            QVERIFY(host().recompile(throws ? state : QByteArray(), owner, &result) == nullptr);
-            QCOMPARE(host().config(throws ? module.get() : nullptr, owner, &parent, false), 0);
-            simulatedhost::setFaults([](HostCall) -> bool { throw std::bad_alloc(); });
-        }
-        QVERIFY(host().recompile("\1\2", owner, nullptr) == nullptr);
-        QVERIFY(!host().autoMallocInMap(module.get()));
-        QCOMPARE(host().config(module.get(), owner, nullptr, false), 0);
-        QCOMPARE(result, 5);
-        QCOMPARE(simulatedhost::claimedRanges(owner).size(), held);
-        QCOMPARE(simulatedhost::openSnapshots(owner), 0);
     }
 };
 

@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDialog>
 #include <QLineEdit>
 #include <QtTest>
 
@@ -36,6 +37,24 @@ inline void edit(const QWidget &page, const QString &edits)
             QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
             QTest::keyClick(widget, Qt::Key_Backspace);
             QTest::keyClicks(widget, value);
+        }
+    }
+}
+
+/// Performs edits, key presses ("F1") and signals ("signal_saveData") as long as the dialog is visible.
+inline void perform(QDialog &dialog, const QString &steps)
+{
+    bool ok = true;
+    for (const QString &step : steps.split(' ', Qt::SkipEmptyParts)) {
+        if (!dialog.isVisible()) {
+            return;
+        }
+        if (step == "F1" && QTest::qWaitForWindowActive(&dialog)) { // shortcuts need an active window
+            QTest::keyClick(child(dialog, "nameEdit"), Qt::Key_F1);
+        } else if (step == "signal_saveData") {
+            QMetaObject::invokeMethod(&dialog, "signal_saveData", Q_ARG(bool &, ok));
+        } else {
+            edit(dialog, step);
         }
     }
 }

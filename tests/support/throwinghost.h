@@ -6,6 +6,7 @@
 #include "helpsharemodule.h"
 
 #include <QByteArray>
+#include <QMap>
 
 #include <dlfcn.h>
 
@@ -13,14 +14,15 @@
 
 /// The call that throws.
 struct ThrowingHost {
-    QByteArray function; ///< empty = none
-    int at = 1;          ///< number of the call, from 1
-    bool lasts = false;  ///< true if all later calls throw as well
-    int calls = 0;       ///< calls of the function so far
+    QByteArray function;           ///< empty = none
+    int at = 1;                    ///< number of the call, from 1
+    bool lasts = false;            ///< true if all later calls throw as well
+    QMap<QByteArray, int> calls{}; ///< calls so far of each function
 
     void enter(const char *called)
     {
-        if (function == called && (++calls == at || (lasts && calls > at))) {
+        const int number = ++calls[called];
+        if (function == called && (number == at || (lasts && number > at))) {
             throw std::bad_alloc();
         }
     }

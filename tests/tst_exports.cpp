@@ -1,0 +1,211 @@
+// The exports of the built library with a host that throws, with invalid arguments and with a parent that the host
+// destroys. Memory and records must then be as before.
+#include "boxrecorder.h"
+#include "claims.h"
+#include "pagefixture.h"
+#include "pluginlibrary.h"
+#include "rows.h"
+#include "simpleextendpar.h"
+#include "simulatedhost.h"
+#include "throwinghost.h"
+
+namespace {
+
+const QString owner = QStringLiteral("plc");
+constexpr quint32 mixedAnalog = 0x3459; // four inputs, two outputs
+constexpr quint32 mixedDigital = 0x3558;
+constexpr quint32 weighing = 0x3852;
+
+} // namespace
+
+class TestExports : public QObject {
+    Q_OBJECT
+
+    PluginLibrary m_plugin;
+    QMap<QByteArray, int> m_calls; ///< of each function, in the latest config
+
+    const PluginExports &host() const { return m_plugin.exports(); }
+
+    /// Describes the claims of the station and the starts of the module's ranges.
+    QStringList heldBy(SimpleExtendPar *module) const
+    {
+        return claims(owner) << QString::number(host().getInMap(module).start)
+                             << QString::number(host().getOutMap(module).start);
+    }
+    /// Creates a factory module in a station where no input range can move to 100.
+    ModuleHandle newModule(quint32 type) const
+    {
+        simulatedhost::reset();
+        getMemory(owner, VarArea::AnalogInput, 100, 8);
+        return m_plugin.own(host().createObject(type, owner));
+    }
+    /// Runs config under @p parent and calls @p drive in the dialog's event loop. Returns config's result.
+    qint32 configure(SimpleExtendPar *module, QWidget *parent, const std::function<void(QDialog &dialog)> &drive) const
+    {
+        QTimer::singleShot(0, parent, [&] { drive(*parent->findChild<QDialog *>()); });
+        return host().config(module, owner, parent, false);
+    }
+
+    /// Runs config, in which the call throws. Returns how many snapshots stay open and whether claims or starts have
+    /// moved; an empty string if all is as before.
+    QString changesBy(quint32 type, const QString &steps, const ThrowingHost &throwing)
+    {
+        const ModuleHandle module = newModule(type);
+        const QStringList before = heldBy(module.get());
+        BoxRecorder boxes;
+        QWidget parent;
+        throwingHost() = throwing;
+        const qint32 result =
+            configure(module.get(), &parent, [&steps](QDialog &dialog) { perform(dialog, steps + " cancelButton"); });
+        m_calls = std::exchange(throwingHost(), {}).calls;
+        const int open = simulatedhost::openSnapshots(owner);
+        const bool isWrong = result != 0 || parent.findChild<QDialog *>() != nullptr;
+        return (open == 0 ? QString() : QStringLiteral(" %1 open").arg(open)) +
+               (heldBy(module.get()) == before ? "" : " moved") + (isWrong ? " wrong result" : "");
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY2(m_plugin.load(QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)), qPrintable(m_plugin.errorString()));
+        QLoggingCategory::setFilterRules("default.debug=false");
+    }
+    void cleanup()
+    {
+        throwingHost() = ThrowingHost();
+        simulatedhost::reset();
+    }
+
+    /// Each call of each function throws, first that call alone, then it and all later ones.
+    void hostThrows_data()
+    {
+        // changes: after which call that throws they are seen; only one that closes config's own snapshot
+        const Rows<quint32, QString, QString> row("type", "steps", "changes");
+        const auto add = [&row](const char *steps, const char *changes, quint32 type = mixedAnalog) {
+            row(steps, type, steps, changes);
+        };
+        add("cancelButton", "restoreUsedMemory 1: 1 open");
+        add("okButton", "popBackupMemory 1: 2 open");
+        add("inputStart=40 outputStart=40 okButton", "popBackupMemory 2: 1 open moved");
+        add("inputStart=40 outputStart=40 signal_saveData", "restoreUsedMemory 1: 1 open moved");
+        add("inputStart=100 okButton", "restoreUsedMemory 2: 1 open");
+        add("inputStart=40 deadband_0=20 okButton inputStart=60 okButton inputStart=80 okButton",
+            "restoreUsedMemory 1: 4 open moved");
+        add("inputStart=40 deadband_0=20 okButton helpButton", "restoreUsedMemory 1: 2 open moved");
+        add("F1", "restoreUsedMemory 1: 1 open");
+        add("defaultAllButton defaultsButton", "restoreUsedMemory 1: 1 open");
+        add("defaultsButton defaultAllButton", "restoreUsedMemory 1: 1 open", mixedDigital);
+    }
+    /// If all later calls throw as well, the host may be unable to roll back.
+    void hostThrows()
+    {
+        QFETCH(quint32, type);
+        QFETCH(QString, steps);
+        changesBy(type, steps, {});
+        const auto functions = m_calls;
+        QStringList changes;
+        for (auto function = functions.begin(); function != functions.end(); ++function) {
+            for (int at = 1; at <= *function; ++at) {
+                const QString change = changesBy(type, steps, {function.key(), at});
+                QVERIFY(m_calls[function.key()] >= at);
+                if (!change.isEmpty()) {
+                    changes << function.key() + ' ' + QString::number(at) + ':' + change;
+                }
+                QVERIFY(!changesBy(type, steps, {function.key(), at, true}).contains("result"));
+            }
+        }
+        QTEST(changes.join(", "), "changes");
+    }
+
+    /// The host destroys the dialog's parent while a page's message box is open.
+    void parentDestroyed_data()
+    {
+        const Rows<quint32, QString, int> row("type", "edits", "restores");
+        row("Address", mixedAnalog, "inputStart=100", 2);
+        row("Address and deadband", mixedAnalog, "inputStart=100 deadband_0=20", 2);
+        row("deadband", mixedAnalog, "deadband_0=20", 1);
+        row("deadband after a move", mixedAnalog, "inputStart=40 deadband_3=20", 1);
+        row("filter rule", weighing, "filterDepth_0=2 subMax_0=5", 1);
+    }
+    void parentDestroyed()
+    {
+        QFETCH(quint32, type);
+        QFETCH(QString, edits);
+        for (const bool byKey : {false, true}) {
+            const ModuleHandle module = newModule(type);
+            const QStringList before = heldBy(module.get());
+            QPointer<QWidget> parent = new QWidget;
+            BoxRecorder boxes;
+            boxes.onBox = [&parent](const QMessageBox &) {
+                QMetaObject::invokeMethod(
+                    qApp, [&parent] { delete parent; }, Qt::QueuedConnection);
+            };
+            throwingHost().calls.clear();
+            const qint32 answer = configure(module.get(), parent, [&edits, byKey](QDialog &dialog) {
+                edit(dialog, edits);
+                auto *name = child(dialog, "nameEdit");
+                if (byKey) {
+                    QTest::keyPress(name, Qt::Key_Return);
+                } else {
+                    QTest::mouseClick(child(dialog, "okButton"), Qt::LeftButton);
+                }
+            });
+            QVERIFY(parent.isNull());
+            QCOMPARE(answer, 0);
+            QCOMPARE(boxes.told.size(), 1);
+            QTEST(throwingHost().calls.value("restoreUsedMemory"), "restores");
+            QCOMPARE(heldBy(module.get()), before);
+        }
+    }
+
+    void gettersSettersAndBlocks()
+    {
+        SimpleExtendPar *module = host().createObject(13650, owner);
+        module->comment = "remark";
+        host().setRackId(module, 2);
+        host().setSlotId(module, 3);
+        host().setPosition(module, {30, 20});
+        const QByteArray state = host().save(module);
+        QByteArray block("before");
+        QStringList list("dropped");
+        QCOMPARE(host().compile(module, block, list), 0);
+        QVERIFY(list.isEmpty());
+        QVERIFY(block.startsWith("before\x02"));
+        host().releaseObject(module);
+
+        module = host().restore(state, owner);
+        QCOMPARE(host().getName(module), module->objName);
+        QCOMPARE(host().getComment(module), QStringLiteral("remark"));
+        QCOMPARE(host().getPosition(module), QPoint(30, 20));
+        QCOMPARE((QList<int>{host().getNodeId(module), host().getRackId(module), host().getSlotId(module)}),
+                 (QList<int>{13650, 2, 3}));
+        QCOMPARE(host().save(module), state);
+        host().releaseObject(module);
+    }
+
+    /// The same calls fail for invalid arguments and then for a host that throws.
+    void refusals()
+    {
+        const ModuleHandle module = m_plugin.own(host().createObject(13395, owner));
+        const QByteArray state = host().save(module.get());
+        const auto held = simulatedhost::claimedRanges(owner).size();
+        QWidget parent;
+        qint32 result = 5;
+        for (const bool throws : {false, true}) {
+            QVERIFY(host().createObject(throws ? 13395 : 1, owner) == nullptr);
+            QVERIFY(host().restore(throws ? state : QByteArray(), owner) == nullptr);
+            QVERIFY(host().recompile(throws ? state : QByteArray(), owner, &result) == nullptr);
+            QCOMPARE(host().config(throws ? module.get() : nullptr, owner, &parent, false), 0);
+            simulatedhost::setFaults([](simulatedhost::HostCall) -> bool { throw std::bad_alloc(); });
+        }
+        QVERIFY(host().recompile("\1\2", owner, nullptr) == nullptr);
+        QVERIFY(!host().autoMallocInMap(module.get()));
+        QCOMPARE(host().config(module.get(), owner, nullptr, false), 0);
+        QCOMPARE(result, 5);
+        QCOMPARE(simulatedhost::claimedRanges(owner).size(), held);
+        QCOMPARE(simulatedhost::openSnapshots(owner), 0);
+    }
+};
+
+QTEST_MAIN(TestExports)
+#include "tst_exports.moc"
