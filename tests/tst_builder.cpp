@@ -2,8 +2,8 @@
 #include "catalogfolder.h"
 #include "defaultbuilder.h"
 #include "imagerange.h"
-#include "metfields.h"
 #include "recordinghost.h"
+#include "recordtexts.h"
 #include "rows.h"
 
 namespace {
@@ -25,17 +25,28 @@ private slots:
 
     void build_data()
     {
-        const Rows<quint32, quint32, QStringList, QString, QString> row("code", "moduleInfo", "calls", "input",
-                                                                        "output");
-        row("analog, both directions", 13398, 0x02040000, {"auto plc 6 8", "auto plc 7 4"}, "6:8 x4 u2", "7:4 x2 u2");
-        row("analog, outputs only", 13400, 0x02000000, {"auto plc 7 4"}, "6:0 x0 u2", "7:4 x2 u2");
-        row("digital, 12 inputs", 13650, 0x0000000C, {"auto plc 129 2"}, "129:2 x12 u0", "130:0 x0 u0");
-        row("digital, both directions", 13651, 0x00000810, {"auto plc 129 2", "auto plc 130 1"}, "129:2 x16 u0",
-            "130:1 x8 u0");
-        row("weighing, double words", 14418, 0x01020000, {"auto plc 132 8", "auto plc 132 4"}, "132:8 x2 u4",
-            "132:4 x1 u4");
-        row("weighing, words", 14421, 0x01020000, {"auto plc 6 4", "auto plc 7 2"}, "6:4 x2 u2", "7:2 x1 u2");
-        row("plain", 100, 0x01020304, {}, "0:0 x0 u1", "0:0 x0 u1");
+        const Rows<quint32, quint32, QStringList, QString, QString> row("code", "moduleInfo", "calls", "ranges",
+                                                                        "channels");
+        const QString output = "0,1,0,1,1";
+        const auto analog = [&output](const QString &input) {
+            return QString("ai 2 0:%1 1:%1 aq 1 0:%2").arg(input, output);
+        };
+        const QStringList words{"auto plc 6 4", "auto plc 7 2"};
+        const QString wordRanges = "6:4 x2 u2 7:2 x1 u2";
+        row("voltage/current", 13395, 0x01020000, words, wordRanges, analog("0,1,5,320/0102000200000000"));
+        row("thermocouple", 13396, 0x01020000, words, wordRanges, analog("1,1,5,320/0102040100000100"));
+        row("resistance thermometer", 13397, 0x01020000, words, wordRanges, analog("2,1,5,320/0102000100000001"));
+        row("no fixed family", 13398, 0x01020000, words, wordRanges, analog("0,1,5,320/0102000200000000"));
+        row("analog, outputs only", 13400, 0x01000000, {"auto plc 7 2"}, "6:0 x0 u2 7:2 x1 u2",
+            "ai 0 aq 1 0:" + output);
+        row("digital, 12 inputs", 13650, 0x0C, {"auto plc 129 2"}, "129:2 x12 u0 130:0 x0 u0", "di 12 5555 dq 0,2 ");
+        row("digital, both directions", 13651, 0x0A10, {"auto plc 129 2", "auto plc 130 2"},
+            "129:2 x16 u0 130:2 x10 u0", "di 16 5555 dq 10,2 0000");
+        const QString weighing = "weigh 2 0:1,2,4,15,0,0,0,1,0 1:1,2,4,15,0,0,0,1,0";
+        row("weighing, double words", 14418, 0x01020000, {"auto plc 132 8", "auto plc 132 4"},
+            "132:8 x2 u4 132:4 x1 u4", weighing);
+        row("weighing, words", 14421, 0x01020000, words, wordRanges, weighing);
+        row("plain", 100, 0x01020304, {}, "0:0 x0 u1 0:0 x0 u1", "");
     }
     void build()
     {
@@ -47,8 +58,8 @@ private slots:
         const auto par = buildDefault(code, owner);
         QVERIFY(par);
         QTEST(recordingHost().takeCalls(), "calls");
-        QTEST(describe(par->inMap), "input");
-        QTEST(describe(par->outMap), "output");
+        QTEST(QString(describe(par->inMap) + ' ' + describe(par->outMap)), "ranges");
+        QTEST(channelTexts(*par), "channels");
         QCOMPARE(par->memoryOwner, owner);
 
         const auto unclaimed = buildDefault(code, QString());
@@ -56,48 +67,7 @@ private slots:
         QCOMPARE(recordingHost().calls, QStringList());
         QCOMPARE((QList<int>{unclaimed->inMap.start, unclaimed->outMap.start, unclaimed->inMap.count}),
                  (QList<int>{0, 0, par->inMap.count}));
-        QCOMPARE(unclaimed->weighPar.keys(), par->weighPar.keys());
-        QCOMPARE(unclaimed->aiKind.keys(), par->aiKind.keys());
-    }
-
-    void factoryInputs_data()
-    {
-        const Rows<quint32, int, QString> row("code", "family", "range");
-        row("voltage/current", 13395, 0, "0102000200000000");
-        row("thermocouple", 13396, 1, "0102040100000100");
-        row("resistance thermometer", 13397, 2, "0102000100000001");
-        row("type without a fixed family", 13398, 0, "0102000200000000");
-    }
-    void factoryInputs()
-    {
-        QFETCH(quint32, code);
-        CatalogFolder catalog;
-        catalog.writeModule(code, 0x01020000);
-        const auto par = buildDefault(code, QString());
-        QVERIFY(par);
-        QTEST(int(par->aiKind.value(1, 9)), "family");
-        QTEST(hex(par->aiRange.value(1)), "range");
-        const AiFilter filter = par->aiFilter.value(1);
-        QCOMPARE((QList<int>{par->aiCount, filter.samples, filter.deadband, filter.filterOn}),
-                 (QList<int>{2, 5, 320, 1}));
-        const AqOutTbl stop = par->aqOutTbl.value(0);
-        const AqOutType type = par->aqOutType.value(0);
-        QCOMPARE((QList<int>{par->aqCount, par->aqKind.value(0, 9), stop.freezeLast, stop.stopValue, type.enable,
-                             type.range}),
-                 (QList<int>{1, 0, 1, 0, 1, 1}));
-    }
-
-    void factoryTables()
-    {
-        CatalogFolder catalog;
-        catalog.writeModule(13700, 0x00000A0C);
-        const auto digital = buildDefault(13700, QString());
-        QCOMPARE(digital->diFilter, QByteArray("\x55\x55"));
-        QCOMPARE(digital->dqOutTbl, QByteArray(2, 0));
-        QCOMPARE((QList<int>{digital->diCount, digital->dqCount, digital->dqMode}), (QList<int>{12, 10, 2}));
-        catalog.writeModule(14419, 0x00030000);
-        const auto weighing = buildDefault(14419, QString());
-        QCOMPARE((QList<int>{weighing->weighCount, weighing->weighPar.size()}), (QList<int>{3, 3}));
+        QTEST(channelTexts(*unclaimed), "channels");
     }
 
     void refusal_data()
