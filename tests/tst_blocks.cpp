@@ -63,11 +63,6 @@ class TestBlocks : public QObject {
     std::optional<CatalogFolder> m_catalog;
 
 private slots:
-    void initTestCase()
-    {
-        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-        QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
-    }
     void init()
     {
         recordingHost() = RecordingHost();

@@ -128,8 +128,6 @@ class TestDamage : public QObject {
 private slots:
     void initTestCase()
     {
-        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-        QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
         QVERIFY2(m_plugin.load(QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)), qPrintable(m_plugin.errorString()));
         for (const Golden &golden : goldens()) {
             m_catalog.writeModule(golden.objId, 0x01010101, "ReservBytes=7\nIntEnableTbl=9\n");
@@ -138,28 +136,37 @@ private slots:
 
     void every_data()
     {
-        const Rows<QByteArray, BlockFormat> row("whole", "format");
+        // left: the claims after the release. Intended: recompile counts double words as words and so frees too little.
+        const Rows<QByteArray, BlockFormat, QString> row("whole", "format", "left");
+        const auto both = [&row](const Golden &golden, const char *left, const char *leftOfConfiguration) {
+            const QByteArray name = QByteArray::number(golden.objId) + ' ' + golden.name;
+            row(name + ", saved state", goldenBlock(golden, true), BlockFormat::SavedState, left);
+            row(name + ", configuration", goldenBlock(golden, false), BlockFormat::Configuration, leftOfConfiguration);
+        };
         for (const Golden &golden : goldens()) {
-            const QByteArray name = golden.name;
-            row(name + ", saved state", goldenBlock(golden, true), BlockFormat::SavedState);
-            row(name + ", configuration", goldenBlock(golden, false), BlockFormat::Configuration);
+            both(golden, "", golden.objId == 14418 ? "132 8+4" : "");
+        }
+        for (const Golden &golden : odds()) {
+            both(golden, "not checked", "not checked"); // ranges that the kind of module does not have
         }
     }
     void every()
     {
         QFETCH(QByteArray, whole);
         QFETCH(BlockFormat, format);
+        QFETCH(QString, left);
+        QVERIFY(decodeFirst(whole, format).damages.isEmpty());
         QCOMPARE(faultOf(whole, format), QString());
-        // Intended: recompile counts double words as words, so it frees too little of a correct claim.
-        const bool staysClaimed = whole.mid(9, 4) == be32(14418) && format == BlockFormat::Configuration;
-        QCOMPARE(claims(owner), staysClaimed ? QStringList("132 8+4") : QStringList());
+        QVERIFY2(left == "not checked" || claims(owner).join(' ') == left, qPrintable(claims(owner).join(' ')));
         for (int size = 0; size < whole.size(); ++size) {
-            QCOMPARE(faultOfSome(whole.left(size), format), QString());
+            QCOMPARE(faultOf(whole.left(size), format), QString());
         }
+        const QByteArray boundaries = hex("00 01 02 05 08 0B 10 26 29 40 7F 80 FF"); // of counts, lengths and types
         for (int at = 0; at < whole.size(); ++at) {
             for (int value = 0; value < 256; ++value) {
                 const QByteArray changed = QByteArray(whole).replace(at, 1, QByteArray(1, static_cast<char>(value)));
-                QCOMPARE(faultOfSome(changed, format), QString());
+                const bool isBoundary = boundaries.contains(static_cast<char>(value));
+                QCOMPARE(isBoundary ? faultOf(changed, format) : faultOfSome(changed, format), QString());
             }
         }
     }

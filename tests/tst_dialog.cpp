@@ -62,7 +62,6 @@ class TestDialog : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLoggingCategory::setFilterRules("default.debug=false"); }
     void cleanup() { simulatedhost::reset(); }
 
     void groups_data()

@@ -68,7 +68,6 @@ private slots:
     void initTestCase()
     {
         QVERIFY2(m_plugin.load(QStringLiteral(SIMPLEEXTEND_LIBRARY_PATH)), qPrintable(m_plugin.errorString()));
-        QLoggingCategory::setFilterRules("default.debug=false");
     }
     void cleanup()
     {

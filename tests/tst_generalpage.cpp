@@ -24,8 +24,6 @@ class TestGeneralPage : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8")); }
-
     void general_data()
     {
         // before, saved: the comment; the bar is the cursor

@@ -82,7 +82,6 @@ class TestMetReader : public QObject {
 private slots:
     void initTestCase()
     {
-        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
         QCOMPARE(ModuleMetInfo().supportRack, 4); // changes() omits it
     }
     void cleanup() { recordingHost() = RecordingHost(); }

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <algorithm>
+
 namespace blockbuilder {
 
 /// A hand-written block, and the values and claims that result from reading it.
@@ -52,6 +54,34 @@ inline const QVector<Golden> &goldens()
         return made;
     }();
     return rows;
+}
+
+/// Sections with what no writer produces, too: channels twice, sections twice, an unknown family.
+inline const QVector<Golden> &odds()
+{
+    static const QVector<Golden> rows = [] {
+        QVector<Golden> made;
+        const auto row = [&made](quint32 objId, const QByteArrayList &sections) {
+            made.append({"odd sections", objId, 0x01010808, 0, hex("06 0110 02  82 0220 01"), {}, sections, {}});
+        };
+        row(13395, {hex("00000016 00 25 0000 01  000B 00 07 01 05 0140 01 02 03 02 01"),
+                    hex("0000003C 00 25 0000 04  000D 01 00 01 05 0140 01 02 08 01 00 00 01"
+                        "000D 02 01 00 07 0011 01 04 13 01 01 01 01  000B 00 00 01 05 0000 01 04 03 02 01"
+                        "0006 09 02 01 05 0140"),
+                    hex("0000001B 00 26 0000 02  0007 00 00 01 FFFE 01 03  0007 00 01 00 8000 00 04")});
+        row(13650, {hex("0000000B 00 05 0000 08 01 81"), hex("0000000B 01 12 0000 0C 5071"),
+                    hex("0000000C 00 05 0000 10 02 81FF")});
+        row(14418, {hex("00000029 00 29 0000 02  00 01 40000000 04 000F 0102 0304 00 01 9D"
+                        "03 00 7FC00000 00 07D1 0000 0000 02 06 64")});
+        row(14419, {});
+        row(100, {});
+        return made;
+    }();
+    return rows;
+}
+inline const Golden &odd(quint32 objId)
+{
+    return *std::find_if(odds().begin(), odds().end(), [objId](const Golden &each) { return each.objId == objId; });
 }
 
 /// Returns the header without its frame.
