@@ -24,44 +24,16 @@ class TestGeneralPage : public QObject {
     Q_OBJECT
 
 private slots:
-    void general_data()
+    void replacesBothTexts()
     {
-        // before, saved: the comment; the bar is the cursor
-        const Rows<QString, QString, QString> row("before", "pasted", "saved");
-        const QString inside = letters(100) + '|' + letters(150);
-        row("too much into an empty comment", "|", letters(300), letters(250) + '|');
-        row("into the middle of a full comment", inside, "b", inside);
-        row("before a full comment", '|' + letters(250), "bcd", '|' + letters(250));
-        row("a comment up to the limit in bytes", letters(248) + '|', "é", letters(248) + "é|");
-        row("a comment above the limit in bytes", letters(249) + '|', "é", letters(249) + '|');
-        row("a surrogate pair is not split", letters(247) + '|', smiley, letters(247) + '|');
-        row("a very long text", "|end", letters(3'000'000), letters(247) + "|end");
-        row("unedited line ends stay", "|one\r\ntwo", "", "|one\r\ntwo");
-        row("a longer comment is truncated", '|' + letters(260) + "b", "", '|' + letters(250));
-        row("a pair at the limit is removed", '|' + letters(248) + smiley, "", '|' + letters(248));
-    }
-    void general()
-    {
-        QFETCH(QString, before);
-        QFETCH(QString, pasted);
         SimpleExtendPar par;
         par.objName = letters(30); // longer than the maximum length of the editor
-        par.comment = QString(before).remove('|');
         SGeneralWgt page(&par, nullptr, nullptr);
-        page.show();
-        auto *comment = child<QTextEdit>(page, "commentEdit");
-        QTextCursor place = comment->textCursor();
-        place.setPosition(before.indexOf('|'));
-        comment->setTextCursor(place);
-        QGuiApplication::clipboard()->setText(pasted);
-        comment->paste();
+        child<QTextEdit>(page, "commentEdit")->setPlainText("new");
         QVERIFY(page.saveData());
-        QCOMPARE(par.objName, letters(30));
-        QTEST(par.comment.insert(comment->textCursor().position(), '|'), "saved");
-
-        child<QLineEdit>(page, "nameEdit")
-            ->setText(smiley + QChar(0xD83D) + letters(20) + smiley); // one unpaired, one split by the maximum length
-        comment->setPlainText("new");
+        QCOMPARE(par.objName + par.comment, letters(30) + "new");
+        // One unpaired surrogate, and one pair split by the maximum length.
+        child<QLineEdit>(page, "nameEdit")->setText(smiley + QChar(0xD83D) + letters(20) + smiley);
         QVERIFY(page.saveData());
         QCOMPARE(par.objName + par.comment, smiley + letters(20) + "new");
     }
@@ -90,8 +62,20 @@ private slots:
             add("unedited after undo", full.mid(4) + "é|", {"=xyz", "<"}, full.mid(4) + "é|");
         }
         row("an unpaired surrogate", "nameEdit", "abcde|fgh", {"+" + smiley.left(1), "+x"}, "abcdex|fgh");
-        row("a paste into a full comment undone", "commentEdit", letters(100) + '|' + letters(150), {"=xy", "<"},
-            letters(100) + '|' + letters(150));
+        const auto comment = [&row](const char *name, const QString &before, const QStringList &steps,
+                                    const QString &after) { row(name, "commentEdit", before, steps, after); };
+        const QString inside = letters(100) + '|' + letters(150);
+        comment("a paste into a full comment undone", inside, {"=xy", "<"}, inside);
+        comment("too much into an empty comment", "|", {"=" + letters(300)}, letters(250) + '|');
+        comment("into the middle of a full comment", inside, {"=b"}, inside);
+        comment("before a full comment", '|' + letters(250), {"=bcd"}, '|' + letters(250));
+        comment("a comment up to the limit in bytes", letters(248) + '|', {"=é"}, letters(248) + "é|");
+        comment("a comment above the limit in bytes", letters(249) + '|', {"=é"}, letters(249) + '|');
+        comment("a surrogate pair is not split", letters(247) + '|', {"=" + smiley}, letters(247) + '|');
+        comment("a very long text", "|end", {"=" + letters(3'000'000)}, letters(247) + "|end");
+        comment("unedited line ends stay", "|one\r\ntwo", {}, "|one\r\ntwo");
+        comment("a longer comment is truncated", '|' + letters(260) + "b", {}, '|' + letters(250));
+        comment("a pair at the limit is removed", '|' + letters(248) + smiley, {}, '|' + letters(248));
         row("a name replaced by a text of the shown length", "nameEdit", '|' + letters(30), {"!" + letters(24)},
             letters(24) + '|');
         row("a comment with other line ends replaced", "commentEdit", "|a\r\nb", {"!a\nb"}, "a\nb|");
