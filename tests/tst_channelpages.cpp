@@ -147,6 +147,11 @@ private slots:
         QCOMPARE(page->saveData(), told.isEmpty());
         QCOMPARE(boxes.told.join(", "), told);
         QTEST(QString(kind->text(par) + disabled.join(' ')), "saved");
+
+        const QString stored = kind->text(par);
+        const PagePtr again = kind->make(par, &defaultPar, m_dialog.get());
+        QVERIFY(again->saveData() || !told.isEmpty());
+        QCOMPARE(kind->text(par), stored); // what is saved is shown again
     }
 
     // The same text is the same number in every locale, and numbers are shown as in the tool tip "0~32.0000".
