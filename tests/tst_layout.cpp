@@ -1,30 +1,18 @@
 // Where the pages place what they consist of.
-#include "pagefixture.h"
+#include "channelkinds.h"
 #include "rows.h"
 #include "saddrmapwgt.h"
-#include "saifilterwgt.h"
-#include "sairangewgt.h"
-#include "saqouttblwgt.h"
-#include "saqouttypewgt.h"
-#include "sdifilterwgt.h"
-#include "sdqouttblwgt.h"
 #include "sgeneralwgt.h"
-#include "simpleextendpar.h"
-#include "sweightparcfgwgt.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QScrollArea>
 
+using namespace channelkinds;
+
 namespace {
 
-using MakePage = ParamPage *(*)(SimpleExtendPar *par, QWidget *parent);
-
-template <class Page>
-ParamPage *make(SimpleExtendPar *par, QWidget *parent)
-{
-    return new Page(par, nullptr, parent);
-}
+using MakePage = PagePtr (*)(Par &par, Par *defaults, QWidget *parent);
 
 SimpleExtendPar smallModule()
 {
@@ -75,45 +63,42 @@ QString marginsOf(const QLayout *layout)
 
 QString alignmentOf(const QLayoutItem *item)
 {
-    const Qt::Alignment alignment = item->alignment();
-    return alignment == Qt::AlignCenter  ? " centred"
-           : alignment == Qt::AlignRight ? " right"
-           : alignment == Qt::AlignTop   ? " top"
-                                         : "";
+    const QMap<int, QString> texts{{Qt::AlignCenter, " centred"}, {Qt::AlignRight, " right"}, {Qt::AlignTop, " top"}};
+    return texts.value(static_cast<int>(item->alignment()));
 }
 
-QString spacerOf(QSpacerItem *spacer)
+QString spacerOf(const QSpacerItem *spacer)
 {
-    const auto letter = [](QSizePolicy::Policy policy) {
-        return policy == QSizePolicy::Expanding ? "e" : policy == QSizePolicy::Minimum ? "m" : "-";
+    const auto length = [](int hint, QSizePolicy::Policy policy) -> QString {
+        const QMap<int, QString> letters{{QSizePolicy::Expanding, "e"}, {QSizePolicy::Minimum, "m"}};
+        return QString::number(hint) + letters.value(policy, "-");
     };
-    return QStringLiteral("spacer %1%2x%3%4")
-        .arg(spacer->sizeHint().width())
-        .arg(letter(spacer->sizePolicy().horizontalPolicy()))
-        .arg(spacer->sizeHint().height())
-        .arg(letter(spacer->sizePolicy().verticalPolicy()));
+    const QSize hint = spacer->sizeHint();
+    const QSizePolicy policy = spacer->sizePolicy();
+    return "spacer " + length(hint.width(), policy.horizontalPolicy()) + 'x' +
+           length(hint.height(), policy.verticalPolicy());
 }
 
 QString describe(QLayoutItem *item);
 
-QStringList describeItems(QLayout *layout)
+QString placeIn(const QGridLayout &grid, int index)
+{
+    int row = 0;
+    int column = 0;
+    QSize span;
+    grid.getItemPosition(index, &row, &column, &span.rheight(), &span.rwidth());
+    const QString place = QStringLiteral(" %1,%2").arg(row).arg(column);
+    return span == QSize(1, 1) ? place : place + QStringLiteral(" %1x%2").arg(span.height()).arg(span.width());
+}
+
+QString describeItems(QLayout *layout)
 {
     QStringList items;
     const auto *grid = qobject_cast<QGridLayout *>(layout);
     for (int i = 0; i < layout->count(); ++i) {
-        QString place;
-        if (grid != nullptr) {
-            int row = 0;
-            int column = 0;
-            int rows = 0;
-            int columns = 0;
-            grid->getItemPosition(i, &row, &column, &rows, &columns);
-            place = QStringLiteral(" %1,%2").arg(row).arg(column);
-            place += rows * columns == 1 ? QString() : QStringLiteral(" %1x%2").arg(rows).arg(columns);
-        }
-        items << describe(layout->itemAt(i)) + place;
+        items << describe(layout->itemAt(i)) + (grid == nullptr ? QString() : placeIn(*grid, i));
     }
-    return items;
+    return items.join("; ");
 }
 
 QString describe(QLayoutItem *item)
@@ -122,16 +107,13 @@ QString describe(QLayoutItem *item)
         return spacerOf(item->spacerItem());
     }
     if (item->layout() != nullptr) {
-        return '[' + describeItems(item->layout()).join("; ") + ']';
+        return '[' + describeItems(item->layout()) + ']';
     }
-    QWidget *widget = item->widget();
-    const auto *area = qobject_cast<QScrollArea *>(widget);
-    QWidget *const content = area != nullptr ? area->widget() : widget;
-    if (content->layout() == nullptr) {
-        return nameOf(widget) + sizeOf(widget) + alignmentOf(item);
-    }
-    const QString contents = describeItems(content->layout()).join("; ");
-    return nameOf(widget) + '[' + marginsOf(content->layout()) + contents + ']' + sizeOf(widget) + alignmentOf(item);
+    const QWidget *widget = item->widget();
+    const auto *area = qobject_cast<const QScrollArea *>(widget);
+    QLayout *const inner = (area != nullptr ? area->widget() : widget)->layout();
+    const QString contents = inner == nullptr ? QString() : '[' + marginsOf(inner) + describeItems(inner) + ']';
+    return nameOf(widget) + contents + sizeOf(widget) + alignmentOf(item);
 }
 
 } // namespace
@@ -150,25 +132,24 @@ private slots:
         row("general", make<SGeneralWgt>,
             "descriptionLabel; defaultsButton right; 'Information'['&Name:' 0,0; nameEdit 0,1; "
             "'&Comment:' top 1,0; commentEdit expanding 1,1]");
-        row("address", make<SAddrMapWgt>,
-            "'Input'['Address' 0,0; 'Start:' 0,1; inputStart 0,2; 'End:' 0,3; inputEnd 0,4; "
-            "'Length' 1,1; inputLength 1,2; 'Unit' 1,3; inputUnit 1,4; 'Memory:' 2,1; inputMemory 2,2]; "
-            "'Output'['Address' 0,0; 'Start:' 0,1; outputStart 0,2; 'End:' 0,3; outputEnd 0,4; "
-            "'Length' 1,1; outputLength 1,2; 'Unit' 1,3; outputUnit 1,4; 'Memory:' 2,1; outputMemory 2,2]; "
-            "spacer 0mx0e");
+        const QString range = "'%1'['Address' 0,0; 'Start:' 0,1; %2Start 0,2; 'End:' 0,3; %2End 0,4; 'Length' 1,1; "
+                              "%2Length 1,2; 'Unit' 1,3; %2Unit 1,4; 'Memory:' 2,1; %2Memory 2,2]; ";
+        row("address", make<SAddrMapWgt>, range.arg("Input", "input") + range.arg("Output", "output") + "spacer 0mx0e");
         row("digital input filter", make<SDIFilterWgt>,
             "area['Input Filter Delays'[margins 50,9,50,9; descriptionLabel; area[filterLabel_0 0,0; "
             "filter_0 0,1; filterLabel_1 1,0; filter_1 1,1]; defaultsButton right]]");
+        QString digits;
+        QString firstRow;
+        for (int i = 0; i < 8; ++i) {
+            digits += QString("'%1' w14 h14 centred 0,%2; ").arg(i).arg(i + 1);
+            firstRow += QString("output_%1 centred 1,%2; ").arg(i).arg(i + 1);
+        }
         row("digital output table", make<SDQOutTblWgt>,
             "area['States on transition from RUN to STOP'[descriptionLabel; freezeCheck; "
-            "'Selected output will be ON when the PLC transitions from RUN to STOP mode.'; "
-            "area['0' w14 h14 centred 0,1; '1' w14 h14 centred 0,2; '2' w14 h14 centred 0,3; "
-            "'3' w14 h14 centred 0,4; '4' w14 h14 centred 0,5; '5' w14 h14 centred 0,6; "
-            "'6' w14 h14 centred 0,7; '7' w14 h14 centred 0,8; 'Q0.x' w14 h14 centred 1,0; "
-            "output_0 centred 1,1; output_1 centred 1,2; output_2 centred 1,3; output_3 centred 1,4; "
-            "output_4 centred 1,5; output_5 centred 1,6; output_6 centred 1,7; output_7 centred 1,8; "
-            "'Q1.x' w14 h14 centred 2,0; output_8 centred 2,1]; [selectAllButton; clearAllButton; "
-            "spacer 0ex0m; defaultsButton]]]");
+            "'Selected output will be ON when the PLC transitions from RUN to STOP mode.'; area[" +
+                digits + "'Q0.x' w14 h14 centred 1,0; " + firstRow +
+                "'Q1.x' w14 h14 centred 2,0; output_8 centred 2,1]; [selectAllButton; clearAllButton; spacer 0ex0m; "
+                "defaultsButton]]]");
         row("analog input filter", make<SAIFilterWgt>,
             "area[descriptionLabel; defaultsButton right; area[area['Whether to Filter' 0,0; "
             "'Number of Samples' 0,1; 'Deadband(16 - 4080, 0 = forbid)' 0,2; filterOn_0 1,0; samples_0 1,1; "
@@ -195,8 +176,7 @@ private slots:
         QFont font;
         font.setPixelSize(4); // sizes are the prescribed ones, not those that a large font needs
         parent.setFont(font);
-        ParamPage *const page = make(&par, &parent);
-        QTEST(describeItems(page->layout()).join("; "), "places");
+        QTEST(describeItems(make(par, nullptr, &parent)->layout()), "places");
     }
 };
 
