@@ -111,7 +111,7 @@ class TestDamage : public QObject {
         fault += blockcheck::roundTripFault(*module, format);
         // The module frees the length of its channels. A range whose length in the block differs stays claimed.
         for (const IoMap &map : {host.getInMap(module.get()), host.getOutMap(module.get())}) {
-            const int length = map.unit == 0 ? (map.count + 7) / 8 : map.count * map.unit;
+            const auto length = static_cast<int>(bytesOfChannels(map.unit, map.count));
             freeMemory(model, static_cast<VarArea>(map.area), map.start, length);
         }
         module.reset();

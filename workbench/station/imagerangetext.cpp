@@ -4,7 +4,7 @@
 
 int rangeBytes(const IoMap &range)
 {
-    return range.unit != 0 ? range.unit * range.count : (range.count + 7) / 8;
+    return static_cast<int>(bytesOfChannels(range.unit, range.count));
 }
 
 QString areaName(quint8 area)
