@@ -1,5 +1,6 @@
 #include "defaultbuilder.h"
 
+#include "digitalbits.h"
 #include "imagerange.h"
 #include "metreader.h"
 #include "modulekind.h"
@@ -53,7 +54,7 @@ void forEachChannel(qint32 channels, Fill &&fill)
 
 QByteArray bitTable(qint32 channels, char initial)
 {
-    return {static_cast<int>(bytesOfChannels(0, channels)), initial};
+    return {bitTableSize(channels), initial};
 }
 
 bool fillAnalog(SimpleExtendPar &par, const ModuleKind &kind)

@@ -1,9 +1,17 @@
 // The order of the channels in the tables of a digital module.
 #pragma once
 
+#include "iomap.h"
+
 #include <QByteArray>
 
 #include <optional>
+
+/// Returns the bytes of a table with one bit per channel or a 4-bit code per four channels.
+constexpr int bitTableSize(qint64 channels)
+{
+    return static_cast<int>(bytesOfChannels(0, channels));
+}
 
 /// Inputs that share one filter code; such a group is a row of the filter table.
 constexpr int inputsPerFilterRow = 4;

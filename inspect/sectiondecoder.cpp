@@ -10,6 +10,11 @@ using blockdecoder::Part;
 
 namespace {
 
+// The writer measures a record. The decoder checks its length against these bytes:
+constexpr int recordHeadSize = 2; // family and channel number
+constexpr int filterSize = 4;     // fields of an input record before its range bytes
+constexpr int outputSize = 5;     // fields of an output record
+
 const QString keepsOlderValues = QStringLiteral("the section ends here; fields that it lacks keep their values");
 const QString dropsChannels = QStringLiteral("this channel and all later ones are left out");
 const QString dropsSection = QStringLiteral("the section is left out");
@@ -39,7 +44,7 @@ void enterChannel(FieldCursor &section, FieldPlace place, const QString &prefix,
 
 void checkRecordLength(FieldCursor &section, int recordAt, int recordLength, int fieldsSize)
 {
-    const int expected = blocklayout::analogRecordHeadSize + fieldsSize;
+    const int expected = recordHeadSize + fieldsSize;
     if (recordLength != expected) {
         section.report(
             recordAt, "recordLength", QString::number(expected), QString::number(recordLength),
@@ -49,7 +54,8 @@ void checkRecordLength(FieldCursor &section, int recordAt, int recordLength, int
 
 void readAnalogInput(FieldCursor &section, quint8 family, int recordAt, quint16 recordLength)
 {
-    checkRecordLength(section, recordAt, recordLength, blocklayout::analogInputSize(family));
+    checkRecordLength(section, recordAt, recordLength,
+                      filterSize + static_cast<int>(blocklayout::rangeOrder(family).count));
     section.setFamily(family);
     AiFilter filter;
     AiRange range{};
@@ -58,7 +64,7 @@ void readAnalogInput(FieldCursor &section, quint8 family, int recordAt, quint16 
 
 void readAnalogOutput(FieldCursor &section, quint8 /*family*/, int recordAt, quint16 recordLength)
 {
-    checkRecordLength(section, recordAt, recordLength, blocklayout::analogOutputSize);
+    checkRecordLength(section, recordAt, recordLength, outputSize);
     AqOutTbl stop;
     AqOutType type;
     blocklayout::walkAnalogOutput(section, stop, type);
@@ -146,7 +152,7 @@ void SectionDecoder::decodeOutputTable(FieldCursor &section)
 /// returns no bytes.
 QByteArray SectionDecoder::takeTable(FieldCursor &section, const char *name, int channels, EntryList &table)
 {
-    const std::optional<QByteArray> bytes = section.take(name, blocklayout::bitTableSize(channels));
+    const std::optional<QByteArray> bytes = section.take(name, bitTableSize(channels));
     if (bytes) {
         replace(table);
     }

@@ -128,7 +128,7 @@ bool SDQOutTblWgt::saveData()
         return true;
     }
     const bool frozen = m_freeze->isChecked();
-    QByteArray table(static_cast<int>(bytesOfChannels(0, m_par->dqCount)), '\0');
+    QByteArray table(bitTableSize(m_par->dqCount), '\0');
     for (int output = 0; output < m_outputs.size() && !frozen; ++output) {
         const int byte = output / outputsPerByte;
         const int mask = m_outputs.at(output)->isChecked() ? outputMask(output) : 0;

@@ -29,12 +29,6 @@ constexpr std::array<quint8, 4> headerConstant{0, 2, 0, 0};
 constexpr int rangeSize = 4;
 constexpr int sectionFrameSize = 8;
 
-/// Returns the bytes of a table with one bit per channel or a 4-bit code per four channels.
-constexpr int bitTableSize(int channels)
-{
-    return static_cast<int>(bytesOfChannels(0, channels));
-}
-
 /// Intended: the bytes of a coordinate are joined with their signs, so a coordinate with a byte of 128 and above
 /// changes.
 template <typename Cursor, typename Position>
@@ -100,18 +94,6 @@ inline RangeOrder rangeOrder(quint8 family)
 
 constexpr std::array<const char *, AiRangeByteCount> rangeByteNames{
     "enable", "filterTime", "inputRange", "openWire", "direction", "temperatureScale", "coldJunction", "wiringScheme"};
-
-// The values of the record length, for tools that check it. The writer measures a record and needs none of them.
-
-/// Bytes of the family and the channel number at the start of an analog record.
-constexpr int analogRecordHeadSize = 2;
-/// Bytes of the fields of walkAnalogOutput().
-constexpr int analogOutputSize = 5;
-/// Returns the bytes of the fields of walkAnalogInput().
-inline int analogInputSize(quint8 family)
-{
-    return 4 + static_cast<int>(rangeOrder(family).count);
-}
 
 /// The fields of an analog input record after family and channel number.
 template <typename Cursor, typename Filter, typename Range>

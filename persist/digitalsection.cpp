@@ -1,8 +1,8 @@
 #include "digitalsection.h"
 
-namespace {
+#include "digitalbits.h"
 
-using blocklayout::bitTableSize;
+namespace {
 
 void writeInputFilter(BlockWriter &writer, const SimpleExtendPar &par)
 {

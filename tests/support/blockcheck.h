@@ -3,6 +3,7 @@
 
 #include "baseservices.h"
 #include "blocklayout.h"
+#include "digitalbits.h"
 #include "modulekind.h"
 #include "modulestate.h"
 
@@ -48,7 +49,7 @@ inline quint32 joinedWithSigns(quint32 value)
 /// reader takes the counted bytes, or none if there are fewer.
 inline void carryTable(int channels, QByteArray &table)
 {
-    const int size = blocklayout::bitTableSize(channels);
+    const int size = bitTableSize(channels);
     if (channels != 0) {
         table = table.size() < size ? QByteArray() : table.left(size);
     }
