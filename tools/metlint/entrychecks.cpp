@@ -13,7 +13,7 @@ namespace {
 const QLatin1String typeCodeKey("ObjID");
 
 /// Returns the place of the key's value, or the start of the entry if it has no such key, or its end without a start.
-Place placeOf(QLatin1String key, const PassedPlaces &places, Place end)
+TextPlace placeOf(QLatin1String key, const PassedPlaces &places, TextPlace end)
 {
     return places.inEntry.value(key, places.start.exists() ? places.start : end);
 }
@@ -25,7 +25,7 @@ EntryChecks::EntryChecks(const LintContext &context, QVector<Diagnostic> &diagno
 {
 }
 
-void EntryChecks::check(const ModuleMetInfo &entry, const PassedPlaces &places, Place end)
+void EntryChecks::check(const ModuleMetInfo &entry, const PassedPlaces &places, TextPlace end)
 {
     if (places.start.exists()) {
         checkCarriedOver(entry, places);
@@ -49,7 +49,7 @@ void EntryChecks::checkCarriedOver(const ModuleMetInfo &entry, const PassedPlace
     }
 }
 
-void EntryChecks::checkTypeCode(const ModuleMetInfo &entry, const PassedPlaces &places, Place end)
+void EntryChecks::checkTypeCode(const ModuleMetInfo &entry, const PassedPlaces &places, TextPlace end)
 {
     if (places.start.exists() && !places.inEntry.contains(typeCodeKey)) {
         add(Rule::NoTypeCode, places.start, QStringLiteral("the entry has no ObjID and is never found"));
@@ -61,7 +61,7 @@ void EntryChecks::checkTypeCode(const ModuleMetInfo &entry, const PassedPlaces &
 }
 
 // A lookup finds the first entry of the type code, unless an earlier entry needs a newer host.
-void EntryChecks::checkLookup(const ModuleMetInfo &entry, const PassedPlaces &places, Place end)
+void EntryChecks::checkLookup(const ModuleMetInfo &entry, const PassedPlaces &places, TextPlace end)
 {
     const bool matches = !m_typeCode || entry.objId == *m_typeCode;
     const bool isForHost = static_cast<quint32>(entry.needHwCnfgVersion) <= m_context.hostVersion;
@@ -84,7 +84,7 @@ void EntryChecks::checkLookup(const ModuleMetInfo &entry, const PassedPlaces &pl
     }
 }
 
-void EntryChecks::checkComponent(const ModuleMetInfo &entry, Place place)
+void EntryChecks::checkComponent(const ModuleMetInfo &entry, TextPlace place)
 {
     if (m_context.componentFolder.isEmpty()) {
         return;
@@ -100,7 +100,7 @@ void EntryChecks::checkComponent(const ModuleMetInfo &entry, Place place)
     }
 }
 
-void EntryChecks::checkChannels(const ModuleMetInfo &entry, Place place)
+void EntryChecks::checkChannels(const ModuleMetInfo &entry, TextPlace place)
 {
     const ModuleKind &kind = moduleKind(entry.objId);
     if (kind.family == ModuleFamily::Plain) {

@@ -8,11 +8,11 @@
 
 /// The places that the linter has passed in a file.
 struct PassedPlaces {
-    using OfKeys = QHash<QLatin1String, Place>;
+    using OfKeys = QHash<QLatin1String, TextPlace>;
 
-    Place start;      ///< of the open entry
-    Place outsideKey; ///< first key since the last end without a start
-    Place lastEnd;
+    TextPlace start;      ///< of the open entry
+    TextPlace outsideKey; ///< first key since the last end without a start
+    TextPlace lastEnd;
     OfKeys inEntry; ///< values of keys since the last start or end
     OfKeys everSet; ///< values of keys since the beginning of the file
 };
@@ -24,19 +24,19 @@ public:
     EntryChecks(const LintContext &context, QVector<Diagnostic> &diagnostics);
 
     /// Checks the entry that ends at @p end.
-    void check(const ModuleMetInfo &entry, const PassedPlaces &places, Place end);
+    void check(const ModuleMetInfo &entry, const PassedPlaces &places, TextPlace end);
 
 private:
     void checkCarriedOver(const ModuleMetInfo &entry, const PassedPlaces &places);
-    void checkTypeCode(const ModuleMetInfo &entry, const PassedPlaces &places, Place end);
-    void checkLookup(const ModuleMetInfo &entry, const PassedPlaces &places, Place end);
-    void checkComponent(const ModuleMetInfo &entry, Place place);
-    void checkChannels(const ModuleMetInfo &entry, Place place);
-    void add(Rule rule, Place place, const QString &text) { m_diagnostics.append({place, rule, text}); }
+    void checkTypeCode(const ModuleMetInfo &entry, const PassedPlaces &places, TextPlace end);
+    void checkLookup(const ModuleMetInfo &entry, const PassedPlaces &places, TextPlace end);
+    void checkComponent(const ModuleMetInfo &entry, TextPlace place);
+    void checkChannels(const ModuleMetInfo &entry, TextPlace place);
+    void add(Rule rule, TextPlace place, const QString &text) { m_diagnostics.append({place, rule, text}); }
 
     const LintContext &m_context;
     const std::optional<quint32> m_typeCode;
     QVector<Diagnostic> &m_diagnostics;
-    Place m_found;  // end of the entry that lookups find
-    Place m_hiding; // the entry that needs a newer host and stops them
+    TextPlace m_found;  // end of the entry that lookups find
+    TextPlace m_hiding; // the entry that needs a newer host and stops them
 };

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int lookAlikeLength = 40; // longer than all keys and markers, including some invisible characters
-constexpr Place fileStart{1, 1};
+constexpr TextPlace fileStart{1, 1};
 
 bool isMarkerOrKey(MetLineKind kind)
 {
@@ -39,7 +39,7 @@ public:
     QVector<Diagnostic> run();
 
 private:
-    void add(Rule rule, Place place, const QString &text) { m_diagnostics.append({place, rule, text}); }
+    void add(Rule rule, TextPlace place, const QString &text) { m_diagnostics.append({place, rule, text}); }
     void lintFileName();
     void lintEncoding(const QTextCodec::ConverterState &state);
     void lintLine(QStringView text);
@@ -51,9 +51,9 @@ private:
     void lintEnd(const MetLine &line, const ModuleMetInfo &entry);
     void lintEndOfFile();
     void lintKey(const MetLine &line);
-    void lintKeyPlace(const MetKey &key, Place valuePlace);
+    void lintKeyPlace(const MetKey &key, TextPlace valuePlace);
 
-    Place here(int offset = 0) const { return {m_line, offset + 1}; }
+    TextPlace here(int offset = 0) const { return {m_line, offset + 1}; }
 
     const QByteArray &m_content;
     const LintContext &m_context;
@@ -108,7 +108,7 @@ void Linter::lintEncoding(const QTextCodec::ConverterState &state)
         return;
     }
     const int lineStart = m_text.lastIndexOf(QLatin1Char('\n')) + 1;
-    const Place end{m_text.count(QLatin1Char('\n')) + 1, m_text.size() - lineStart + 1};
+    const TextPlace end{m_text.count(QLatin1Char('\n')) + 1, m_text.size() - lineStart + 1};
     add(Rule::Encoding, end, QStringLiteral("the incomplete character at the end of the file is ignored"));
 }
 
@@ -292,14 +292,14 @@ void Linter::lintKey(const MetLine &line)
     }
 }
 
-void Linter::lintKeyPlace(const MetKey &key, Place valuePlace)
+void Linter::lintKeyPlace(const MetKey &key, TextPlace valuePlace)
 {
     if (!m_places.start.exists() && !m_places.outsideKey.exists()) {
         m_places.outsideKey = here();
     }
     const bool appends = key.value == MetValue::Texts || key.value == MetValue::Codes;
-    const Place inEntry = m_places.inEntry.value(key.name);
-    const Place everSet = m_places.everSet.value(key.name);
+    const TextPlace inEntry = m_places.inEntry.value(key.name);
+    const TextPlace everSet = m_places.everSet.value(key.name);
     if (inEntry.exists()) {
         add(Rule::DuplicateKey, here(),
             QString::fromLatin1(appends ? "%1 adds to the list of line %2" : "%1 replaces the value of line %2")

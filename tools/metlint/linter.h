@@ -18,16 +18,16 @@ struct LintContext {
 };
 
 /// A place in a description file.
-struct Place {
+struct TextPlace {
     int line = 0;   ///< from 1, as the reader counts lines; 0 = no place
     int column = 1; ///< from 1, in UTF-16 units
 
     bool exists() const { return line > 0; }
-    Place moved(int columns) const { return {line, column + columns}; }
+    TextPlace moved(int columns) const { return {line, column + columns}; }
 };
 
 struct Diagnostic {
-    Place place;
+    TextPlace place;
     Rule rule;
     QString text; ///< one printable line
 };

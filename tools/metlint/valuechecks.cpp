@@ -11,7 +11,7 @@ namespace {
 /// The value of one key.
 class ValueChecks {
 public:
-    ValueChecks(const MetKey &key, QStringView value, Place start, QVector<Diagnostic> &diagnostics)
+    ValueChecks(const MetKey &key, QStringView value, TextPlace start, QVector<Diagnostic> &diagnostics)
         : m_key(key),
           m_name(key.name),
           m_value(value),
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    void add(Rule rule, Place place, const QString &text) { m_diagnostics.append({place, rule, text}); }
+    void add(Rule rule, TextPlace place, const QString &text) { m_diagnostics.append({place, rule, text}); }
 
     void checkText()
     {
@@ -83,7 +83,7 @@ private:
             const int comma = static_cast<int>(m_value.indexOf(QLatin1Char(','), at));
             const int end = comma < 0 ? static_cast<int>(m_value.size()) : comma;
             const QStringView item = m_value.mid(at, end - at);
-            const Place place = m_start.moved(at + indexOfText(item));
+            const TextPlace place = m_start.moved(at + indexOfText(item));
             if (m_key.itemLimit > 0 && count == m_key.itemLimit) {
                 add(Rule::ListTooLong, place,
                     QStringLiteral("%1 has at most %2 items: this one and all later ones are ignored")
@@ -104,7 +104,7 @@ private:
         }
     }
 
-    void checkItem(QStringView item, Place place)
+    void checkItem(QStringView item, TextPlace place)
     {
         const bool isText = m_key.value == MetValue::Texts;
         if (item.trimmed().isEmpty()) {
@@ -118,7 +118,7 @@ private:
         }
     }
 
-    void checkNumber(const QString &number, Place place)
+    void checkNumber(const QString &number, TextPlace place)
     {
         const int base = metBase(m_key.value);
         const std::optional<quint32> parsed = metNumber(number, base);
@@ -136,14 +136,14 @@ private:
     const MetKey &m_key;
     const QString m_name;
     const QStringView m_value;
-    const Place m_start;
-    const Place m_text; // the first character of the value that is not a space
+    const TextPlace m_start;
+    const TextPlace m_text; // the first character of the value that is not a space
     QVector<Diagnostic> &m_diagnostics;
 };
 
 } // namespace
 
-void checkValue(const MetKey &key, QStringView value, Place start, QVector<Diagnostic> &diagnostics)
+void checkValue(const MetKey &key, QStringView value, TextPlace start, QVector<Diagnostic> &diagnostics)
 {
     ValueChecks(key, value, start, diagnostics).check();
 }

@@ -5,4 +5,4 @@
 #include "metformat.h"
 
 /// Adds diagnostics for @p value, the text after the "=", which begins at @p start, to @p diagnostics.
-void checkValue(const MetKey &key, QStringView value, Place start, QVector<Diagnostic> &diagnostics);
+void checkValue(const MetKey &key, QStringView value, TextPlace start, QVector<Diagnostic> &diagnostics);
