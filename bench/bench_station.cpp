@@ -146,8 +146,8 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
     Bench bench;
-    if (!bench.plugin.load({})) {
-        fail(bench.plugin.errorString());
+    if (const Result<> loaded = bench.plugin.load({}); !loaded) {
+        fail(loaded.reason());
     }
     Comparison comparison;
     for (const int modules : moduleCounts) {

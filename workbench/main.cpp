@@ -134,9 +134,8 @@ int run(Options &options, const QCoreApplication &application, bool asTable)
     options.parser.process(application); // exits for --help and --version
     const bool asBatch = options.parser.isSet(options.batch.batch);
     PluginLibrary plugin;
-    if (!plugin.load(options.parser.value(options.library))) {
-        complainAtStart(QStringLiteral("The plug-in cannot be loaded: %1").arg(plugin.errorString()),
-                        !asTable && !asBatch);
+    if (const Result<> loaded = plugin.load(options.parser.value(options.library)); !loaded) {
+        complainAtStart(QStringLiteral("The plug-in cannot be loaded: %1").arg(loaded.reason()), !asTable && !asBatch);
         return asBatch ? exitUsage : exitFailure;
     }
     if (asBatch) {

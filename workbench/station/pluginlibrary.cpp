@@ -58,23 +58,21 @@ QString defaultLibrary()
 
 } // namespace
 
-bool PluginLibrary::load(const QString &path)
+Result<> PluginLibrary::load(const QString &path)
 {
     m_exports = {};
     m_library.setFileName(path.isEmpty() ? defaultLibrary() : path);
     if (!m_library.load()) {
-        m_errorString = m_library.errorString();
-        return false;
+        return Failure{m_library.errorString()};
     }
     PluginExports found;
     for (const ExportEntry &entry : exportTable) {
         const QFunctionPointer function = m_library.resolve(entry.name);
         if (function == nullptr) {
-            m_errorString = tr("%1 does not export %2.").arg(m_library.fileName(), QLatin1String(entry.name));
-            return false;
+            return Failure{tr("%1 does not export %2.").arg(m_library.fileName(), QLatin1String(entry.name))};
         }
         entry.store(found, function);
     }
     m_exports = found;
-    return true;
+    return {};
 }

@@ -1,6 +1,7 @@
 // The plug-in, loaded at run time: its twenty exports as typed function pointers.
 #pragma once
 
+#include "result.h"
 #include "simpleextendexportfunc.h"
 
 #include <QCoreApplication>
@@ -41,12 +42,11 @@ using ModuleHandle = std::unique_ptr<SimpleExtendPar, decltype(&::releaseObject)
 class PluginLibrary {
     Q_DECLARE_TR_FUNCTIONS(PluginLibrary)
 public:
-    /// Loads the library file @p path, or the default library if that is empty. Returns false when it cannot be loaded
-    /// or lacks an export; errorString() then has the reason.
-    bool load(const QString &path);
+    /// Loads the library file @p path, or the default library if that is empty. Fails if it cannot be loaded or lacks
+    /// an export; then exports() has only null pointers.
+    Result<> load(const QString &path);
 
     const PluginExports &exports() const { return m_exports; }
-    QString errorString() const { return m_errorString; }
     /// The file of the latest load().
     QString fileName() const { return m_library.fileName(); }
 
@@ -56,5 +56,4 @@ public:
 private:
     QLibrary m_library;
     PluginExports m_exports;
-    QString m_errorString;
 };
