@@ -9,6 +9,8 @@
 #include "simulatedhost.h"
 #include "throwinghost.h"
 
+using simulatedhost::HostCall;
+
 namespace {
 
 const QString owner = QStringLiteral("plc");
@@ -32,6 +34,18 @@ class TestExports : public QObject {
         return claims(owner) << QString::number(host().getInMap(module).start)
                              << QString::number(host().getOutMap(module).start);
     }
+    /// Returns the claims that the station should have: the ranges of the module, and the obstacle of newModule().
+    QStringList claimsOf(SimpleExtendPar *module) const
+    {
+        QStringList texts{claimText(6, 100, 8)};
+        for (const IoMap &range : {host().getInMap(module), host().getOutMap(module)}) {
+            if (range.count != 0) {
+                texts << claimText(range.area, range.start, int(bytesOfChannels(range.unit, range.count)));
+            }
+        }
+        texts.sort();
+        return texts;
+    }
     /// Creates a factory module in a station where no input range can move to 100.
     ModuleHandle newModule(quint32 type) const
     {
@@ -46,29 +60,34 @@ class TestExports : public QObject {
         return host().config(module, owner, parent, false);
     }
 
-    /// Runs config, in which the call throws. Returns how many snapshots stay open and whether claims or starts have
-    /// moved; an empty string if all is as before.
-    QString changesBy(quint32 type, const QString &steps, const ThrowingHost &throwing)
+    /// Runs config, in which calls throw or fail. Returns how many snapshots stay open, whether claims or starts have
+    /// moved and whether they disagree; an empty string if all is as before.
+    QString changesBy(quint32 type, const QString &steps, const ThrowingHost &throwing,
+                      const std::function<bool(HostCall call)> &fails = {})
     {
         const ModuleHandle module = newModule(type);
         const QStringList before = heldBy(module.get());
         BoxRecorder boxes;
         QWidget parent;
         throwingHost() = throwing;
-        const qint32 result =
-            configure(module.get(), &parent, [&steps](QDialog &dialog) { perform(dialog, steps + " cancelButton"); });
+        simulatedhost::setFaults(fails);
+        const qint32 result = configure(module.get(), &parent, [&steps](QDialog &dialog) {
+            dialog.setUpdatesEnabled(false); // painting would take most of the time
+            perform(dialog, steps + " cancelButton");
+        });
         m_calls = std::exchange(throwingHost(), {}).calls;
+        simulatedhost::setFaults({});
         const int open = simulatedhost::openSnapshots(owner);
+        const QStringList after = heldBy(module.get());
         const bool isWrong = result != 0 || parent.findChild<QDialog *>() != nullptr;
-        return (open == 0 ? QString() : QStringLiteral(" %1 open").arg(open)) +
-               (heldBy(module.get()) == before ? "" : " moved") + (isWrong ? " wrong result" : "");
+        const bool disagrees = after.mid(0, after.size() - 2) != claimsOf(module.get());
+        const QStringList changes{open == 0 ? "" : QString("%1 open").arg(open), after == before ? "" : "moved",
+                                  disagrees ? "disagree" : "", isWrong ? "wrong result" : ""};
+        return QStringList(changes.filter(QRegularExpression("."))).join(", ");
     }
 
 private slots:
-    void initTestCase()
-    {
-        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
-    }
+    void initTestCase() { QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString()); }
     void cleanup()
     {
         throwingHost() = ThrowingHost();
@@ -85,12 +104,12 @@ private slots:
         };
         add("cancelButton", "restoreUsedMemory 1: 1 open");
         add("okButton", "popBackupMemory 1: 2 open");
-        add("inputStart=40 outputStart=40 okButton", "popBackupMemory 2: 1 open moved");
-        add("inputStart=40 outputStart=40 signal_saveData", "restoreUsedMemory 1: 1 open moved");
+        add("inputStart=40 outputStart=40 okButton", "popBackupMemory 2: 1 open, moved");
+        add("inputStart=40 outputStart=40 signal_saveData", "restoreUsedMemory 1: 1 open, moved, disagree");
         add("inputStart=100 okButton", "restoreUsedMemory 2: 1 open");
         add("inputStart=40 deadband_0=20 okButton inputStart=60 okButton inputStart=80 okButton",
-            "restoreUsedMemory 1: 4 open moved");
-        add("inputStart=40 deadband_0=20 okButton helpButton", "restoreUsedMemory 1: 2 open moved");
+            "restoreUsedMemory 1: 4 open, moved, disagree");
+        add("inputStart=40 deadband_0=20 okButton helpButton", "restoreUsedMemory 1: 2 open, moved, disagree");
         add("F1", "restoreUsedMemory 1: 1 open");
         add("defaultAllButton defaultsButton", "restoreUsedMemory 1: 1 open");
         add("defaultsButton defaultAllButton", "restoreUsedMemory 1: 1 open", mixedDigital);
@@ -108,12 +127,57 @@ private slots:
                 const QString change = changesBy(type, steps, {function.key(), at});
                 QVERIFY(m_calls[function.key()] >= at);
                 if (!change.isEmpty()) {
-                    changes << function.key() + ' ' + QString::number(at) + ':' + change;
+                    changes << function.key() + ' ' + QString::number(at) + ": " + change;
                 }
                 QVERIFY(!changesBy(type, steps, {function.key(), at, true}).contains("result"));
             }
         }
-        QTEST(changes.join(", "), "changes");
+        QTEST(changes.join("; "), "changes");
+    }
+
+    void hostFails_data()
+    {
+        const Rows<QVector<quint32>, QString, QString> row("types", "steps", "changes"); // without a failure
+        const QString twice = "defaultAllButton inputStart=40 outputStart=40 okButton okButton";
+        row("both ranges", {13401, 13655, 14421}, twice, "moved");
+        row("double words, whose areas are one", {14420}, QString(twice).replace("inputStart=40", "inputStart=100"),
+            "moved");
+        row("inputs", {13396, 13650, 14418, 14419}, twice, "1 open, moved");
+        row("outputs", {13400, 13653}, twice, "moved");
+        row("no ranges", {14848}, twice, "1 open");
+        row("a refused deadband", {13401}, "outputStart=40 inputStart=40 deadband_0=20 okButton", "");
+        row("a refused deadband, inputs", {13396}, "inputStart=40 deadband_0=20 okButton", "1 open");
+        row("a refused filter depth", {14418}, "inputStart=40 filterDepth_0=2 subMax_0=5 okButton", "1 open");
+    }
+    /// A call fails, or all from this one on. The user presses OK a second time, so only ranges that the host refuses
+    /// to the end make a difference.
+    void hostFails()
+    {
+        QFETCH(QVector<quint32>, types);
+        QFETCH(QString, steps);
+        QFETCH(QString, changes);
+        for (const quint32 type : types) {
+            QCOMPARE(changesBy(type, steps, {}), changes);
+            for (const int kinds : {31, 1, 2, 4, 8, 16}) { // a bit for each HostCall
+                for (const bool lasts : {false, true}) {
+                    for (int first = 1, calls = first; calls >= first; ++first) {
+                        calls = 0;
+                        bool isRangeRefused = false;
+                        const auto fails = [&](HostCall call) {
+                            calls += (kinds >> int(call)) & 1;
+                            const bool strikes =
+                                ((kinds >> int(call)) & 1) != 0 && (lasts ? calls >= first : calls == first);
+                            isRangeRefused = isRangeRefused || (strikes && call == HostCall::TakeMemory);
+                            return strikes;
+                        };
+                        const QString found = changesBy(type, steps, {}, fails);
+                        const bool staysRefused = isRangeRefused && (lasts || !steps.endsWith("okButton okButton"));
+                        const QString fault = QString::asprintf("%u, %d, %d, %d: ", type, kinds, first, int(lasts));
+                        QCOMPARE(fault + found, fault + (staysRefused ? QString() : changes));
+                    }
+                }
+            }
+        }
     }
 
     /// The host destroys the dialog's parent while a page's message box is open.
@@ -195,7 +259,7 @@ private slots:
             QVERIFY(host().restore(throws ? state : QByteArray(), owner) == nullptr);
             QVERIFY(host().recompile(throws ? state : QByteArray(), owner, &result) == nullptr);
             QCOMPARE(host().config(throws ? module.get() : nullptr, owner, &parent, false), 0);
-            simulatedhost::setFaults([](simulatedhost::HostCall) -> bool { throw std::bad_alloc(); });
+            simulatedhost::setFaults([](HostCall) -> bool { throw std::bad_alloc(); });
         }
         QVERIFY(host().recompile("\1\2", owner, nullptr) == nullptr);
         QVERIFY(!host().autoMallocInMap(module.get()));

@@ -1,9 +1,7 @@
 // The exports of the built library, while the host refuses one call after the other. Memory and records must then be as
 // the rules of the memory protocol require.
-#include "boxrecorder.h"
 #include "catalogfolder.h"
 #include "claims.h"
-#include "pagefixture.h"
 #include "pluginlibrary.h"
 #include "rows.h"
 #include "simpleextendpar.h"
@@ -35,7 +33,6 @@ struct Fault {
 struct ModuleType {
     quint32 code;
     quint32 moduleInfo;
-    const char *refused; ///< edits that a page refuses; empty = none
 };
 
 int lengthOf(const IoMap &range)
@@ -51,7 +48,6 @@ struct Scene {
     bool exists = true;
     qint32 answer = 0;
     QVector<bool> confirmed{}; ///< input and output range
-    int boxes = 0;
 
     void free(const IoMap &range) const { freeMemory(station, VarArea(range.area), range.start, lengthOf(range)); }
     bool isInput(const IoMap &range) const { return &range == ranges.data(); }
@@ -64,7 +60,7 @@ struct Scene {
     {
         QString text;
         QDebug debug(&text);
-        debug << "module" << exists << "answer" << answer << confirmed << "boxes" << boxes << "snapshots"
+        debug << "module" << exists << "answer" << answer << confirmed << "snapshots"
               << simulatedhost::openSnapshots(station) << "holding" << claims(station);
         for (const IoMap &range : exists ? ranges : std::array<IoMap, 2>()) {
             debug << range.area << range.start << range.count << range.unit;
@@ -127,48 +123,6 @@ struct Rules : Scene {
             confirmed += length == 0 || take(range, length) || claim(range, length);
         }
     }
-    bool move()
-    {
-        backupUsedMemory(station);
-        const auto before = ranges;
-        for (IoMap &range : ranges) {
-            if (range.count == 0) {
-                continue;
-            }
-            free(range);
-            range.start = isInput(range) ? 100 : 200;
-            if (!take(range, lengthOf(range))) {
-                restoreUsedMemory(station);
-                ranges = before;
-                ++boxes;
-                return false;
-            }
-        }
-        if (ranges[1].count != 0) { // the snapshot stays open if no output moves
-            popBackupMemory(station);
-        }
-        return true;
-    }
-    void config()
-    {
-        backupUsedMemory(station);
-        const auto before = ranges;
-        for (const IoMap &range : ranges) {
-            if (range.area != 0) {
-                getPrjPlcTypeVersion(station);
-            }
-        }
-        findsFiles(); // "Default All"
-        const bool isRefused = *type.refused != 0;
-        const bool moved = move() || (!isRefused && move());
-        if (moved && !isRefused) {
-            popBackupMemory(station);
-            return;
-        }
-        boxes += int(isRefused);
-        restoreUsedMemory(station);
-        ranges = before;
-    }
 };
 
 /// The plug-in in its station.
@@ -193,20 +147,6 @@ struct Driven : Scene {
     void restore() { module = alone().restore(state, station); }
     void recompile() { module = alone().recompile(block, station, &answer); }
     void autoMalloc() { confirmed = {plugin.autoMallocInMap(module), plugin.autoMallocOutMap(module)}; }
-    /// Moves both ranges and presses OK, a second time if the first is refused, then Cancel if both are refused.
-    void config()
-    {
-        QWidget parent;
-        BoxRecorder recorder;
-        QTimer::singleShot(0, &parent, [&] {
-            auto *dialog = parent.findChild<QDialog *>();
-            dialog->setUpdatesEnabled(false); // painting would take most of the time
-            perform(*dialog, QStringLiteral("defaultAllButton inputStart=100 outputStart=200 ") + type.refused +
-                                 (*type.refused == 0 ? " okButton okButton cancelButton" : " okButton cancelButton"));
-        });
-        answer = plugin.config(module, station, &parent, false);
-        boxes = recorder.told.size();
-    }
     /// Updates the scene from the module. Returns its parameters, which follow the block's header.
     QByteArray look()
     {
@@ -232,22 +172,17 @@ const Operation operations[] = {
     {"createObject", &Driven::createObject, &Rules::createObject},
     {"restore", &Driven::restore, &Rules::reread<true>},
     {"recompile", &Driven::recompile, &Rules::reread<false>},
-    {"config", &Driven::config, &Rules::config},
     {"releaseObject", &Driven::releaseObject, &Rules::releaseObject},
     {"autoMalloc", &Driven::autoMalloc, &Rules::autoMalloc},
     {"autoMalloc of lost ranges", &Driven::autoMalloc, &Rules::autoMalloc, true},
 };
 
 const ModuleType moduleTypes[] = {
-    {13398, 0x02040000, ""}, // analog with both directions
-    {13398, 0x02040000, "deadband_0=20"},
-    {13396, 0x00040000, "deadband_0=20"},
-    {13400, 0x02000000, ""},
-    {13650, 0x00001008, ""},
-    {13650, 0x00000008, ""},
-    {14418, 0x01020000, "filterDepth_0=2 subMax_0=5"}, // weighing, double words
-    {14419, 0x01020000, ""},
-    {100, 0, ""},
+    {13398, 0x02040000}, // analog with both directions
+    {13396, 0x00040000}, {13400, 0x02000000},
+    {13650, 0x00001008}, {13650, 0x00000008},
+    {14418, 0x01020000}, // weighing, double words
+    {14419, 0x01020000}, {100, 0},
 };
 
 template <typename Subject>
@@ -305,10 +240,7 @@ class TestHostFaults : public QObject {
     }
 
 private slots:
-    void initTestCase()
-    {
-        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
-    }
+    void initTestCase() { QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString()); }
     void cleanup() { simulatedhost::reset(); }
 
     void everyCallFails_data()
