@@ -2,6 +2,7 @@
 // the rules of the memory protocol require.
 #include "catalogfolder.h"
 #include "claims.h"
+#include "hostfault.h"
 #include "pluginlibrary.h"
 #include "rows.h"
 #include "simpleextendpar.h"
@@ -14,21 +15,6 @@ namespace {
 const QString owner = QStringLiteral("plc");
 constexpr auto descriptions = HwcnfgComponent::ModuleDescription;
 constexpr auto components = HwcnfgComponent::ModuleComponent;
-
-/// One call of the given kinds fails: the call with the number @c first, or this one and all later ones.
-struct Fault {
-    int kinds; ///< a bit for each HostCall
-    bool lasts;
-    int first = 1;
-    int calls = 0;
-
-    bool strikes(HostCall call)
-    {
-        const bool counts = ((kinds >> int(call)) & 1) != 0;
-        calls += int(counts);
-        return counts && (lasts ? calls >= first : calls == first);
-    }
-};
 
 struct ModuleType {
     quint32 code;
@@ -256,15 +242,10 @@ private slots:
         for (const ModuleType &type : moduleTypes) {
             CatalogFolder catalog;
             catalog.writeModule(type.code, type.moduleInfo);
-            // A single failure of one kind is a single failure of any kind, too, so it needs no series.
-            for (Fault fault : {Fault{31, false}, {31, true}, {1, true}, {2, true}, {4, true}, {8, true}, {16, true}}) {
-                for (; fault.calls >= fault.first - 1; ++fault.first) { // until the fault does not strike
-                    fault.calls = 0;
-                    const auto [actual, expected] = outcome(*operation, type, fault);
-                    QCOMPARE(actual, expected);
-                    QVERIFY(fault.first < 30);
-                }
-            }
+            forEachFault([&](Fault &fault) {
+                const auto [actual, expected] = outcome(*operation, type, fault);
+                QCOMPARE(actual, expected);
+            });
         }
     }
 };
