@@ -7,13 +7,6 @@
 #include "simpleextendpar.h"
 #include "simulatedbase.h"
 
-#include <QAccessible>
-#include <QDialog>
-#include <QLabel>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QToolTip>
-
 Q_DECLARE_METATYPE(IoMap)
 
 namespace {
@@ -61,33 +54,30 @@ private slots:
     void address_data()
     {
         // place: the direction and the host's name of the area; edit: typed into the start
-        // shown: maximum and tool tip of the start, length, unit, end, memory
+        // shown: tool tip of the start, and its maximum if that is not there; length, unit, end, memory
         const Rows<QString, IoMap, int, QString, QString> row("place", "range", "start", "shown", "edit");
-        row("input words", "input AIEx", {6, 10, 4, 1, 2}, 24, "1000 0~1000 4 Words 31 AI", "24");
-        row("output words", "output AQEx", {7, 10, 4, 1, 2}, 24, "488 0~488 4 Words 31 AQ", "24");
-        row("an odd start of words is reset", "input AIEx", {6, 10, 4, 1, 2}, 10, "1000 0~1000 4 Words 17 AI", "25");
-        row("a stored odd start stays", "input AIEx", {6, 11, 4, 1, 2}, 11, "1000 0~1000 4 Words 18 AI", "13");
-        row("a start above 16 bits", "input AIEx", {6, 9, 200, 1, 2}, 9, "65535 0~65535 200 Words 152 AI", "65538");
-        row("a start near the 16-bit limit", "input AIEx", {6, 65000, 200, 1, 2}, 65534,
-            "65535 0~65535 200 Words 65677 AI", "65534");
-        row("input bits", "input IEx", {129, 3, 12, 1, 0}, 25, "126 0~126 2 Bytes 26 I", "25");
-        row("output bits", "output QEx", {130, 3, 12, 1, 0}, 25, "62 0~62 2 Bytes 26 Q", "25");
-        row("a stored start above the highest stays", "input IEx", {129, 127, 16, 1, 0}, 127, "127 0~126 2 Bytes 128 I",
+        row("input words", "input AIEx", {6, 10, 4, 1, 2}, 24, "0~1000 4 Words 31 AI", "24");
+        row("output words", "output AQEx", {7, 10, 4, 1, 2}, 24, "0~488 4 Words 31 AQ", "24");
+        row("an odd start of words is reset", "input AIEx", {6, 10, 4, 1, 2}, 10, "0~1000 4 Words 17 AI", "25");
+        row("a stored odd start stays", "input AIEx", {6, 11, 4, 1, 2}, 11, "0~1000 4 Words 18 AI", "13");
+        row("a start above 16 bits", "input AIEx", {6, 9, 200, 1, 2}, 9, "0~65535 200 Words 152 AI", "65538");
+        row("near the 16-bit limit", "input AIEx", {6, 65000, 200, 1, 2}, 65534, "0~65535 200 Words 65677 AI", "65534");
+        row("input bits", "input IEx", {129, 3, 12, 1, 0}, 25, "0~126 2 Bytes 26 I", "25");
+        row("output bits", "output QEx", {130, 3, 12, 1, 0}, 25, "0~62 2 Bytes 26 Q", "25");
+        row("a stored start above the limit stays", "input IEx", {129, 127, 16, 1, 0}, 127, "0~126 (127) 2 Bytes 128 I",
             "");
-        row("a start moves down to the highest", "input IEx", {129, 127, 16, 1, 0}, 126, "126 0~126 2 Bytes 127 I",
-            "126");
-        row("a start above the highest is reset", "input IEx", {129, 140, 16, 1, 0}, 140, "140 0~126 2 Bytes 141 I",
+        row("a start moves down to the limit", "input IEx", {129, 127, 16, 1, 0}, 126, "0~126 2 Bytes 127 I", "126");
+        row("a start above the limit is reset", "input IEx", {129, 140, 16, 1, 0}, 140, "0~126 (140) 2 Bytes 141 I",
             "130");
-        row("the highest start of a large area", "huge V", {132, 0, 1, 1, 1}, 65535, "65535 0~65535 1 Bytes 65535 V",
-            "65535");
-        row("input double words", "input V", {132, 0, 2, 1, 4}, 0, "8184 0~8184 2 DWord 7 V", "");
-        row("output double words", "output V", {132, 0, 2, 1, 4}, 8, "8184 0~8184 2 DWord 15 V", "8");
-        row("a range without an area", "input ", {0, 0, 1, 1, 1}, 0, "0 0~0 1 Bytes 0 ", "");
-        row("an input in an output area", "input ", {7, 0, 1, 1, 1}, 0, "0 0~0 1 Bytes 0 ", "");
-        row("inputs in a digital output area", "input ", {130, 0, 1, 1, 0}, 0, "0 0~0 1 Bytes 0 ", "");
-        row("an output in an input area", "output ", {6, 0, 1, 1, 1}, 0, "0 0~0 1 Bytes 0 ", "");
-        row("outputs in a digital input area", "output ", {129, 0, 1, 1, 0}, 0, "0 0~0 1 Bytes 0 ", "");
-        row("a range without channels", "input AIEx", {6, 0, 0, 1, 2}, 0, "1024 0~1024 0 Words  AI", "");
+        row("a large area", "huge V", {132, 0, 1, 1, 1}, 65535, "0~65535 1 Bytes 65535 V", "65535");
+        row("input double words", "input V", {132, 0, 2, 1, 4}, 0, "0~8184 2 DWord 7 V", "");
+        row("output double words", "output V", {132, 0, 2, 1, 4}, 8, "0~8184 2 DWord 15 V", "8");
+        row("a range without an area", "input ", {0, 0, 1, 1, 1}, 0, "0~0 1 Bytes 0 ", "");
+        row("an input in an output area", "input ", {7, 0, 1, 1, 1}, 0, "0~0 1 Bytes 0 ", "");
+        row("inputs in a digital output area", "input ", {130, 0, 1, 1, 0}, 0, "0~0 1 Bytes 0 ", "");
+        row("an output in an input area", "output ", {6, 0, 1, 1, 1}, 0, "0~0 1 Bytes 0 ", "");
+        row("outputs in a digital input area", "output ", {129, 0, 1, 1, 0}, 0, "0~0 1 Bytes 0 ", "");
+        row("a range without channels", "input AIEx", {6, 0, 0, 1, 2}, 0, "0~1024 0 Words  AI", "");
     }
     void address()
     {
@@ -114,7 +104,8 @@ private slots:
             ::edit(page, edit.isEmpty() ? QString() : stem + "Start=" + edit);
             if (confirmed) {
                 QTest::keyClicks(spinBox, edit.isEmpty() ? "" : "\r");
-                QStringList shown{QString::number(spinBox->maximum()), spinBox->toolTip()};
+                const bool isInToolTip = spinBox->toolTip().endsWith('~' + QString::number(spinBox->maximum()));
+                QStringList shown{spinBox->toolTip() + (isInToolTip ? "" : QString(" (%1)").arg(spinBox->maximum()))};
                 shown << child<QSpinBox>(page, stem + "Length")->text()
                       << child<QComboBox>(page, stem + "Unit")->currentText()
                       << child<QLineEdit>(page, stem + "End")->text() << child<QLabel>(page, stem + "Memory")->text();

@@ -3,12 +3,6 @@
 #include "pagefixture.h"
 #include "rows.h"
 
-#include <QAccessible>
-#include <QCheckBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QTableWidget>
-
 using namespace channelkinds;
 
 class TestChannelEditors : public QObject {

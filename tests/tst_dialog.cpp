@@ -9,12 +9,6 @@
 #include "simpleextendcfgdlg.h"
 #include "simulatedhost.h"
 
-#include <QPushButton>
-#include <QSpinBox>
-#include <QStackedWidget>
-#include <QTabWidget>
-#include <QTreeWidget>
-
 #include <cmath>
 
 namespace {

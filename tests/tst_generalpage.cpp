@@ -4,11 +4,6 @@
 #include "sgeneralwgt.h"
 #include "simpleextendpar.h"
 
-#include <QAccessible>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QTextEdit>
-
 namespace {
 
 const QString smiley = QStringLiteral("\U0001F600"); // a surrogate pair, four bytes

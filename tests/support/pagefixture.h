@@ -1,11 +1,8 @@
 // Finds and edits the widgets of a page.
 #pragma once
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QDialog>
-#include <QLineEdit>
 #include <QtTest>
+#include <QtWidgets>
 
 template <typename Widget = QWidget>
 Widget *child(const QWidget &page, const QString &name)
