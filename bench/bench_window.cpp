@@ -143,8 +143,8 @@ int main(int argc, char *argv[])
     const QTemporaryDir folder;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     PluginLibrary plugin;
-    if (!plugin.load(QString())) {
-        qFatal("%s", qPrintable(plugin.errorString()));
+    if (const Result<> loaded = plugin.load(QString()); !loaded) {
+        qFatal("%s", qPrintable(loaded.reason()));
     }
     Comparison comparison;
     for (const int modules : moduleCounts) {
