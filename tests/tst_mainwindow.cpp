@@ -79,6 +79,7 @@ class TestMainWindow : public QObject {
 private slots:
     void initTestCase()
     {
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path())); // for recovery copies, also of other programs
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
         QVERIFY(QDir::setCurrent(m_folder.path()));
         QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
@@ -184,6 +185,7 @@ private slots:
         QVERIFY(drop(type, {0, 1}));
         QVERIFY(!drop(type, {0, 1}));
         QVERIFY(m_window->statusBar()->currentMessage().contains("slot 1 is taken by \"Analog"));
+        static_cast<RackModel *>(m_racks->model())->setGrabbed({0, 1});
         const std::unique_ptr<QMimeData> module(m_racks->model()->mimeData({at({0, 1})}));
         QVERIFY(!drop(*module, {0, 1}));
         QVERIFY(drop(*module, {1, 0}));

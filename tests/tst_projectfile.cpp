@@ -1,6 +1,7 @@
 // The project file is complete or rejected, also when it is damaged or its writer is killed.
 #include "files.h"
 #include "projectfile.h"
+#include "projectrecovery.h"
 #include "projecttexts.h"
 #include "rows.h"
 
@@ -142,6 +143,7 @@ class TestProjectFile : public QObject {
     QString m_path = m_folder.filePath("test.station");
 
     QStringList content() const { return textsOf(ProjectFile(m_path).read()); }
+    QStringList backup() const { return textsOf(ProjectFile(ProjectFile(m_path).backupPath()).read()); }
     QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden); }
 
 private slots:
@@ -157,44 +159,89 @@ private slots:
         project.modules[0].name = QStringLiteral(u"\u00e4 \u4e2d");
         project.modules[1].name = QString();
         project.modules[2].state = QByteArray(StoredModule::maximumStateSize, '\0');
+        QStringList previous;
         for (const Project &written : {oldProject, project, Project(), newProject}) {
             QCOMPARE(ProjectFile(m_path).write(written).reason(), QString());
             QCOMPARE(content(), textsOf(written));
-            QCOMPARE(files(), QStringList("test.station"));
+            QVERIFY(previous.isEmpty() || backup() == previous);
+            previous = textsOf(written);
         }
+        QCOMPARE(files(), (QStringList{"test.station", "test.station.bak"}));
+    }
+
+    void replacesOnlyTheExpectedProject()
+    {
+        const QString expected = projectChecksum(oldProject);
+        QVERIFY(*ProjectFile(m_path).write(oldProject, expected) == ProjectFile::Written::Yes);
+        QVERIFY(*ProjectFile(m_path).write(newProject, expected) == ProjectFile::Written::Yes);
+        QVERIFY(*ProjectFile(m_path).write(Project(), expected) == ProjectFile::Written::ChangedOnDisk);
+        QCOMPARE(content(), textsOf(newProject));
+    }
+
+    /// Each process adds 1 to the PLC type, again when another process was faster.
+    void processesLoseNoChange()
+    {
+        constexpr int processes = 3;
+        constexpr quint32 changes = 20;
+        QVERIFY(ProjectFile(m_path).write(Project()));
+        for (int i = 0; i < processes; ++i) {
+            if (fork() == 0) {
+                for (quint32 done = 0; done < changes;) {
+                    Result<Project> project = ProjectFile(m_path).read();
+                    const QString expected = project ? projectChecksum(*project) : QString();
+                    project = project ? (++project->plcType, project) : project;
+                    const auto written = project ? ProjectFile(m_path).write(*project, expected) : project.failure();
+                    done += written && *written == ProjectFile::Written::Yes ? 1U : 0U;
+                }
+                _exit(0);
+            }
+        }
+        while (wait(nullptr) > 0) {
+        }
+        QCOMPARE(ProjectFile(m_path).read()->plcType, processes * changes);
     }
 
     void rejectsDamagedFiles_data()
     {
-        const Rows<QString, Damage> row("reason", "damage");
-        const auto sql = [&row](const char *name, const QStringList &statements, const char *reason) {
-            row(name, reason, [statements](const QString &path) { execute(path, statements); });
+        const Rows<QString, Damage, int> row("reason", "damage", "recovered"); // of 150 modules
+        const auto sql = [&row](const char *name, const QStringList &statements, const char *reason, int recovered) {
+            row(
+                name, reason, [statements](const QString &path) { execute(path, statements); }, recovered);
         };
         const auto bytes = [&row](const char *name, const char *reason,
-                                  const std::function<QByteArray(QByteArray)> &change) {
-            row(name, reason, [change](const QString &path) { overwrite(path, change(contentOf(path))); });
+                                  const std::function<QByteArray(QByteArray)> &change, int recovered = 0) {
+            row(
+                name, reason, [change](const QString &path) { overwrite(path, change(contentOf(path))); }, recovered);
         };
         bytes("an empty file", "not a station file", [](const QByteArray &) { return QByteArray(); });
-        bytes("a file of another format", "not a station file",
-              [](QByteArray f) { return f.replace(0, 8, "\x89PNG\r\n\x1a\n"); });
+        bytes(
+            "a file of another format", "not a station file",
+            [](QByteArray f) { return f.replace(0, 8, "\x89PNG\r\n\x1a\n"); }, 150);
         bytes("truncated in its header", "not a station file", [](const QByteArray &f) { return f.left(99); });
-        bytes("truncated to its half", "damaged", [](const QByteArray &f) { return f.left(f.size() / 2); });
-        bytes("a page of zeros", "damaged", [](QByteArray f) { return f.replace(12288, 4096, QByteArray(4096, 0)); });
-        bytes("a changed state", "checksum", [](QByteArray f) { return f.replace(f.lastIndexOf("oooooooo"), 1, "p"); });
-        row("a file that is too large", "too large",
-            [](const QString &path) { QFile::resize(path, 65 << 20); }); // takes no space
-        row("a folder", "directory", [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); });
-        sql("another program's database", {"PRAGMA application_id = 0"}, "another program");
-        sql("another version", {"PRAGMA user_version = 2"}, "version 2");
-        sql("a missing table", {"DROP TABLE module"}, "tables");
-        sql("a view in place of a table", {"DROP TABLE module", "CREATE VIEW module AS SELECT 1"}, "tables");
-        sql("a trigger", {"CREATE TRIGGER t AFTER DELETE ON module BEGIN DELETE FROM station; END"}, "tables");
-        sql("a missing station", {"DELETE FROM station"}, "checksum");
-        sql("a missing module", {"DELETE FROM module WHERE place = 5"}, "checksum");
-        sql("a module at another place", {"UPDATE module SET place = 1, slot = 1 WHERE place = 0"}, "checksum");
+        bytes(
+            "truncated to its half", "damaged", [](const QByteArray &f) { return f.left(f.size() / 2); }, 55);
+        bytes(
+            "a page of zeros", "damaged", [](QByteArray f) { return f.replace(12288, 4096, QByteArray(4096, 0)); },
+            120);
+        bytes(
+            "a changed state", "checksum", [](QByteArray f) { return f.replace(f.lastIndexOf("oooooooo"), 1, "p"); },
+            150);
+        row(
+            "a file that is too large", "too large", [](const QString &path) { QFile::resize(path, 65 << 20); },
+            0); // takes no space
+        row(
+            "a folder", "directory", [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); }, 0);
+        sql("another program's database", {"PRAGMA application_id = 0"}, "another program", 150);
+        sql("another version", {"PRAGMA user_version = 2"}, "version 2", 150);
+        sql("a missing table", {"DROP TABLE module"}, "tables", 0);
+        sql("a view in place of a table", {"DROP TABLE module", "CREATE VIEW module AS SELECT 1"}, "tables", 0);
+        sql("a trigger", {"CREATE TRIGGER t AFTER DELETE ON module BEGIN DELETE FROM station; END"}, "tables", 150);
+        sql("a missing station", {"DELETE FROM station"}, "checksum", 150);
+        sql("a missing module", {"DELETE FROM module WHERE place = 5"}, "checksum", 149);
+        sql("a module at another place", {"UPDATE module SET place = 1, slot = 1 WHERE place = 0"}, "checksum", 150);
         sql("an invalid place", {"PRAGMA ignore_check_constraints = ON", "UPDATE module SET slot = 32 WHERE place = 0"},
-            "CHECK");
-        sql("an empty state", {"PRAGMA ignore_check_constraints = ON", "UPDATE module SET state = x''"}, "CHECK");
+            "CHECK", 149);
+        sql("an empty state", {"PRAGMA ignore_check_constraints = ON", "UPDATE module SET state = x''"}, "CHECK", 0);
     }
 
     void rejectsDamagedFiles()
@@ -209,6 +256,28 @@ private slots:
         QVERIFY2(readReason.contains(reason), qPrintable(readReason));
         QCOMPARE(file.write(newProject).reason(), readReason);
         QVERIFY(contentOf(m_path) == damaged);
+        const Result<RecoveredProject> recovered = recoverProject(m_path);
+        QTEST(recovered ? int(recovered->project.modules.size()) : 0, "recovered");
+    }
+
+    void recoversWhatADamagedPageLeaves()
+    {
+        QVERIFY(ProjectFile(m_path).write(oldProject));
+        const QByteArray before = contentOf(m_path);
+        const QStringList expected = textsOf(oldProject);
+        int complete = 0;
+        for (int page = 0; page < before.size(); page += 4096) {
+            overwrite(m_path, QByteArray(before).replace(page, 4096, QByteArray(4096, '\xff')));
+            const Result<RecoveredProject> recovered = recoverProject(m_path);
+            const QStringList found = recovered ? textsOf(recovered->project) : QStringList();
+            QVERIFY(std::all_of(found.begin(), found.end(), [&](const QString &text) {
+                return expected.contains(text) || text == "0"; // the PLC type is lost
+            }));
+            complete += found == expected ? 1 : 0;
+            const bool reportsGap = !recovered || recovered->losses.join(' ').contains("are lost");
+            QVERIFY(found.size() == expected.size() || reportsGap);
+        }
+        QCOMPARE(complete, 1); // the first page
     }
 
     void isUnchangedWhenItCannotBeWritten()
@@ -231,7 +300,7 @@ private slots:
             const auto guard = fullDisk(limit);
             QCOMPARE(check("full|too large"), QString());
         }
-        QCOMPARE(files(), QStringList("test.station"));
+        QVERIFY(files().filter("tmp").isEmpty());
     }
 
     void reportsAFolderThatDoesNotExist()
@@ -271,7 +340,8 @@ private slots:
         for (int kill = 0; kill < 500; ++kill) {
             QVERIFY(asNewFile ? QFile::remove(m_path) : (overwrite(m_path, before), true));
             QVERIFY(saveUntil(random.bounded(stops), m_path, newProject) >= 0);
-            ++outcomes[files().size() > (QFile::exists(m_path) ? 1 : 0) ? "midway" : "clean"];
+            ++outcomes[files().filter(QRegularExpression("tmp|journal")).isEmpty() ? "clean" : "midway"];
+            QVERIFY(!files().contains("test.station.bak") || backup() == textsOf(oldProject));
             const QStringList found = content();
             ++outcomes[found == textsOf(newProject) ? "new" : "old"];
             QVERIFY2(found == textsOf(newProject) ||
@@ -279,7 +349,8 @@ private slots:
                      qPrintable(found.join('\n')));
             QVERIFY(ProjectFile(m_path).write(oldProject));
             QCOMPARE(content(), textsOf(oldProject));
-            QCOMPARE(files(), QStringList("test.station"));
+            QVERIFY(files().filter(QRegularExpression("tmp|journal")).isEmpty());
+            QFile::remove(ProjectFile(m_path).backupPath());
         }
         QCOMPARE(outcomes.size(), 4);
     }

@@ -4,6 +4,7 @@
 #include "catalogfolder.h"
 #include "claims.h"
 #include "imagerangetext.h"
+#include "problems.h"
 #include "projectfile.h"
 #include "projecttexts.h"
 #include "rows.h"
@@ -21,7 +22,7 @@ namespace {
 const QString owner = QStringLiteral("owner");
 const QString otherOwner = QStringLiteral("other");
 
-/// The ranges that the plug-in reports for the modules of a station.
+/// The ranges of the modules of a station, except those that cannot be reserved.
 QStringList rangesOf(const Station &station)
 {
     QStringList texts;
@@ -30,8 +31,23 @@ QStringList rangesOf(const Station &station)
             texts += claimText(static_cast<int>(area), start, length);
         }
     }
+    for (const UnreservedRange &unreserved : station.memory().unreserved()) {
+        const auto &[area, start, length] = unreserved.range;
+        texts.removeOne(claimText(static_cast<int>(area), start, length));
+    }
     texts.sort();
     return texts;
+}
+
+Place shifted(Place place, Place by)
+{
+    return {place.rack + by.rack, place.slot + by.slot};
+}
+
+/// A module of a type that the catalog lacks.
+StoredModule unavailableModule(Place place, const QByteArray &state)
+{
+    return {place, 1, "absent", withPlace(withFields(state, {{"objId", {"\0\0\0\1", 4}}}), place), {}};
 }
 
 } // namespace
@@ -86,6 +102,9 @@ private slots:
         QVERIFY(QDir::setCurrent(m_folder.path()));
         QCOMPARE(batch({"--new", "batch.station", "--modules", "40"}), NoFindings);
         QCOMPARE(batch({"batch.station", "--compile", "batch.blk"}), NoFindings);
+        Project part = stationOf({13655})->project();
+        part.modules.push_back(unavailableModule({0, 1}, part.modules[0].state));
+        QVERIFY(ProjectFile("part.station").write(part));
     }
     void init() { simulatedhost::resetBase(); }
 
@@ -149,6 +168,16 @@ private slots:
         QUndoStack stack;
         StationEdits edits(station, stack);
         QSet<int> signalled; // places of modules according to the signals
+        QMap<int, quint32> model;
+        const QByteArray state = stationOf({13655}, otherOwner)->stored(0).state;
+        for (int i = 0; i < 3; ++i) { // the third one has the addresses of the second
+            const Place place = Place::at(i * 7);
+            const char start = char(20 + std::min(i, 1));
+            const QByteArray moved = withFields(state, {{"inMap.start", {1, start}}, {"outMap.start", {1, start}}});
+            QVERIFY(!station.put(unavailableModule(place, moved)));
+            model[place.index()] = 1;
+            signalled.insert(place.index());
+        }
         connect(&station, &Station::moduleAdded, &stack, [&](Place at) { signalled.insert(at.index()); });
         connect(&station, &Station::moduleRemoved, &stack, [&](Place at) { signalled.remove(at.index()); });
         connect(&station, &Station::moduleMoved, &stack, [&](Place from, Place to) {
@@ -156,7 +185,6 @@ private slots:
             signalled.insert(to.index());
         });
 
-        QMap<int, quint32> model;
         // Chosen again before each edit:
         StoredModule source; // a module of the station
         QByteArray renamed;
@@ -164,13 +192,39 @@ private slots:
         QVector<Place> removed;
         Place to; // a free or a taken place
         quint32 type = 0;
-        enum Expected { IfFree, Always, Either }; // when the edit is a step
+        QVector<Place> together;
+        Place by;
+        PasteResult pasted;
+        enum Expected { IfFree, IfPossible, Always, IfAvailable, Either }; // when the edit is a step
         const auto unchanged = [] {};
         using Run = std::function<Result<>()>;
         const std::vector<std::tuple<const char *, Expected, Run, std::function<void()>>> table{
             {"add", IfFree, [&] { return edits.add(type, to); }, [&] { model[to.index()] = type; }},
-            {"paste", IfFree, [&] { return edits.paste(source.state, to); },
-             [&] { model[to.index()] = source.typeCode; }},
+            {"paste", Either,
+             [&] {
+                 pasted = edits.paste({source}, to, Station::Addresses::New);
+                 return source.typeCode == 1 || to.rack == 127 ? Result<>() : pasted.result();
+             },
+             [&] { model[pasted.places.at(0).index()] = source.typeCode; }},
+            {"cut and paste", Always,
+             [&] {
+                 stack.beginMacro("cut and paste");
+                 edits.remove({source.place});
+                 pasted = edits.paste({source}, to, Station::Addresses::Stored);
+                 stack.endMacro();
+                 return pasted.keptAddresses == 1 ? Result<>() : Failure{"the addresses are lost"};
+             },
+             [&] {
+                 model.remove(source.place.index());
+                 model[pasted.places.at(0).index()] = source.typeCode;
+             }},
+            {"move together", IfPossible, [&] { return edits.moveBy(together, by); },
+             [&] {
+                 const quint32 first = model.take(together.at(0).index());
+                 const quint32 second = model.take(together.at(1).index());
+                 model[shifted(together.at(0), by).index()] = first;
+                 model[shifted(together.at(1), by).index()] = second;
+             }},
             {"move", IfFree, [&] { return edits.move(source.place, to); },
              [&] { model[to.index()] = model.take(source.place.index()); }},
             {"remove", Always,
@@ -182,7 +236,7 @@ private slots:
                  model.remove(removed.first().index());
                  model.remove(removed.last().index());
              }},
-            {"rename", Always, [&] { return edits.replaceState(source.place, renamed); }, unchanged},
+            {"rename", IfAvailable, [&] { return edits.replaceState(source.place, renamed); }, unchanged},
             {"set the address", Either, [&] { return edits.replaceState(source.place, readdressed); }, unchanged},
             {"set the controller", Either, [&] { return edits.setPlcType(1 + random.bounded(3U)); }, unchanged},
         };
@@ -199,11 +253,25 @@ private slots:
             if (model.size() > 8 && model.firstKey() != source.place.index()) {
                 removed.prepend(Place::at(model.firstKey()));
             }
-            const std::size_t edit = model.isEmpty() ? 0 : random.bounded(quint32(table.size()));
+            together = {source.place, Place::at(model.lastKey())};
+            if (together.at(0) == together.at(1)) {
+                together[1] = Place::at(model.firstKey());
+            }
+            by = {random.bounded(2), 7 * random.bounded(-1, 2)};
+            by.rack += by == Place() ? 1 : 0;
+            const auto canGo = [&](Place from) {
+                const Place target = shifted(from, by);
+                return target.isValid() && (!model.contains(target.index()) || together.contains(target));
+            };
+            const bool isPossible = canGo(together.at(0)) && canGo(together.at(1));
+            const std::size_t edit = model.size() < 2 ? 0 : random.bounded(quint32(table.size()));
             const auto &[name, expected, run, updateModel] = table[edit];
             const Result<> result = run();
             const bool isStep = stack.index() != before;
-            QVERIFY2(expected == Either || isStep == (expected == Always || !model.contains(to.index())),
+            const bool shouldBeStep = expected == Always || (expected == IfFree && !model.contains(to.index())) ||
+                                      (expected == IfPossible && isPossible) ||
+                                      (expected == IfAvailable && source.typeCode != 1);
+            QVERIFY2(expected == Either || (isStep == shouldBeStep && (result || !isStep)),
                      qPrintable(name + result.reason()));
             if (isStep) {
                 updateModel();
@@ -239,7 +307,8 @@ private slots:
         row("add outside the racks", "not exist", [](Station &station) { return station.add(13655, Place::at(4096)); });
         row("add an unknown type", "hw00000001.met", [](Station &station) { return station.add(1, Place::at(1)); });
         row("set an unknown controller", "no PLC type 9", [](Station &station) { return station.setPlcType(9); });
-        row("set a small controller", "area Q", [](Station &station) { return station.setPlcType(1); });
+        row("set a small controller", "\"Digital Mixed 8 DI 8 DQ\" in rack 0, slot 0 uses Q 8192",
+            [](Station &station) { return station.setPlcType(1); });
         row("paste a truncated state", "damaged",
             [](Station &station) { return station.paste(station.stored(0).state.left(30), Place::at(1)); });
     }
@@ -258,6 +327,98 @@ private slots:
         QCOMPARE(textsOf(station->project()) + claims(owner), before);
     }
 
+    void pastesWhatFits_data()
+    {
+        // The modules of types are copied and pasted at a place of a station whose slots 0 to 3 are taken.
+        using Types = QVector<quint32>;
+        const Rows<Types, bool, Place, QString, QString, QString> row("types", "cut", "at", "places", "text", "reason");
+        row("in their arrangement", {13650, 13651}, false, {1, 5}, "37 38",
+            "2 of 2 module(s) pasted, with new addresses.", "");
+        row("into free slots", {13650, 13651}, false, {0, 2}, "4 5", "2 of 2 module(s) pasted, with new addresses.",
+            "");
+        row("at the end", {13650, 13651, 13650}, false, {127, 30}, "4094 4095", "2 of 3 module(s) pasted",
+            "1 module(s): No free slot follows.");
+        row("into a full area", {13652, 13650, 13651}, false, {2, 0}, "65 66", "2 of 3 module(s) pasted",
+            "1 module(s): The area I has no room for 4 more");
+        row("cut", {13650, 13651}, true, {2, 0}, "64 65", "2 of 2 module(s) pasted, with their former addresses.", "");
+        row("cut, with an address that is taken", {13650, 13652}, true, {2, 0}, "64 65",
+            "2 of 2 module(s) pasted: 1 with former addresses, 1 with new", "");
+    }
+    void pastesWhatFits()
+    {
+        QFETCH(QVector<quint32>, types);
+        QFETCH(bool, cut);
+        QFETCH(Place, at);
+        QFETCH(QString, reason);
+        QFETCH(QString, text);
+        simulatedhost::resetBase();
+        auto station = stationOf({14848, 14848, 14848, 14848});
+        std::vector<StoredModule> copied;
+        for (const quint32 type : types) {
+            const Place place = Place::at(10 + int(copied.size()));
+            QVERIFY(station->add(type, place));
+            copied.push_back(station->stored(*station->moduleAt(place)));
+        }
+        for (const StoredModule &module : copied) {
+            static_cast<void>(cut ? station->take(module.place) : StoredModule());
+        }
+        if (reason.contains("area I")) { // leaves 3 bytes
+            QVERIFY(station->setPlcType(1));
+            const int size = simulatedhost::areaSize(owner, VarArea::DigitalInput);
+            for (int i = 0; i < size - 7 - 3; ++i) { // the copied modules have 7 bytes
+                QVERIFY(station->add(13650, Place::at(200 + i)));
+            }
+        }
+        if (cut && types.last() == 13652) {
+            QVERIFY(station->add(13650, {5, 5}));
+        }
+        QUndoStack stack;
+        const QStringList before = textsOf(station->project()) + claims(owner);
+        const PasteResult pasted =
+            StationEdits(*station, stack).paste(copied, at, cut ? Station::Addresses::Stored : Station::Addresses::New);
+        QStringList places;
+        for (const Place place : pasted.places) {
+            places += QString::number(place.index());
+        }
+        QVERIFY2(pasted.result().reason().left(reason.size()) == reason, qPrintable(pasted.result().reason()));
+        QTEST(places.join(' '), "places");
+        QVERIFY2(pasted.text().startsWith(text), qPrintable(pasted.text()));
+        QCOMPARE(stack.count(), 1);
+        stack.undo();
+        QCOMPARE(textsOf(station->project()) + claims(owner), before);
+    }
+
+    void listsProblemsWithTheirPlaces()
+    {
+        Project project = stationOf({13656, 13656}, otherOwner)->project();
+        project.modules[1] = unavailableModule({0, 1}, project.modules[0].state);
+        const auto station = Station::opened(m_plugin, owner, project);
+        QStringList found;
+        for (const Problem &problem : problemsOf(**station)) {
+            found += whereText(problem) + ": " + problem.text;
+        }
+        QCOMPARE(found.size(), 3);
+        QVERIFY2(found.at(0).startsWith("Rack 0, slot 1: \"absent\" is not available"), qPrintable(found.at(0)));
+        QVERIFY2(found.at(1).contains("I 0..1 is not reserved, because it overlaps"), qPrintable(found.at(1)));
+
+        QCOMPARE(ignoredDescriptions(m_plugin).size(), std::size_t{0});
+        CatalogFolder catalog;
+        catalog.writeModule(13650, 8);
+        catalog.writeModule(13651, 16, "ServerFile=absent.cmp\n");
+        catalog.writeDescription(13652, "[MODULE START]\nObjName=Unended\n");
+        catalog.writeFile("6/hw3556.met", "");
+        found.clear();
+        for (const Problem &problem : ignoredDescriptions(m_plugin)) {
+            found += whereText(problem) + ": " + problem.text;
+        }
+        const QString all = found.join('\n');
+        QVERIFY2(!all.contains("hw00003552"), qPrintable(all));
+        for (const char *expected :
+             {"hw00003553.met, line 6: ", "absent.cmp", "hw00003554.met, line 1: no [END]", "hw3556.met, line 1: "}) {
+            QVERIFY2(all.contains(expected), qPrintable(all));
+        }
+    }
+
     void moduleWithoutRoomForOutputsFreesItsInputs()
     {
         Station station(m_plugin, owner);
@@ -271,17 +432,19 @@ private slots:
 
     void keepsUnavailableModules_data()
     {
-        const Rows<QByteArray, QString> row("state", "reason"); // the state of the module in slot 1
+        // The state of the module in slot 1, and how many of its two ranges cannot be reserved for it.
+        const Rows<QByteArray, QString, int> row("state", "reason", "unreserved");
         const auto station = stationOf({13656, 13656});
         const QByteArray good = station->stored(1).state;
         const QByteArray first = station->stored(0).state;
-        row("truncated in its header", good.left(40), "damaged");
-        row("type that the catalog lacks", withFields(good, {{"objId", {"\0\0\0\1", 4}}}), "hw00000001.met");
-        row("state of another place", first, "rack 0, slot 0");
-        row("address of another module", withFields(good, {{"outMap.start", {"\0\0", 2}}}), "already in use");
-        row("overlapping address", withFields(good, {{"outMap.start", {"\0\1", 2}}}), "already in use");
-        row("address outside its area", withFields(good, {{"inMap.start", "\xff\xff"}}), "lie outside");
-        row("range with another length", withFields(good, {{"inMap.area", {"\x81\0\4\1", 4}}}), "lengths");
+        row("truncated in its header", good.left(40), "damaged", 0);
+        row("type that the catalog lacks", withFields(good, {{"objId", {"\0\0\0\1", 4}}}), "hw00000001.met", 0);
+        row("state of another place", first, "rack 0, slot 0", 2);
+        row("address of another module", withFields(good, {{"outMap.start", {"\0\0", 2}}}),
+            "Q 0..1 overlaps the addresses of \"", 1);
+        row("overlapping address", withFields(good, {{"outMap.start", {"\0\1", 2}}}), "in rack 0, slot 0. Change", 1);
+        row("address outside its area", withFields(good, {{"inMap.start", "\xff\xff"}}), "lies outside the area I", 1);
+        row("range with another length", withFields(good, {{"inMap.area", {"\x81\0\4\1", 4}}}), "lengths", 1);
     }
     void keepsUnavailableModules()
     {
@@ -294,10 +457,13 @@ private slots:
         Station *station = opened->get();
         QCOMPARE(station->unavailableCount(), 1);
         QVERIFY2(station->module(1).unavailable.contains(reason), qPrintable(station->module(1).unavailable));
+        QTEST(int(station->memory().unreserved().size()), "unreserved");
+        QCOMPARE(claims(owner), rangesOf(*station)); // an edit cannot take them
         QUndoStack stack;
         StationEdits edits(*station, stack);
+        QVERIFY(edits.add(13656, {5, 5}));
         QVERIFY(edits.move({0, 1}, {9, 9}));
-        edits.remove({{9, 9}});
+        edits.remove({{9, 9}, {5, 5}});
         edits.remove({{0, 0}, {0, 2}});
         QCOMPARE(claims(owner), QStringList());
         stack.setIndex(0);
@@ -367,7 +533,9 @@ private slots:
         const Rows<QStringList, int, QString> row("arguments", "status", "output"); // the project has 40 modules
         row("list", {"batch.station", "--list"}, NoFindings, "^(.*\n){19}rack 0, slot 19: 13395, (.*\n){21}40 modules");
         row("verify", {"batch.station", "--verify"}, NoFindings, "40 modules, 0 findings\n$");
-        row("compile", {"batch.station", "--compile", "x.blk"}, NoFindings, "40 modules");
+        row("compile", {"batch.station", "--compile", "x.blk"}, NoFindings, "^40 of 40 modules compiled\n$");
+        row("compile an unavailable module", {"part.station", "--compile", "x.blk"}, Findings,
+            "^rack 0, slot 1: \"absent\" left out: .*hw00000001.met.*\n1 of 2 modules compiled\n$");
         row("decompile", {"x.station", "--decompile", "batch.blk"}, NoFindings, "40 modules");
         row("create over a file", {"--new", "batch.station", "--modules", "40"}, UsageOrUnreadable,
             "^batch.station: The file already exists\\.\n$");

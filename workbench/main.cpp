@@ -118,7 +118,7 @@ int showWindow(const PluginLibrary &plugin, const std::vector<CatalogEntry> &cat
     }
     MainWindow window(plugin, catalog, std::move(*station));
     window.show();
-    if (!path.isEmpty()) {
+    if (!window.offerRecovery() && !path.isEmpty()) {
         window.openFile(path);
     }
     return QApplication::exec();

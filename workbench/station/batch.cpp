@@ -75,14 +75,14 @@ public:
         if (!open(path)) {
             return UsageOrUnreadable;
         }
-        const int views = m_station->unavailableCount() == 0 ? 0 : m_station->count(); // summaries take time
-        for (int i = 0; i < views; ++i) {
-            if (const ModuleSummary module = m_station->module(i); !module.unavailable.isEmpty()) {
-                find(module, QStringLiteral("left out: ") + module.unavailable);
-            }
+        for (const ModuleSummary &module : m_station->unavailableModules()) {
+            find(module, QStringLiteral("left out: ") + module.unavailable);
         }
-        const Result<> written = writeFile(blockFile, *m_station->compiled());
-        return written ? finish() : refuse(blockFile, written);
+        if (const Result<> written = writeFile(blockFile, *m_station->compiled()); !written) {
+            return refuse(blockFile, written);
+        }
+        m_out << m_station->count() - m_findings << " of " << m_station->count() << " modules compiled\n";
+        return m_findings == 0 ? NoFindings : Findings;
     }
 
     BatchExit decompile(const QString &path, const QString &blockFile)

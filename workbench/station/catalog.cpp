@@ -47,11 +47,6 @@ CatalogFamily familyOf(int baseType, quint32 typeCode)
     }
 }
 
-QString descriptionFileName(quint32 typeCode)
-{
-    return QStringLiteral("hw%1.met").arg(QString::number(typeCode, 16).toUpper(), 8, QLatin1Char('0'));
-}
-
 /// Fills all members except the type code from the first entry of a description file.
 void readTexts(const QString &path, CatalogEntry &entry)
 {
@@ -75,6 +70,11 @@ void readTexts(const QString &path, CatalogEntry &entry)
 }
 
 } // namespace
+
+QString descriptionFileName(quint32 typeCode)
+{
+    return QStringLiteral("hw%1.met").arg(QString::number(typeCode, 16).toUpper(), 8, QLatin1Char('0'));
+}
 
 std::vector<CatalogEntry> readCatalog()
 {

@@ -20,6 +20,9 @@ struct CatalogEntry {
 /// "hw", eight upper-case hexadecimal digits, ".met", and files without a module name.
 std::vector<CatalogEntry> readCatalog();
 
+/// The only name that the host accepts for the description of a type.
+QString descriptionFileName(quint32 typeCode);
+
 /// Which file the host lacks for modules of a type, in the user's language; empty if it has the description and the
 /// component file.
 QString catalogProblem(quint32 typeCode);

@@ -28,12 +28,16 @@ QString areaName(quint8 area)
 
 QString rangeText(const IoMap &range)
 {
-    const int length = rangeBytes(range);
+    return rangeText(range.area, range.start, rangeBytes(range));
+}
+
+QString rangeText(quint8 area, int start, int length)
+{
     if (length == 0) {
         return {};
     }
     if (length == 1) {
-        return QStringLiteral("%1 %2").arg(areaName(range.area)).arg(range.start);
+        return QStringLiteral("%1 %2").arg(areaName(area)).arg(start);
     }
-    return QStringLiteral("%1 %2..%3").arg(areaName(range.area)).arg(range.start).arg(range.start + length - 1);
+    return QStringLiteral("%1 %2..%3").arg(areaName(area)).arg(start).arg(start + length - 1);
 }

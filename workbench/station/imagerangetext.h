@@ -11,3 +11,5 @@ int rangeBytes(const IoMap &range);
 QString areaName(quint8 area);
 /// Such as "AI 0..7"; an empty string for an empty range.
 QString rangeText(const IoMap &range);
+/// The same for @p length bytes from @p start on.
+QString rangeText(quint8 area, int start, int length);

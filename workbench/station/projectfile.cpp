@@ -1,165 +1,37 @@
 #include "projectfile.h"
 
+#include "projectdatabase.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QUuid>
-#include <QVariant>
 #include <QtEndian>
 
-#include <algorithm>
-#include <utility>
+#include <filesystem>
 
 namespace {
 
-constexpr qint64 maximumFileSize = 64LL * 1024 * 1024; // bytes, many times the size of a full station
-constexpr quint32 applicationId = 0x53585354;          // "SXST"
-constexpr int headerSize = 100;                        // of a SQLite database, as its format defines it
+constexpr int headerSize = 100; // of a SQLite database, as its format defines it
 constexpr int versionOffset = 60;
 constexpr int applicationIdOffset = 68;
-
-/// The statements that create the tables. SQLite stores their text, which identifies a station file.
-QStringList schema()
-{
-    return {QStringLiteral("CREATE TABLE station (id INTEGER PRIMARY KEY CHECK (id = 1), plc_type INTEGER NOT NULL, "
-                           "sha256 TEXT NOT NULL)"),
-            QStringLiteral("CREATE TABLE module (place INTEGER PRIMARY KEY CHECK (place = rack * %1 + slot), "
-                           "rack INTEGER NOT NULL CHECK (rack BETWEEN 0 AND %2), "
-                           "slot INTEGER NOT NULL CHECK (slot BETWEEN 0 AND %3), type_code INTEGER NOT NULL, "
-                           "name TEXT NOT NULL, "
-                           "state BLOB NOT NULL CHECK (typeof(state) = 'blob' AND length(state) BETWEEN 1 AND %4))")
-                .arg(Place::slotCount)
-                .arg(Place::rackCount - 1)
-                .arg(Place::slotCount - 1)
-                .arg(StoredModule::maximumStateSize)};
-}
-
-/// Includes the length of every state, which detects bytes that moved from one module to the next.
-QString checksum(const Project &project)
-{
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData(QByteArray::number(project.plcType));
-    for (const StoredModule &module : project.modules) {
-        hash.addData(' ' + QByteArray::number(module.place.index()) + ' ' + QByteArray::number(module.state.size()) +
-                     ':');
-        hash.addData(module.state);
-    }
-    return QString::fromLatin1(hash.result().toHex());
-}
 
 QString damaged(const QString &complaint)
 {
     return ProjectFile::tr("The file is damaged: %1").arg(complaint);
 }
 
-/// A sentence for the user. The lowest byte of a SQLite result code is its primary code.
-QString textOf(const QSqlError &error)
-{
-    switch (error.nativeErrorCode().toUInt() & 0xffU) {
-    case 5:
-        return ProjectFile::tr("Another program is using the file.");
-    case 8:
-        return ProjectFile::tr("The file or its folder is write-protected.");
-    case 10:
-        return ProjectFile::tr("The disk is full, or it failed to read or write.");
-    case 13:
-        return ProjectFile::tr("The disk is full.");
-    case 14:
-        return ProjectFile::tr("The folder does not exist, or files cannot be created in it.");
-    default:
-        return damaged(error.text().simplified());
-    }
-}
-
-/// An open database with a separate connection name, which is removed with it. Stores the first error.
-class Database {
-public:
-    explicit Database(const QString &path)
-        : m_name(QUuid::createUuid().toString()),
-          m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name))
-    {
-        m_database.setDatabaseName(path);
-        m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000")); // ms
-        if (!m_database.open()) {
-            keep(m_database.lastError());
-        }
-    }
-    ~Database()
-    {
-        m_database = QSqlDatabase();
-        QSqlDatabase::removeDatabase(m_name);
-    }
-    Q_DISABLE_COPY_MOVE(Database)
-
-    /// Runs a statement once per row of values. After a failure all later calls fail.
-    bool run(const QString &statement, const QVector<QVariantList> &rows = {QVariantList()})
-    {
-        QSqlQuery query = prepared(statement);
-        return std::all_of(rows.begin(), rows.end(), [&](const QVariantList &row) { return exec(query, row); });
-    }
-    /// Calls @p take with the query at each row of the result.
-    template <typename Take>
-    bool select(const QString &statement, Take take)
-    {
-        QSqlQuery query = prepared(statement);
-        if (!exec(query, {})) {
-            return false;
-        }
-        while (query.next()) {
-            take(query);
-        }
-        return keep(query.lastError());
-    }
-
-    const QString &errorString() const { return m_errorString; }
-
-private:
-    QSqlQuery prepared(const QString &statement)
-    {
-        QSqlQuery query(m_database);
-        query.setForwardOnly(true);
-        if (m_errorString.isEmpty() && !query.prepare(statement)) {
-            keep(query.lastError());
-        }
-        return query;
-    }
-    bool exec(QSqlQuery &query, const QVariantList &row)
-    {
-        if (!m_errorString.isEmpty()) {
-            return false;
-        }
-        for (const QVariant &value : row) {
-            query.addBindValue(value);
-        }
-        return query.exec() || keep(query.lastError());
-    }
-    bool keep(const QSqlError &error)
-    {
-        if (error.isValid() && m_errorString.isEmpty()) {
-            m_errorString = textOf(error);
-        }
-        return m_errorString.isEmpty();
-    }
-
-    QString m_name;
-    QSqlDatabase m_database;
-    QString m_errorString;
-};
-
 /// What is wrong with the tables or their rows; empty if they are correct. The tables are compared first, because
 /// SQLite's check evaluates their constraints and must not evaluate those of other tables.
-QString complaintOf(Database &database)
+QString complaintOf(ProjectDatabase &database)
 {
     QStringList statements;
     QStringList findings;
     database.select(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY rowid"),
                     [&](const QSqlQuery &query) { statements += query.value(0).toString(); });
-    if (database.errorString().isEmpty() && statements != schema()) {
+    if (database.errorString().isEmpty() && statements != projectSchema()) {
         return damaged(ProjectFile::tr("its tables are not those of a station."));
     }
     database.select(QStringLiteral("PRAGMA integrity_check(1)"),
@@ -169,40 +41,33 @@ QString complaintOf(Database &database)
                                                                    : database.errorString();
 }
 
-bool insertProject(Database &database, const Project &project)
+/// The project of an open transaction.
+Result<Project> readFrom(ProjectDatabase &database)
 {
-    QVector<QVariantList> rows;
-    for (const StoredModule &module : project.modules) {
-        rows.append({module.place.index(), module.place.rack, module.place.slot, module.typeCode,
-                     module.name.isNull() ? QStringLiteral("") : module.name,
-                     module.state}); // a null string would become NULL
+    if (const QString complaint = complaintOf(database); !complaint.isEmpty()) {
+        return Failure{complaint};
     }
-    return database.run(QStringLiteral("INSERT INTO station VALUES (1, ?, ?)"),
-                        {{project.plcType, checksum(project)}}) &&
-           database.run(QStringLiteral("INSERT INTO module VALUES (?, ?, ?, ?, ?, ?)"), rows);
-}
-
-bool prepareToWrite(Database &database)
-{
-    return database.run(QStringLiteral("PRAGMA journal_mode = DELETE")) &&
-           database.run(QStringLiteral("PRAGMA synchronous = FULL")) && database.run(QStringLiteral("BEGIN IMMEDIATE"));
-}
-
-bool createDatabase(Database &database, const Project &project)
-{
-    const QStringList statements = schema();
-    return prepareToWrite(database) && database.run(QStringLiteral("PRAGMA application_id = %1").arg(applicationId)) &&
-           database.run(QStringLiteral("PRAGMA user_version = %1").arg(ProjectFile::formatVersion)) &&
-           std::all_of(statements.begin(), statements.end(),
-                       [&](const QString &statement) { return database.run(statement); }) &&
-           insertProject(database, project) && database.run(QStringLiteral("COMMIT"));
-}
-
-bool replaceContent(Database &database, const Project &project)
-{
-    return prepareToWrite(database) && database.run(QStringLiteral("DELETE FROM station")) &&
-           database.run(QStringLiteral("DELETE FROM module")) && insertProject(database, project) &&
-           database.run(QStringLiteral("COMMIT"));
+    Project project;
+    QString storedChecksum;
+    database.select(QStringLiteral("SELECT plc_type, sha256 FROM station"), [&](const QSqlQuery &query) {
+        project.plcType = query.value(0).toUInt();
+        storedChecksum = query.value(1).toString();
+    });
+    database.select(QStringLiteral("SELECT rack, slot, type_code, name, state FROM module ORDER BY place"),
+                    [&](const QSqlQuery &query) {
+                        project.modules.push_back({{query.value(0).toInt(), query.value(1).toInt()},
+                                                   query.value(2).toUInt(),
+                                                   query.value(3).toString(),
+                                                   query.value(4).toByteArray(),
+                                                   {}});
+                    });
+    if (!database.errorString().isEmpty()) {
+        return Failure{database.errorString()};
+    }
+    if (storedChecksum != projectChecksum(project)) {
+        return Failure{damaged(ProjectFile::tr("its modules do not match its checksum."))};
+    }
+    return project;
 }
 
 /// The name of a temporary file in the folder of @p path. The file is removed with this object unless it was renamed.
@@ -221,6 +86,12 @@ private:
     QString m_path;
 };
 
+Result<> writeNew(const QString &path, const Project &project)
+{
+    ProjectDatabase database(path);
+    return database.create(project) ? Result<>() : Failure{database.errorString()};
+}
+
 /// Removes the temporary files of programs that were killed.
 void removeLeftovers(const QString &path)
 {
@@ -236,6 +107,18 @@ void removeLeftovers(const QString &path)
 
 } // namespace
 
+QString projectChecksum(const Project &project)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(QByteArray::number(project.plcType));
+    for (const StoredModule &module : project.modules) {
+        hash.addData(' ' + QByteArray::number(module.place.index()) + ' ' + QByteArray::number(module.state.size()) +
+                     ':');
+        hash.addData(module.state);
+    }
+    return QString::fromLatin1(hash.result().toHex());
+}
+
 ProjectFile::ProjectFile(const QString &path) : m_path(QFileInfo(path).absoluteFilePath()) {}
 
 /// Checks the first bytes, so the database library does not open files of other programs.
@@ -248,7 +131,7 @@ Result<> ProjectFile::recognise() const
     if (!file.open(QIODevice::ReadOnly)) {
         return Failure{file.errorString()};
     }
-    if (file.size() > maximumFileSize) {
+    if (file.size() > maximumSize) {
         return Failure{tr("The file is too large for a station.")};
     }
     const QByteArray header = file.read(headerSize);
@@ -270,60 +153,62 @@ Result<Project> ProjectFile::read() const
     if (const Result<> recognised = recognise(); !recognised) {
         return recognised.failure();
     }
-    Database database(m_path);
+    ProjectDatabase database(m_path);
     database.run(QStringLiteral("PRAGMA cell_size_check = ON"));
     database.run(QStringLiteral("BEGIN"));
-    if (const QString complaint = complaintOf(database); !complaint.isEmpty()) {
-        return Failure{complaint};
-    }
-    Project project;
-    QString storedChecksum;
-    database.select(QStringLiteral("SELECT plc_type, sha256 FROM station"), [&](const QSqlQuery &query) {
-        project.plcType = query.value(0).toUInt();
-        storedChecksum = query.value(1).toString();
-    });
-    database.select(QStringLiteral("SELECT rack, slot, type_code, name, state FROM module ORDER BY place"),
-                    [&](const QSqlQuery &query) {
-                        project.modules.push_back({{query.value(0).toInt(), query.value(1).toInt()},
-                                                   query.value(2).toUInt(),
-                                                   query.value(3).toString(),
-                                                   query.value(4).toByteArray(),
-                                                   {}});
-                    });
-    if (!database.errorString().isEmpty()) {
-        return Failure{database.errorString()};
-    }
-    if (storedChecksum != checksum(project)) {
-        return Failure{damaged(tr("its modules do not match its checksum."))};
-    }
-    return project;
+    return readFrom(database);
 }
 
-Result<> ProjectFile::write(const Project &project) const
+Result<ProjectFile::Written> ProjectFile::write(const Project &project, const QString &expected) const
 {
     removeLeftovers(m_path);
     if (!QFileInfo::exists(m_path)) {
-        return createWith(project);
+        const Result<> created = createWith(project);
+        return created ? Result<Written>(Written::Yes) : created.failure();
     }
-    if (Result<Project> present = read(); !present) {
+    if (const Result<> recognised = recognise(); !recognised) {
+        return recognised.failure();
+    }
+    ProjectDatabase database(m_path);
+    database.run(QStringLiteral("PRAGMA cell_size_check = ON"));
+    database.begin();
+    const Result<Project> present = readFrom(database);
+    if (!present) {
         return present.failure();
     }
-    Database database(m_path);
-    return replaceContent(database, project) ? Result<>() : Failure{database.errorString()};
+    const QString found = projectChecksum(*present);
+    if (!expected.isEmpty() && found != expected) {
+        return Written::ChangedOnDisk;
+    }
+    if (const Result<> kept = found == projectChecksum(project) ? Result<>() : keepBackup(*present); !kept) {
+        return Failure{
+            tr("The backup %1 cannot be written. %2").arg(QDir::toNativeSeparators(backupPath()), kept.reason())};
+    }
+    return database.replace(project) ? Result<Written>(Written::Yes) : Failure{database.errorString()};
 }
 
 /// Writes a new file under a temporary name and renames it when it is complete.
 Result<> ProjectFile::createWith(const Project &project) const
 {
     const TemporaryName temporary(m_path);
-    {
-        Database database(temporary.path());
-        if (!createDatabase(database, project)) {
-            return Failure{database.errorString()};
-        }
+    if (const Result<> written = writeNew(temporary.path(), project); !written) {
+        return written;
     }
     QFile file(temporary.path());
     return file.rename(m_path) ? Result<>() : Failure{file.errorString()};
+}
+
+/// Unlike createWith() replaces an older backup, also as a whole.
+Result<> ProjectFile::keepBackup(const Project &project) const
+{
+    const TemporaryName temporary(m_path);
+    if (const Result<> written = writeNew(temporary.path(), project); !written) {
+        return written;
+    }
+    std::error_code error;
+    std::filesystem::rename(QFile::encodeName(temporary.path()).toStdString(),
+                            QFile::encodeName(backupPath()).toStdString(), error);
+    return error ? Failure{QString::fromLocal8Bit(error.message().c_str())} : Result<>();
 }
 
 Result<std::unique_ptr<Station>> openStation(const PluginLibrary &plugin, const QString &memoryOwner,

@@ -5,6 +5,10 @@
 
 #include <QCoreApplication>
 
+/// Identifies the content of a project. Includes the length of every state, which detects bytes that moved from one
+/// module to the next.
+QString projectChecksum(const Project &project);
+
 /// One project file. If the program or the power fails while it is written, the file contains the old project or the
 /// new one. A file that is not a complete project of this format version is neither read nor overwritten. Needs an
 /// application object, because Qt's database drivers do.
@@ -12,17 +16,29 @@ class ProjectFile {
     Q_DECLARE_TR_FUNCTIONS(ProjectFile)
 public:
     static constexpr int formatVersion = 1;
+    static constexpr quint32 applicationId = 0x53585354;      // "SXST"
+    static constexpr qint64 maximumSize = 64LL * 1024 * 1024; ///< bytes, many times the size of a full station
+
+    enum class Written {
+        Yes,
+        ChangedOnDisk ///< no: the file contains another project than expected
+    };
 
     explicit ProjectFile(const QString &path);
 
     Result<Project> read() const;
-    /// Creates the file, or replaces the project that it contains. Fails when the file cannot be written or is not a
-    /// project; it is then unchanged. Also removes temporary files that a killed program left beside the file.
-    Result<> write(const Project &project) const;
+    /// Creates the file, or replaces the project that it contains and keeps that one as backupPath(). Fails when the
+    /// file cannot be written or is not a project; it is then unchanged. If @p expected is not empty, it is the
+    /// projectChecksum() of the only project that may be replaced; no other process can change the file between this
+    /// comparison and the replacement. Also removes temporary files that a killed program left beside the file.
+    Result<Written> write(const Project &project, const QString &expected = {}) const;
+    /// The file of the project that the latest save replaced.
+    QString backupPath() const { return m_path + QStringLiteral(".bak"); }
 
 private:
     Result<> recognise() const;
     Result<> createWith(const Project &project) const;
+    Result<> keepBackup(const Project &project) const;
 
     QString m_path;
 };

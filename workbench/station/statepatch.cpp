@@ -4,7 +4,11 @@
 #include "blockdecoder.h"
 #include "imagerangetext.h"
 
+#include <QtEndian>
+
 namespace {
+
+constexpr int rangeFieldsSize = 4;
 
 QByteArray byte(int value)
 {
@@ -15,6 +19,19 @@ QByteArray byte(int value)
 QByteArray rangeFields(const IoMap &range)
 {
     return byte(range.area) + ushortToByteArray(range.start) + byte(rangeBytes(range));
+}
+
+/// The inverse of rangeFields(), as a range of bytes. The length is not a field of the rebuilt module.
+IoMap rangeOf(const QByteArray &state, const blockdecoder::Field *area)
+{
+    IoMap range{};
+    if (area != nullptr && state.size() >= area->offset + rangeFieldsSize) {
+        range.area = static_cast<quint8>(state.at(area->offset));
+        range.start = qFromBigEndian<quint16>(state.constData() + area->offset + 1);
+        range.count = static_cast<quint8>(state.at(area->offset + 3));
+        range.unit = 1;
+    }
+    return range;
 }
 
 std::optional<quint32> typeCodeOf(const blockdecoder::DecodedBlock &decoded)
@@ -33,6 +50,13 @@ std::optional<quint32> typeCodeOfState(const QByteArray &state)
 std::optional<quint32> typeCodeOfBlock(const QByteArray &blocks)
 {
     return typeCodeOf(blockdecoder::decodeConfiguration(blocks).constFirst());
+}
+
+std::pair<IoMap, IoMap> rangesOfState(const QByteArray &state)
+{
+    const auto decoded = blockdecoder::decodeSavedState(state);
+    return {rangeOf(state, decoded.find(QStringLiteral("header.inMap.area"))),
+            rangeOf(state, decoded.find(QStringLiteral("header.outMap.area")))};
 }
 
 QByteArray withFields(QByteArray state, std::initializer_list<std::pair<const char *, QByteArray>> fields)

@@ -13,6 +13,9 @@
 std::optional<quint32> typeCodeOfState(const QByteArray &state);
 std::optional<quint32> typeCodeOfBlock(const QByteArray &blocks);
 
+/// The ranges that a saved state stores, in bytes; an empty range for one that it lacks.
+std::pair<IoMap, IoMap> rangesOfState(const QByteArray &state);
+
 /// A copy of a saved state with other bytes in fields of its header. Each field is given by its name without "header."
 /// and has the length of its bytes. Fields that the state lacks are not added.
 QByteArray withFields(QByteArray state, std::initializer_list<std::pair<const char *, QByteArray>> fields);

@@ -5,52 +5,42 @@
 #include "statepatch.h"
 
 #include <QPoint>
+#include <QSet>
 
 #include <algorithm>
 #include <utility>
 
 Station::Station(const PluginLibrary &plugin, QString memoryOwner)
-    : m_plugin(plugin), m_exports(plugin.exports()), m_memory(std::move(memoryOwner))
+    : m_plugin(plugin),
+      m_exports(plugin.exports()),
+      m_memory(std::move(memoryOwner), [this](Place place) { return describe(place); })
 {
 }
 
 Station::~Station() = default;
 
-Result<std::unique_ptr<Station>> Station::opened(const PluginLibrary &plugin, const QString &memoryOwner,
-                                                 const Project &project, const Progress &progress)
+QString Station::describe(Place place) const
 {
-    auto station = std::make_unique<Station>(plugin, memoryOwner);
-    if (const Result<> set = station->setPlcType(project.plcType); !set) {
-        return set.failure();
-    }
-    bool cancelled = false;
-    const auto putAll = [&](bool verified) {
-        station->m_modules.reserve(project.modules.size());
-        return std::all_of(project.modules.begin(), project.modules.end(), [&](const StoredModule &module) {
-            const bool available = station->put(module, verified);
-            cancelled = progress && !progress(station->count(), static_cast<int>(project.modules.size()));
-            return !cancelled && (available || verified);
-        });
-    };
-    // Fast path: verify the whole map once. If it is wrong, start again and verify each module.
-    const bool isGood = putAll(false) && station->m_memory.isComplete();
-    if (!isGood && !cancelled) {
-        station->m_modules.clear();
-        station->m_memory.releaseAll();
-        station->m_memory.settle();
-        putAll(true);
-    }
-    station->m_memory.settle();
-    if (cancelled) {
-        return Failure();
-    }
-    return station;
+    const std::optional<int> index = moduleAt(place);
+    return tr("\"%1\" in rack %2, slot %3")
+        .arg(index ? module(*index).name : QString(), QString::number(place.rack), QString::number(place.slot));
 }
 
 int Station::unavailableCount() const
 {
     return static_cast<int>(
         std::count_if(m_modules.begin(), m_modules.end(), [](const Module &module) { return !module.handle; }));
+}
+
+std::vector<ModuleSummary> Station::unavailableModules() const
+{
+    std::vector<ModuleSummary> summaries;
+    for (int i = 0; i < count(); ++i) {
+        if (!at(i).handle) {
+            summaries.push_back(module(i));
+        }
+    }
+    return summaries;
 }
 
 Place Station::placeOf(SimpleExtendPar *handle) const
@@ -75,7 +65,8 @@ ModuleSummary Station::module(int index) const
 {
     const Module &module = at(index);
     if (!module.handle) {
-        return {module.place, module.kept.typeCode, module.kept.name, {}, {}, {}, module.kept.unavailable};
+        return {module.place, module.kept.typeCode, module.kept.name,       {},
+                module.in,    module.out,           module.kept.unavailable};
     }
     SimpleExtendPar *handle = module.handle.get();
     return {module.place,
@@ -129,6 +120,21 @@ Result<> Station::checkFree(Place place) const
     return {};
 }
 
+Result<> Station::checkMove(const QVector<Place> &places, Place by) const
+{
+    QSet<int> leaving;
+    for (const Place from : places) {
+        leaving.insert(from.index());
+    }
+    for (const Place from : places) {
+        const Place to{from.rack + by.rack, from.slot + by.slot};
+        if (const Result<> free = checkFree(to); !free && !(to.isValid() && leaving.contains(to.index()))) {
+            return free;
+        }
+    }
+    return {};
+}
+
 Result<> Station::setPlcType(quint32 type)
 {
     const bool changes = type != plcType();
@@ -139,9 +145,9 @@ Result<> Station::setPlcType(quint32 type)
     return result;
 }
 
-void Station::setLargestPlcType()
+quint32 Station::largestPlcType()
 {
-    static_cast<void>(setPlcType(simulatedhost::plcTypes().constLast().id)); // larger areas hold every address
+    return simulatedhost::plcTypes().constLast().id;
 }
 
 void Station::fitPlcType()
@@ -159,7 +165,11 @@ void Station::insert(Module module)
 {
     const Place place = module.place;
     const auto inserted = m_modules.insert(lowerBound(place), std::move(module));
-    m_memory.hold(rangesOf(inserted->handle.get()), place);
+    if (inserted->handle) {
+        m_memory.hold(rangesOf(inserted->handle.get()), place);
+    } else {
+        m_memory.want(memoryRanges(inserted->in, inserted->out), place);
+    }
     emit moduleAdded(place);
 }
 
@@ -174,60 +184,7 @@ Result<> Station::add(quint32 typeCode, Place place)
         return Failure{whyNotCreated(typeCode)};
     }
     setPlace(handle.get(), place);
-    insert({place, std::move(handle), {}});
-    return {};
-}
-
-QString Station::whyNotCreated(quint32 typeCode) const
-{
-    const ModuleHandle probe = m_plugin.own(m_exports.createObject(typeCode, QString()));
-    if (!probe) {
-        return typeProblem(typeCode);
-    }
-    IoMap in = m_exports.getInMap(probe.get());
-    IoMap out = m_exports.getOutMap(probe.get());
-    const Result<> room = m_memory.findRoom(in, out);
-    return room ? tr("The plug-in cannot create a module of type %1.").arg(typeCode) : room.reason();
-}
-
-Result<> Station::paste(const QByteArray &state, Place place)
-{
-    const Result<> free = checkFree(place);
-    return free ? addCopy(state, place, true) : free;
-}
-
-Result<> Station::addBlock(const QByteArray &block, qint32 &code)
-{
-    code = -1;
-    const ModuleHandle handle = m_plugin.own(m_exports.recompile(block, QString(), &code));
-    if (!handle) {
-        const auto type = typeCodeOfBlock(block);
-        return Failure{whyNotRebuilt(type.value_or(0), tr("The block is damaged."))};
-    }
-    const Place place = placeOf(handle.get());
-    const Result<> free = checkFree(place);
-    return free ? addCopy(m_exports.save(handle.get()), place, false) : free;
-}
-
-/// Adds the module of a state after setting its place and ranges. A state of double-word channels that were rebuilt
-/// from a configuration block contains the range length of words.
-Result<> Station::addCopy(const QByteArray &state, Place place, bool newAddresses)
-{
-    const Result<ModuleHandle> probe = read({place, 0, {}, state, {}}, QString());
-    if (!probe) {
-        return probe.failure();
-    }
-    IoMap in = m_exports.getInMap(probe->get());
-    IoMap out = m_exports.getOutMap(probe->get());
-    if (Result<> room = newAddresses ? m_memory.findRoom(in, out) : Result<>(); !room) {
-        return room;
-    }
-    setPlace(probe->get(), place);
-    Result<ModuleHandle> handle = restored({place, 0, {}, withRanges(m_exports.save(probe->get()), in, out), {}}, true);
-    if (!handle) {
-        return handle.failure();
-    }
-    insert({place, std::move(*handle), {}});
+    insert({place, std::move(handle), {}, {}, {}});
     return {};
 }
 
@@ -247,6 +204,8 @@ Result<> Station::move(Place from, Place to)
     } else {
         moved->kept.state = withPlace(moved->kept.state, to);
         moved->kept.place = to;
+        m_memory.unwant(from);
+        m_memory.want(memoryRanges(moved->in, moved->out), to);
     }
     moved->place = to;
     if (next > moved) {
@@ -254,21 +213,25 @@ Result<> Station::move(Place from, Place to)
     } else {
         std::rotate(next, moved, moved + 1);
     }
+    m_memory.updateReserved();
     emit moduleMoved(from, to);
     return {};
 }
 
 bool Station::configure(Place place, QWidget *parent)
 {
-    SimpleExtendPar *handle = at(*moduleAt(place)).handle.get();
+    const int index = *moduleAt(place);
+    SimpleExtendPar *handle = at(index).handle.get();
     if (handle == nullptr) {
         return false;
     }
-    const QByteArray before = m_exports.save(handle);
+    m_beforeDialog = stored(index);
     m_memory.release(rangesOf(handle));
     m_exports.config(handle, m_memory.owner(), parent, false);
     m_memory.hold(rangesOf(handle), place);
-    const bool changed = m_exports.save(handle) != before;
+    m_memory.updateReserved();
+    const StoredModule before = *std::exchange(m_beforeDialog, std::nullopt);
+    const bool changed = m_exports.save(handle) != before.state;
     if (changed) {
         emit moduleChanged(place);
     }
@@ -280,68 +243,11 @@ StoredModule Station::take(Place place)
     const int index = *moduleAt(place);
     StoredModule module = stored(index);
     m_memory.release(rangesOf(at(index).handle.get()));
-    m_modules.erase(m_modules.begin() + index);
+    m_memory.unwant(place);
+    m_modules.erase(m_modules.begin() + index); // releases the module, which frees its addresses
+    m_memory.updateReserved();
     emit moduleRemoved(place);
     return module;
-}
-
-bool Station::put(const StoredModule &module, bool verified)
-{
-    Result<ModuleHandle> handle =
-        module.unavailable.isEmpty() ? restored(module, verified) : Failure{module.unavailable};
-    const bool isAvailable = static_cast<bool>(handle);
-    StoredModule kept;
-    if (!isAvailable) {
-        kept = module;
-        kept.unavailable = handle.reason();
-    }
-    insert({module.place, isAvailable ? std::move(*handle) : m_plugin.own(nullptr), std::move(kept)});
-    return isAvailable;
-}
-
-/// The module of a saved state. Fails if it is of another place, or does not hold its addresses; the latter is checked
-/// with the host only if @p verified.
-Result<ModuleHandle> Station::restored(const StoredModule &module, bool verified) const
-{
-    Result<ModuleHandle> handle = read(module, m_memory.owner());
-    std::vector<MemoryRange> ranges;
-    Failure failure = handle.failure();
-    if (handle && placeOf(handle->get()) != module.place) {
-        const Place place = placeOf(handle->get());
-        failure = {tr("Its saved state belongs to rack %1, slot %2.").arg(place.rack).arg(place.slot)};
-    } else if (handle) {
-        ranges = rangesOf(handle->get());
-        const bool isShared = std::any_of(ranges.begin(), ranges.end(), [this](const MemoryRange &range) {
-            return m_memory.holder(range).has_value();
-        });
-        if (!isShared && (!verified || m_memory.areClaimed(ranges))) {
-            return handle;
-        }
-        failure = {tr("The lengths of its address ranges do not match its type.")};
-    }
-    handle = failure; // releases the module
-    m_memory.settle();
-    const Result<> free = m_memory.checkFree(ranges);
-    return free ? failure : free.failure(); // the host's reason is more precise
-}
-
-/// The module of a saved state. The host may have refused its addresses.
-Result<ModuleHandle> Station::read(const StoredModule &module, const QString &memoryOwner) const
-{
-    const bool isTooLong = module.state.size() > StoredModule::maximumStateSize;
-    ModuleHandle handle = m_plugin.own(isTooLong ? nullptr : m_exports.restore(module.state, memoryOwner));
-    if (handle) {
-        return handle;
-    }
-    const auto type = isTooLong ? 0 : typeCodeOfState(module.state).value_or(module.typeCode);
-    return Failure{whyNotRebuilt(type, tr("Its saved state is damaged."))};
-}
-
-/// Returns @p damaged unless the type itself is the reason. A @p typeCode of 0 is unknown.
-QString Station::whyNotRebuilt(quint32 typeCode, const QString &damaged) const
-{
-    const bool isReason = typeCode != 0 && !m_plugin.own(m_exports.createObject(typeCode, QString()));
-    return isReason ? typeProblem(typeCode) : damaged;
 }
 
 StoredModule Station::stored(int index) const
@@ -349,6 +255,9 @@ StoredModule Station::stored(int index) const
     const Module &module = at(index);
     if (!module.handle) {
         return module.kept;
+    }
+    if (m_beforeDialog && m_beforeDialog->place == module.place) {
+        return *m_beforeDialog;
     }
     SimpleExtendPar *handle = module.handle.get();
     return {module.place,

@@ -1,8 +1,11 @@
 #include "stationcommands.h"
 
+#include "statepatch.h"
+
 #include <QUndoCommand>
 #include <QUndoStack>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -40,6 +43,12 @@ void replace(Station &station, const std::vector<StoredModule> &present, const s
     }
 }
 
+/// The place that @p place gets when @p from moves to @p to.
+Place shifted(Place place, Place from, Place to)
+{
+    return {place.rack + to.rack - from.rack, place.slot + to.slot - from.slot};
+}
+
 /// Undoing and redoing restore states of the station that were possible, so they cannot fail.
 void expectSuccess(const Result<> &result)
 {
@@ -51,6 +60,15 @@ void expectSuccess(const Result<> &result)
 StoredModule StationEdits::stored(Place place) const
 {
     return m_station.stored(*m_station.moduleAt(place));
+}
+
+std::vector<StoredModule> StationEdits::stored(const QVector<Place> &places) const
+{
+    std::vector<StoredModule> modules;
+    for (const Place place : places) {
+        modules.push_back(stored(place));
+    }
+    return modules;
 }
 
 QString StationEdits::nameAt(Place place) const
@@ -80,31 +98,135 @@ Result<> StationEdits::add(quint32 typeCode, Place place)
     return result;
 }
 
-Result<> StationEdits::paste(const QByteArray &state, Place place)
+/// The slots for the copies; fewer than modules if the station ends before.
+std::vector<Place> StationEdits::targets(const std::vector<StoredModule> &modules, Place at) const
 {
-    Result<> result = m_station.paste(state, place);
-    if (result) {
-        pushReplacement({}, {stored(place)}, tr("Paste %1").arg(nameAt(place)));
+    std::vector<Place> places;
+    for (const StoredModule &module : modules) {
+        places.push_back(shifted(module.place, modules.front().place, at));
+    }
+    if (std::all_of(places.begin(), places.end(),
+                    [this](Place place) { return static_cast<bool>(m_station.checkFree(place)); })) {
+        return places;
+    }
+    places.clear();
+    for (int i = at.index(); i < Place::count && places.size() < modules.size(); ++i) {
+        if (!m_station.moduleAt(Place::at(i))) {
+            places.push_back(Place::at(i));
+        }
+    }
+    return places;
+}
+
+PasteResult StationEdits::paste(const std::vector<StoredModule> &modules, Place at, Station::Addresses addresses)
+{
+    PasteResult result;
+    result.total = static_cast<int>(modules.size());
+    std::vector<StoredModule> copies = modules;
+    const std::vector<Place> places = targets(modules, at);
+    copies.resize(places.size());
+    if (copies.size() < modules.size()) {
+        result.failures[tr("No free slot follows. Paste them at an earlier slot.")] =
+            static_cast<int>(modules.size() - copies.size());
+    }
+    for (std::size_t i = 0; i < copies.size(); ++i) {
+        copies[i].place = places[i];
+    }
+    if (addresses == Station::Addresses::Stored) { // new addresses must not take those that later modules keep
+        std::stable_partition(copies.begin(), copies.end(), [this](const StoredModule &module) {
+            return static_cast<bool>(m_station.checkAddresses(module.state));
+        });
+    }
+    for (const StoredModule &copy : copies) {
+        const Result<bool> kept = pasteOne(copy, addresses);
+        if (kept) {
+            result.keptAddresses += *kept ? 1 : 0;
+            result.places.append(copy.place);
+        } else {
+            ++result.failures[kept.reason()];
+        }
+    }
+    std::sort(result.places.begin(), result.places.end(), [](Place a, Place b) { return a.index() < b.index(); });
+    if (!result.places.isEmpty()) {
+        pushReplacement({}, stored(result.places),
+                        result.places.size() == 1 ? tr("Paste %1").arg(nameAt(result.places.first()))
+                                                  : tr("Paste %n module(s)", nullptr, result.places.size()));
     }
     return result;
 }
 
-Result<> StationEdits::move(Place from, Place to)
+/// Returns true if the module has its stored addresses.
+Result<bool> StationEdits::pasteOne(StoredModule module, Station::Addresses addresses)
 {
-    const StoredModule before = stored(from);
-    Result<> result = m_station.move(from, to);
-    if (!result || to == from) {
-        return result;
+    if (addresses == Station::Addresses::Stored && !module.unavailable.isEmpty()) {
+        module.state = withPlace(module.state, module.place);
+        m_station.put(module);
+        return true;
     }
-    const QString text = tr("Move %1").arg(nameAt(to));
-    if (!before.unavailable.isEmpty()) {
-        pushReplacement({before}, {stored(to)}, text); // moving it back might not restore its original bytes
-        return result;
+    const bool keeps = addresses == Station::Addresses::Stored && m_station.checkAddresses(module.state);
+    const Result<> pasted =
+        m_station.paste(module.state, module.place, keeps ? Station::Addresses::Stored : Station::Addresses::New);
+    return pasted ? Result<bool>(keeps) : pasted.failure();
+}
+
+QString PasteResult::text() const
+{
+    const int newAddresses = places.size() - keptAddresses;
+    const QString count = tr("%1 of %n module(s) pasted", nullptr, total).arg(places.size());
+    if (places.isEmpty()) {
+        return tr("%1.").arg(count);
     }
+    if (keptAddresses == 0) {
+        return tr("%1, with new addresses.").arg(count);
+    }
+    return newAddresses == 0 ? tr("%1, with their former addresses.").arg(count)
+                             : tr("%1: %2 with former addresses, %3 with new ones because the former are taken.")
+                                   .arg(count, QString::number(keptAddresses), QString::number(newAddresses));
+}
+
+Result<> PasteResult::result() const
+{
+    if (failures.empty()) {
+        return {};
+    }
+    QStringList lines;
+    for (const auto &[reason, count] : failures) {
+        lines += tr("%n module(s): %1", nullptr, count).arg(reason);
+    }
+    return Failure{lines.join(QLatin1Char('\n'))};
+}
+
+Result<> StationEdits::moveBy(QVector<Place> places, Place by)
+{
+    if (const Result<> possible = m_station.checkMove(places, by); !possible || by == Place()) {
+        return possible;
+    }
+    // A module moves into the slot of another moved one after that one has left it.
+    const bool forward = by.index() > 0;
+    std::sort(places.begin(), places.end(),
+              [forward](Place a, Place b) { return forward ? a.index() > b.index() : a.index() < b.index(); });
+    QVector<Place> targets;
+    for (const Place place : qAsConst(places)) {
+        targets.append({place.rack + by.rack, place.slot + by.slot});
+    }
+    const std::vector<StoredModule> before = stored(places);
+    const auto moveAll = [&station = m_station](const QVector<Place> &from, const QVector<Place> &to) {
+        for (int i = 0; i < from.size(); ++i) {
+            expectSuccess(station.move(from.at(i), to.at(i)));
+        }
+    };
+    moveAll(places, targets);
+    const QString text = places.size() == 1 ? tr("Move %1").arg(nameAt(targets.first()))
+                                            : tr("Move %n module(s)", nullptr, places.size());
+    if (std::any_of(before.begin(), before.end(), [](const auto &module) { return !module.unavailable.isEmpty(); })) {
+        pushReplacement(before, stored(targets), text); // moving it back might not restore its original bytes
+        return {};
+    }
+    QVector<Place> reversedPlaces(places.crbegin(), places.crend());
+    QVector<Place> reversedTargets(targets.crbegin(), targets.crend());
     push(
-        text, [&station = m_station, from, to] { expectSuccess(station.move(to, from)); },
-        [&station = m_station, from, to] { expectSuccess(station.move(from, to)); });
-    return result;
+        text, [=] { moveAll(reversedTargets, reversedPlaces); }, [=] { moveAll(places, targets); });
+    return {};
 }
 
 void StationEdits::remove(const QVector<Place> &places)
@@ -135,10 +257,13 @@ Result<> StationEdits::replaceState(Place place, const QByteArray &state)
     StoredModule after = before;
     after.state = state;
     after.unavailable.clear();
-    if (!m_station.put(after)) {
-        Failure failure{m_station.take(place).unavailable};
+    Result<> replaced = m_station.checkAddresses(state);
+    if (replaced && !m_station.put(after)) {
+        replaced = Failure{m_station.take(place).unavailable};
+    }
+    if (!replaced) {
         m_station.put(before);
-        return failure;
+        return replaced;
     }
     pushReplacement({before}, {stored(place)}, tr("Edit %1").arg(nameAt(place)));
     return {};

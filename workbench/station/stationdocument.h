@@ -1,6 +1,8 @@
 // The station that is being edited, with its undo stack and its project file.
 #pragma once
 
+#include "projectfile.h"
+#include "recoverycopy.h"
 #include "stationblocks.h"
 #include "stationcommands.h"
 
@@ -13,6 +15,10 @@ public:
     struct Rebuilt {
         int moduleCount = 0;
         std::vector<BlockResult> problems;
+    };
+    enum class Overwrite {
+        IfUnchanged, ///< replace only what was read from or written to the document's file
+        Always
     };
 
     /// Starts with @p station as a new project that was never saved. @p plugin must outlive the document.
@@ -30,11 +36,17 @@ public:
     /// Replaces the station by an empty one.
     void create();
     /// Replaces the station by the one in a project file. A failure leaves the present station; the reason is empty
-    /// when
-    /// @p progress cancelled.
+    /// when @p progress cancelled.
     Result<> open(const QString &path, const Progress &progress = {});
-    /// Writes the station to a project file, which becomes the document's file.
-    Result<> save(const QString &path);
+    /// Writes the station to a project file, which becomes the document's file. Another file is always replaced.
+    Result<ProjectFile::Written> save(const QString &path, Overwrite overwrite = Overwrite::IfUnchanged);
+    /// Replaces the station by a modified one, never saved, with what can be read of a damaged project file. Returns
+    /// what is lost or may be wrong. A failure leaves the present station.
+    Result<QStringList> recover(const QString &path, const Progress &progress = {});
+    /// Replaces the station by a recovery copy. It is modified, and has the project file of the copy.
+    Result<> restore(const UnsavedStation &unsaved);
+    /// What restore() needs.
+    UnsavedStation unsaved() const;
     /// Replaces the station by a modified one that is rebuilt from a file of configuration blocks. Keeps the present
     /// station if no block can be rebuilt, and on a failure. The reason is empty when @p progress cancelled.
     Result<Rebuilt> readBlocks(const QString &path, const Progress &progress = {});
@@ -45,12 +57,14 @@ signals:
     void fileNameChanged();
 
 private:
-    void replace(std::unique_ptr<Station> station, const QString &fileName);
+    void replace(std::unique_ptr<Station> station, const QString &fileName, const QString &savedChecksum,
+                 bool isModified);
     QString nextMemoryOwner();
 
     const PluginLibrary &m_plugin;
     std::unique_ptr<Station> m_station;
     QUndoStack m_undoStack;
     QString m_fileName;
+    QString m_savedChecksum; ///< of the project file's content, as far as the document knows it
     int m_stationNumber = 0;
 };

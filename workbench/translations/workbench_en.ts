@@ -20,6 +20,13 @@
             <numerusform>%n modules, %1 bytes, in the order of racks and slots</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%1 of %n module(s), %2 bytes, in the order of racks and slots</source>
+        <translation>
+            <numerusform>%1 of %n module, %2 bytes, in the order of racks and slots</numerusform>
+            <numerusform>%1 of %n modules, %2 bytes, in the order of racks and slots</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>FileCommands</name>
@@ -31,27 +38,85 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n unavailable module(s) were left out</source>
+        <source>Recovered %n module(s) as a new station.</source>
         <translation>
-            <numerusform>%n unavailable module was left out</numerusform>
-            <numerusform>%n unavailable modules were left out</numerusform>
+            <numerusform>Recovered %n module as a new station.</numerusform>
+            <numerusform>Recovered %n modules as a new station.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) rebuilt from %1</source>
+        <translation>
+            <numerusform>%n module rebuilt from %1</numerusform>
+            <numerusform>%n modules rebuilt from %1</numerusform>
         </translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message numerus="yes">
-        <source>Paste %n module(s)</source>
-        <translation>
-            <numerusform>Paste %n module</numerusform>
-            <numerusform>Paste %n modules</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>%n module(s), controller %1</source>
         <translation>
             <numerusform>%n module, controller %1</numerusform>
             <numerusform>%n modules, controller %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problem(s)</source>
+        <translation>
+            <numerusform>%n problem</numerusform>
+            <numerusform>%n problems</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ModuleCommands</name>
+    <message numerus="yes">
+        <source>%n module(s) cannot be moved.</source>
+        <translation>
+            <numerusform>%n module cannot be moved.</numerusform>
+            <numerusform>%n modules cannot be moved.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) cut</source>
+        <translation>
+            <numerusform>%n module cut</numerusform>
+            <numerusform>%n modules cut</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) copied</source>
+        <translation>
+            <numerusform>%n module copied</numerusform>
+            <numerusform>%n modules copied</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PasteResult</name>
+    <message numerus="yes">
+        <source>%1 of %n module(s) pasted</source>
+        <translation>
+            <numerusform>%1 of %n module pasted</numerusform>
+            <numerusform>%1 of %n modules pasted</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s): %1</source>
+        <translation>
+            <numerusform>%n module: %1</numerusform>
+            <numerusform>%n modules: %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryQuestion</name>
+    <message numerus="yes">
+        <source>The copy of %1 has %n module(s). Recover opens it as unsaved changes; the project file stays as it is until you save.</source>
+        <translation>
+            <numerusform>The copy of %1 has %n module. Recover opens it as unsaved changes; the project file stays as it is until you save.</numerusform>
+            <numerusform>The copy of %1 has %n modules. Recover opens it as unsaved changes; the project file stays as it is until you save.</numerusform>
         </translation>
     </message>
 </context>
@@ -62,6 +127,20 @@
         <translation>
             <numerusform>Remove %n module</numerusform>
             <numerusform>Remove %n modules</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste %n module(s)</source>
+        <translation>
+            <numerusform>Paste %n module</numerusform>
+            <numerusform>Paste %n modules</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %n module(s)</source>
+        <translation>
+            <numerusform>Move %n module</numerusform>
+            <numerusform>Move %n modules</numerusform>
         </translation>
     </message>
 </context>

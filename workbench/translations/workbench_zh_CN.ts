@@ -118,6 +118,24 @@
         <source>%1 cannot be written.</source>
         <translation>无法写入%1。</translation>
     </message>
+    <message>
+        <source>&amp;Compile Again</source>
+        <translation>重新编译(&amp;C)</translation>
+    </message>
+    <message>
+        <source>The station has changed. These blocks are outdated.</source>
+        <translation>站已更改，这些数据块已过期。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n module(s), %2 bytes, in the order of racks and slots</source>
+        <translation>
+            <numerusform>%n个模块中的%1个，%2字节，按机架和槽位排序</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not compiled: &quot;%1&quot; in rack %2, slot %3. %4</source>
+        <translation>未编译：机架%2，槽位%3中的“%1”。%4</translation>
+    </message>
 </context>
 <context>
     <name>Catalog</name>
@@ -148,6 +166,10 @@
     <message>
         <source>The catalog has no description file %1 for type %2.</source>
         <translation>目录中没有类型%2的描述文件%1。</translation>
+    </message>
+    <message>
+        <source>The description file of type %1 is malformed or needs a newer host.</source>
+        <translation>类型%1的描述文件格式错误，或需要更新版本的主机。</translation>
     </message>
 </context>
 <context>
@@ -225,12 +247,6 @@
         <source>Compiling...</source>
         <translation>正在编译...</translation>
     </message>
-    <message numerus="yes">
-        <source>%n unavailable module(s) were left out</source>
-        <translation>
-            <numerusform>略去了%n个不可用的模块</numerusform>
-        </translation>
-    </message>
     <message>
         <source>Decompile Configuration Blocks</source>
         <translation>反编译配置数据块</translation>
@@ -263,6 +279,70 @@
         <source>&amp;Discard</source>
         <translation>不保存(&amp;D)</translation>
     </message>
+    <message>
+        <source>Recover opens the modules that can still be read as a new station. The file stays as it is.</source>
+        <translation>“恢复”把仍可读取的模块作为新站打开，文件保持不变。</translation>
+    </message>
+    <message>
+        <source>%1 contains the project before the latest save.</source>
+        <translation>%1包含最近一次保存之前的项目。</translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>恢复(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Recovering...</source>
+        <translation>正在恢复...</translation>
+    </message>
+    <message>
+        <source>%1 cannot be recovered.</source>
+        <translation>无法恢复%1。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Recovered %n module(s) as a new station.</source>
+        <translation>
+            <numerusform>已把%n个模块恢复为新站。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>File Changed</source>
+        <translation>文件已更改</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program since it was opened or saved here.</source>
+        <translation>自从在此处打开或保存以来，%1已被其他程序更改。</translation>
+    </message>
+    <message>
+        <source>Overwrite replaces those changes and keeps them in %1. Save As writes to another file.</source>
+        <translation>“覆盖”会替换那些更改，并把它们保留在%1中。“另存为”写入另一个文件。</translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <translation>覆盖(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Save &amp;As...</source>
+        <translation>另存为(&amp;A)...</translation>
+    </message>
+    <message>
+        <source>No module can be rebuilt from %1.</source>
+        <translation>无法从%1重建任何模块。</translation>
+    </message>
+    <message>
+        <source>Probably it is not a file of configuration blocks. The present station stays open.</source>
+        <translation>它可能不是配置数据块文件。当前的站保持打开。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) rebuilt from %1</source>
+        <translation>
+            <numerusform>已从%1重建%n个模块</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>FileQuestions</name>
@@ -291,19 +371,29 @@
     </message>
 </context>
 <context>
-    <name>HelpDock</name>
+    <name>HelpBrowser</name>
     <message>
         <source>en</source>
         <extracomment>Folder of the help pages in this language: en or zh.</extracomment>
         <translation>zh</translation>
     </message>
     <message>
+        <source>Help page</source>
+        <translation>帮助页</translation>
+    </message>
+</context>
+<context>
+    <name>HelpDialog</name>
+    <message>
         <source>Help</source>
         <translation>帮助</translation>
     </message>
+</context>
+<context>
+    <name>HelpDock</name>
     <message>
-        <source>Help page</source>
-        <translation>帮助页面</translation>
+        <source>Help</source>
+        <translation>帮助</translation>
     </message>
 </context>
 <context>
@@ -480,40 +570,6 @@
         <source>Commands</source>
         <translation>命令</translation>
     </message>
-    <message numerus="yes">
-        <source>Paste %n module(s)</source>
-        <translation>
-            <numerusform>粘贴%n个模块</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Every slot of the station is taken.</source>
-        <translation>站的所有槽位都已占用。</translation>
-    </message>
-    <message>
-        <source>Not all modules can be pasted.</source>
-        <translation>无法粘贴所有模块。</translation>
-    </message>
-    <message>
-        <source>No module can be added.</source>
-        <translation>无法添加模块。</translation>
-    </message>
-    <message>
-        <source>%1 cannot be added.</source>
-        <translation>无法添加%1。</translation>
-    </message>
-    <message>
-        <source>Added %1 in rack %2, slot %3</source>
-        <translation>已把%1添加到机架%2，槽位%3</translation>
-    </message>
-    <message>
-        <source>The module cannot be moved.</source>
-        <translation>无法移动模块。</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; has no properties while it is not available.</source>
-        <translation>“%1”不可用，因此没有属性。</translation>
-    </message>
     <message>
         <source>The station cannot have this controller.</source>
         <translation>该站不能使用此控制器。</translation>
@@ -565,8 +621,18 @@
         <translation>缩小存储区映射</translation>
     </message>
     <message>
-        <source>The clipboard contains no modules that can be read.</source>
-        <translation>剪贴板中没有可读取的模块。</translation>
+        <source>Problems</source>
+        <translation>问题</translation>
+    </message>
+    <message>
+        <source>No problems</source>
+        <translation>没有问题</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n problem(s)</source>
+        <translation>
+            <numerusform>%n个问题</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -624,6 +690,90 @@
     </message>
 </context>
 <context>
+    <name>ModuleCommands</name>
+    <message>
+        <source>No module can be added.</source>
+        <translation>无法添加模块。</translation>
+    </message>
+    <message>
+        <source>Every slot of the station is taken.</source>
+        <translation>站的所有槽位都已占用。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be added to rack %2, slot %3.</source>
+        <translation>无法把%1添加到机架%2，槽位%3。</translation>
+    </message>
+    <message>
+        <source>Added %1 in rack %2, slot %3</source>
+        <translation>已把%1添加到机架%2，槽位%3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) cannot be moved.</source>
+        <translation>
+            <numerusform>无法移动%n个模块。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no properties while it is not available.</source>
+        <translation>“%1”不可用，因此没有属性。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) cut</source>
+        <translation>
+            <numerusform>已剪切%n个模块</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) copied</source>
+        <translation>
+            <numerusform>已复制%n个模块</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The clipboard contains no modules that can be read.</source>
+        <translation>剪贴板中没有可读取的模块。</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>已撤销：%1</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>已重做：%1</translation>
+    </message>
+</context>
+<context>
+    <name>PasteResult</name>
+    <message numerus="yes">
+        <source>%1 of %n module(s) pasted</source>
+        <translation>
+            <numerusform>%n个模块中已粘贴%1个</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1.</source>
+        <translation>%1。</translation>
+    </message>
+    <message>
+        <source>%1, with new addresses.</source>
+        <translation>%1，使用新地址。</translation>
+    </message>
+    <message>
+        <source>%1, with their former addresses.</source>
+        <translation>%1，保留原地址。</translation>
+    </message>
+    <message>
+        <source>%1: %2 with former addresses, %3 with new ones because the former are taken.</source>
+        <translation>%1：%2个保留原地址，%3个因原地址已被占用而使用新地址。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s): %1</source>
+        <translation>
+            <numerusform>%n个模块：%1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PlaceDialog</name>
     <message>
         <source>&amp;Rack:</source>
@@ -662,6 +812,79 @@
     </message>
 </context>
 <context>
+    <name>ProblemModel</name>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>Description file</source>
+        <translation>描述文件</translation>
+    </message>
+    <message>
+        <source>Recovery copy</source>
+        <translation>恢复副本</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>种类</translation>
+    </message>
+    <message>
+        <source>Where</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation>问题</translation>
+    </message>
+</context>
+<context>
+    <name>ProblemView</name>
+    <message>
+        <source>Unsaved changes are lost if the program fails. Save often. %1</source>
+        <translation>如果程序出错，未保存的更改会丢失。请经常保存。%1</translation>
+    </message>
+    <message>
+        <source>Problems</source>
+        <translation>问题</translation>
+    </message>
+</context>
+<context>
+    <name>Problems</name>
+    <message>
+        <source>%1 is not reserved, because it overlaps the addresses of %2. Change those addresses.</source>
+        <translation>%1未保留，因为它与%2的地址重叠。请更改那些地址。</translation>
+    </message>
+    <message>
+        <source>%1 is not reserved, because it is outside its area. Choose a larger controller.</source>
+        <translation>%1未保留，因为它在其存储区之外。请选择更大的控制器。</translation>
+    </message>
+    <message>
+        <source>%1 is not reserved for its module. Open the project again.</source>
+        <translation>%1没有为其模块保留。请重新打开项目。</translation>
+    </message>
+    <message>
+        <source>%1 is reserved, but no module uses it. Open the project again.</source>
+        <translation>%1已保留，但没有模块使用。请重新打开项目。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not available, and Compile leaves it out. %2</source>
+        <translation>“%1”不可用，编译时略去。%2</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2</source>
+        <translation>机架%1，槽位%2</translation>
+    </message>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1，第%2行</translation>
+    </message>
+</context>
+<context>
     <name>ProjectFile</name>
     <message>
         <source>Qt&apos;s SQLite driver is not installed.</source>
@@ -682,10 +905,6 @@
     <message>
         <source>The file is damaged: %1</source>
         <translation>文件已损坏：%1</translation>
-    </message>
-    <message>
-        <source>Another program is using the file.</source>
-        <translation>文件正被其他程序使用。</translation>
     </message>
     <message>
         <source>The file or its folder is write-protected.</source>
@@ -714,6 +933,53 @@
     <message>
         <source>its modules do not match its checksum.</source>
         <translation>其中的模块与校验和不符。</translation>
+    </message>
+    <message>
+        <source>Another program is using the file. Close it there, or try again later.</source>
+        <translation>其他程序正在使用该文件。请在那里关闭它，或稍后重试。</translation>
+    </message>
+    <message>
+        <source>The file is damaged: parts of it cannot be read.</source>
+        <translation>文件已损坏：部分内容无法读取。</translation>
+    </message>
+    <message>
+        <source>The file is damaged: SQLite reports the error %1.</source>
+        <translation>文件已损坏：SQLite报告错误%1。</translation>
+    </message>
+    <message>
+        <source>The backup %1 cannot be written. %2</source>
+        <translation>无法写入备份%1。%2</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectRecovery</name>
+    <message>
+        <source>The file is too large for a station.</source>
+        <translation>对于站来说，文件太大。</translation>
+    </message>
+    <message>
+        <source>The checksum of the file does not match. Parameters of the modules may be wrong too: compare them with a backup or a report.</source>
+        <translation>文件的校验和不符。模块的参数也可能有误：请与备份或报告比较。</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2: the module is damaged.</source>
+        <translation>机架%1，槽位%2：模块已损坏。</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2, &quot;%3&quot;: the module type is contradictory.</source>
+        <translation>机架%1，槽位%2，“%3”：模块类型自相矛盾。</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2 to rack %3, slot %4: all modules there are lost.</source>
+        <translation>机架%1，槽位%2至机架%3，槽位%4：那里的所有模块都已丢失。</translation>
+    </message>
+    <message>
+        <source>No temporary file can be written.</source>
+        <translation>无法写入临时文件。</translation>
+    </message>
+    <message>
+        <source>No module of the file can be read.</source>
+        <translation>无法读取文件中的任何模块。</translation>
     </message>
 </context>
 <context>
@@ -759,6 +1025,54 @@
     </message>
 </context>
 <context>
+    <name>RecoveryCopy</name>
+    <message>
+        <source>The folder %1 cannot be written.</source>
+        <translation>无法写入文件夹%1。</translation>
+    </message>
+    <message>
+        <source>The recovery copy is damaged.</source>
+        <translation>恢复副本已损坏。</translation>
+    </message>
+</context>
+<context>
+    <name>RecoveryQuestion</name>
+    <message>
+        <source>New station</source>
+        <translation>新站</translation>
+    </message>
+    <message>
+        <source>Unsaved Changes</source>
+        <translation>未保存的更改</translation>
+    </message>
+    <message>
+        <source>The workbench ended before the changes to %1 were saved.</source>
+        <translation>工作台在保存对%1的更改之前就结束了。</translation>
+    </message>
+    <message numerus="yes">
+        <source>The copy of %1 has %n module(s). Recover opens it as unsaved changes; the project file stays as it is until you save.</source>
+        <translation>
+            <numerusform>%1的副本有%n个模块。“恢复”把它作为未保存的更改打开；在您保存之前，项目文件保持不变。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Recover</source>
+        <translation>恢复(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>不保存(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Ask &amp;Later</source>
+        <translation>以后再问(&amp;L)</translation>
+    </message>
+    <message>
+        <source>The changes cannot be recovered. Their copy stays.</source>
+        <translation>无法恢复更改。其副本保留。</translation>
+    </message>
+</context>
+<context>
     <name>Station</name>
     <message>
         <source>Rack %1, slot %2 is taken by &quot;%3&quot;.</source>
@@ -777,10 +1091,6 @@
         <translation>机架%1的槽位%2不存在。机架编号为0至%3，槽位编号为0至%4。</translation>
     </message>
     <message>
-        <source>The description file of type %1 is malformed or needs a newer host.</source>
-        <translation>类型%1的描述文件格式错误，或需要更新的主机。</translation>
-    </message>
-    <message>
         <source>The plug-in cannot create a module of type %1.</source>
         <translation>插件无法创建类型%1的模块。</translation>
     </message>
@@ -792,12 +1102,31 @@
         <source>The lengths of its address ranges do not match its type.</source>
         <translation>其地址区的长度与类型不符。</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; in rack %2, slot %3</source>
+        <translation>机架%2，槽位%3中的“%1”</translation>
+    </message>
 </context>
 <context>
     <name>StationBlocks</name>
     <message>
         <source>The block is damaged and its end is unknown, so the bytes after it were not read.</source>
         <translation>数据块已损坏，无法确定其末尾，因此未读取后面的字节。</translation>
+    </message>
+</context>
+<context>
+    <name>StationDocument</name>
+    <message>
+        <source>Parameters that cannot be read have factory values.</source>
+        <translation>无法读取的参数使用出厂值。</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2, &quot;%3&quot;: %4</source>
+        <translation>机架%1，槽位%2，“%3”：%4</translation>
+    </message>
+    <message>
+        <source>The controller type is lost. Check the type that was chosen.</source>
+        <translation>控制器类型已丢失。请检查所选的类型。</translation>
     </message>
 </context>
 <context>
@@ -832,6 +1161,22 @@
         <source>Change the PLC type</source>
         <translation>更改PLC类型</translation>
     </message>
+    <message>
+        <source>No free slot follows. Paste them at an earlier slot.</source>
+        <translation>后面没有空闲槽位。请粘贴到前面的槽位。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste %n module(s)</source>
+        <translation>
+            <numerusform>粘贴%n个模块</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %n module(s)</source>
+        <translation>
+            <numerusform>移动%n个模块</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>StationMemory</name>
@@ -839,15 +1184,23 @@
         <source>The host has no PLC type %1.</source>
         <translation>主机没有PLC类型%1。</translation>
     </message>
-    <message>
-        <source>The area %1 of this controller has %2 bytes, but a module uses the address %3.</source>
-        <translation>此控制器的%1区有%2字节，但有模块使用地址%3。</translation>
-    </message>
     <message numerus="yes">
         <source>The area %1 has no room for %n more byte(s). Remove modules or choose a larger controller.</source>
         <translation>
             <numerusform>%1区没有再容纳%n字节的空间。请删除模块或选择更大的控制器。</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>%1 uses %2, but the area %3 of this controller ends at %4. Change the address or remove the module first.</source>
+        <translation>%1使用%2，但此控制器的%3区到%4为止。请先更改地址或删除该模块。</translation>
+    </message>
+    <message>
+        <source>%1 overlaps the addresses of %2. Change one of the two addresses.</source>
+        <translation>%1与%2的地址重叠。请更改两个地址之一。</translation>
+    </message>
+    <message>
+        <source>%1 lies outside the area %2, which ends at %3. Change the address or choose a larger controller.</source>
+        <translation>%1在%2区之外，该区到%3为止。请更改地址或选择更大的控制器。</translation>
     </message>
 </context>
 </TS>

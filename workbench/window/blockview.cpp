@@ -9,17 +9,18 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-
-#include <utility>
 
 using blockdecoder::DecodedBlock;
 using blockdecoder::Field;
 
 namespace {
 
+constexpr int shownMissing = 8;
+constexpr int margin = 80;     // px of the screen for the frame of the window
 constexpr int shownBytes = 64; // numbers are shorter, and texts are shown as such
 
 QString hexOffset(int offset)
@@ -65,11 +66,11 @@ void fitColumns(QTreeWidget &widget)
 
 } // namespace
 
-BlockView::BlockView(const QByteArray &blocks, QString fileName, QWidget *parent)
+BlockView::BlockView(QWidget *parent)
     : QDialog(parent),
-      m_bytes(blocks),
-      m_fileName(std::move(fileName)),
-      m_blocks(blockdecoder::decodeConfiguration(blocks)),
+      m_summary(new QLabel(this)),
+      m_missing(new QLabel(this)),
+      m_outdated(new QWidget(this)),
       m_list(tree(QStringLiteral("blockList"), tr("Blocks"), {tr("Rack"), tr("Slot"), tr("Module"), tr("Bytes")})),
       m_fields(tree(QStringLiteral("blockFields"), tr("Fields"),
                     {tr("Field"), tr("Value"), tr("Meaning"), tr("Offset"), tr("Bytes")}))
@@ -77,11 +78,20 @@ BlockView::BlockView(const QByteArray &blocks, QString fileName, QWidget *parent
     setObjectName(QStringLiteral("blockView"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Configuration Blocks"));
-    resize(1180, 640);
+    resize(QSize(1180, 640).boundedTo(screen()->availableSize() - QSize(margin, margin)));
 
-    auto *summary = new QLabel(tr("%n module(s), %1 bytes, in the order of racks and slots", nullptr, m_blocks.size())
-                                   .arg(locale().toString(m_bytes.size())));
-    summary->setObjectName(QStringLiteral("blockSummary"));
+    m_summary->setObjectName(QStringLiteral("blockSummary"));
+    m_missing->setObjectName(QStringLiteral("missingModules"));
+    m_missing->setWordWrap(true);
+    m_missing->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_outdated->setObjectName(QStringLiteral("outdatedNote"));
+    auto *again = new QPushButton(tr("&Compile Again"));
+    again->setObjectName(QStringLiteral("compileAgainButton"));
+    auto *note = new QHBoxLayout(m_outdated);
+    note->setContentsMargins(0, 0, 0, 0);
+    note->addWidget(new QLabel(tr("The station has changed. These blocks are outdated.")));
+    note->addWidget(again);
+    note->addStretch();
     auto *panes = new QSplitter;
     panes->addWidget(m_list);
     panes->addWidget(m_fields);
@@ -93,20 +103,55 @@ BlockView::BlockView(const QByteArray &blocks, QString fileName, QWidget *parent
     save->setObjectName(QStringLiteral("saveBlockButton"));
     buttons->addButton(tr("&Close"), QDialogButtonBox::RejectRole);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(summary);
+    layout->addWidget(m_summary);
+    layout->addWidget(m_missing);
+    layout->addWidget(m_outdated);
     layout->addWidget(panes, 1);
     layout->addWidget(buttons);
 
     m_list->setRootIsDecorated(false);
     connect(save, &QPushButton::clicked, this, &BlockView::save);
+    connect(again, &QPushButton::clicked, this, &BlockView::compileRequested);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_list, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem *item) { showFields(m_list->indexOfTopLevelItem(item)); });
+}
+
+void BlockView::setBlocks(const QByteArray &blocks, const std::vector<ModuleSummary> &missing, const QString &fileName)
+{
+    m_bytes = blocks;
+    m_fileName = fileName;
+    m_blocks = blocks.isEmpty() ? QVector<DecodedBlock>() : blockdecoder::decodeConfiguration(blocks);
+    const int total = m_blocks.size() + static_cast<int>(missing.size());
+    const QString bytes = locale().toString(m_bytes.size());
+    m_summary->setText(missing.empty()
+                           ? tr("%n module(s), %1 bytes, in the order of racks and slots", nullptr, total).arg(bytes)
+                           : tr("%1 of %n module(s), %2 bytes, in the order of racks and slots", nullptr, total)
+                                 .arg(QString::number(m_blocks.size()), bytes));
+    QStringList lines;
+    for (const ModuleSummary &module : missing) {
+        if (lines.size() == shownMissing) {
+            lines += QStringLiteral("...");
+            break;
+        }
+        lines += tr("Not compiled: \"%1\" in rack %2, slot %3. %4")
+                     .arg(module.name, QString::number(module.place.rack), QString::number(module.place.slot),
+                          module.unavailable);
+    }
+    m_missing->setText(lines.join(QLatin1Char('\n')));
+    m_missing->setVisible(!lines.isEmpty());
+    setOutdated(false);
     listBlocks();
+}
+
+void BlockView::setOutdated(bool isOutdated)
+{
+    m_outdated->setVisible(isOutdated);
 }
 
 void BlockView::listBlocks()
 {
+    m_list->clear();
     for (const DecodedBlock &block : qAsConst(m_blocks)) {
         auto *item =
             new QTreeWidgetItem(m_list, {storedText(block, "header.rackId"), storedText(block, "header.slotId"),

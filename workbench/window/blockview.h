@@ -2,16 +2,26 @@
 #pragma once
 
 #include "blockdecoder.h"
+#include "station.h"
 
 #include <QDialog>
 
+class QLabel;
 class QTreeWidget;
 
 class BlockView : public QDialog {
     Q_OBJECT
 public:
-    /// @p blocks are concatenated. Saving suggests @p fileName.
-    BlockView(const QByteArray &blocks, QString fileName, QWidget *parent);
+    explicit BlockView(QWidget *parent);
+
+    /// Shows concatenated blocks, and which modules they lack. Saving suggests @p fileName.
+    void setBlocks(const QByteArray &blocks, const std::vector<ModuleSummary> &missing, const QString &fileName);
+    /// Shows whether the station has changed since it was compiled.
+    void setOutdated(bool isOutdated);
+
+signals:
+    /// The user wants to see the blocks of the present station.
+    void compileRequested();
 
 private:
     void listBlocks();
@@ -21,6 +31,9 @@ private:
     QByteArray m_bytes;
     QString m_fileName;
     QVector<blockdecoder::DecodedBlock> m_blocks;
+    QLabel *m_summary;
+    QLabel *m_missing;
+    QWidget *m_outdated;
     QTreeWidget *m_list;
     QTreeWidget *m_fields;
 };

@@ -3,6 +3,7 @@
 #include "blockresultsdialog.h"
 #include "blockview.h"
 #include "filequestions.h"
+#include "projectrecovery.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -26,6 +27,8 @@ QString shown(const QString &path)
 FileCommands::FileCommands(StationDocument &document, QWidget &window)
     : QObject(&window), m_document(document), m_window(window)
 {
+    connect(&document, &StationDocument::stationReplaced, this, &FileCommands::markBlocksOutdated);
+    connect(&document.undoStack(), &QUndoStack::indexChanged, this, &FileCommands::markBlocksOutdated);
 }
 
 template <typename Work>
@@ -75,12 +78,59 @@ bool FileCommands::openFile(const QString &path)
     const Result<> opened = withProgress(tr("Opening %1...").arg(name),
                                          [&](const Progress &progress) { return m_document.open(path, progress); });
     if (!opened) {
-        showFailure(&m_window, tr("%1 cannot be opened.").arg(shown(path)), opened);
-        return false;
+        return offerRecover(path, opened);
     }
     emit fileUsed(path);
     emit message(tr("Opened %1").arg(name));
     showUnavailable();
+    return true;
+}
+
+/// Shows why a file is rejected. Returns true if the user recovered modules of it.
+bool FileCommands::offerRecover(const QString &path, const Result<> &rejected)
+{
+    const QString text = tr("%1 cannot be opened.").arg(shown(path));
+    if (rejected.reason().isEmpty() || !recoverProject(path)) {
+        showFailure(&m_window, text, rejected);
+        return false;
+    }
+    const QString backup = ProjectFile(path).backupPath();
+    QStringList lines{rejected.reason(), tr("Recover opens the modules that can still be read as a new station. The "
+                                            "file stays as it is.")};
+    if (QFileInfo::exists(backup)) {
+        lines += tr("%1 contains the project before the latest save.").arg(shown(backup));
+    }
+    QMessageBox box(QMessageBox::Warning, tr("Module Workbench"), text, QMessageBox::NoButton, &m_window);
+    box.setObjectName(QStringLiteral("recoverBox"));
+    box.setInformativeText(lines.join(QLatin1Char('\n')));
+    const QAbstractButton *const recoverButton = box.addButton(tr("&Recover"), QMessageBox::AcceptRole);
+    box.setEscapeButton(box.addButton(tr("Cancel"), QMessageBox::RejectRole));
+    box.exec();
+    return box.clickedButton() == recoverButton && recover(path);
+}
+
+bool FileCommands::recover(const QString &path)
+{
+    const auto losses =
+        withProgress(tr("Recovering..."), [&](const Progress &progress) { return m_document.recover(path, progress); });
+    if (!losses) {
+        showFailure(&m_window, tr("%1 cannot be recovered.").arg(shown(path)), losses);
+        return false;
+    }
+    const QString text = tr("Recovered %n module(s) as a new station.", nullptr, m_document.station().count());
+    emit message(text);
+    if (!losses->isEmpty()) {
+        QStringList lines = losses->mid(0, shownProblems);
+        QMessageBox box(QMessageBox::Warning, tr("Module Workbench"), text, QMessageBox::NoButton, &m_window);
+        box.setObjectName(QStringLiteral("lossesBox"));
+        if (losses->size() > shownProblems) {
+            lines += QStringLiteral("...");
+            box.setDetailedText(losses->join(QLatin1Char('\n')));
+        }
+        box.setInformativeText(lines.join(QLatin1Char('\n')));
+        box.addButton(tr("OK"), QMessageBox::AcceptRole);
+        box.exec();
+    }
     return true;
 }
 
@@ -118,32 +168,69 @@ bool FileCommands::saveAs()
     return !path.isEmpty() && saveTo(path);
 }
 
-bool FileCommands::saveTo(const QString &path)
+bool FileCommands::saveTo(const QString &path, StationDocument::Overwrite overwrite)
 {
-    if (const Result<> saved = m_document.save(path); !saved) {
+    const Result<ProjectFile::Written> saved = m_document.save(path, overwrite);
+    if (!saved) {
         showFailure(&m_window, tr("%1 cannot be saved.").arg(shown(path)), saved);
         return false;
+    }
+    if (*saved == ProjectFile::Written::ChangedOnDisk) {
+        return saveChanged(path);
     }
     emit fileUsed(path);
     emit message(tr("Saved %1").arg(QFileInfo(path).fileName()));
     return true;
 }
 
+/// Asks what to do with a file that contains another project than this program read or wrote.
+bool FileCommands::saveChanged(const QString &path)
+{
+    QMessageBox box(QMessageBox::Warning, tr("File Changed"),
+                    tr("%1 was changed by another program since it was opened or saved here.").arg(shown(path)),
+                    QMessageBox::NoButton, &m_window);
+    box.setObjectName(QStringLiteral("changedBox"));
+    box.setInformativeText(tr("Overwrite replaces those changes and keeps them in %1. Save As writes to another file.")
+                               .arg(shown(ProjectFile(path).backupPath())));
+    const QAbstractButton *const overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
+    const QAbstractButton *const saveAs = box.addButton(tr("Save &As..."), QMessageBox::AcceptRole);
+    QPushButton *const cancel = box.addButton(tr("Cancel"), QMessageBox::RejectRole);
+    box.setEscapeButton(cancel);
+    box.setDefaultButton(cancel);
+    box.exec();
+    if (box.clickedButton() == overwrite) {
+        return saveTo(path, StationDocument::Overwrite::Always);
+    }
+    return box.clickedButton() == saveAs && this->saveAs();
+}
+
 void FileCommands::compile()
 {
-    const std::optional<QByteArray> blocks = withProgress(
-        tr("Compiling..."), [this](const Progress &progress) { return m_document.station().compiled(progress); });
+    const Station &station = m_document.station();
+    const std::optional<QByteArray> blocks =
+        withProgress(tr("Compiling..."), [&station](const Progress &progress) { return station.compiled(progress); });
     if (!blocks) {
         return;
-    }
-    if (const int unavailable = m_document.station().unavailableCount(); unavailable != 0) {
-        emit message(tr("%n unavailable module(s) were left out", nullptr, unavailable));
     }
     const QFileInfo project(m_document.fileName());
     const QString suggestion = project.fileName().isEmpty()
                                    ? QString()
                                    : project.dir().filePath(project.completeBaseName() + QStringLiteral(".blk"));
-    (new BlockView(*blocks, suggestion, &m_window))->show();
+    if (m_blocks.isNull()) {
+        m_blocks = new BlockView(&m_window);
+        connect(m_blocks, &BlockView::compileRequested, this, &FileCommands::compile);
+    }
+    m_blocks->setBlocks(*blocks, station.unavailableModules(), suggestion);
+    m_blocks->show();
+    m_blocks->raise();
+    m_blocks->activateWindow();
+}
+
+void FileCommands::markBlocksOutdated()
+{
+    if (!m_blocks.isNull()) {
+        m_blocks->setOutdated(true);
+    }
 }
 
 void FileCommands::decompile()
@@ -160,7 +247,15 @@ void FileCommands::decompile()
                                       [&](const Progress &progress) { return m_document.readBlocks(path, progress); });
     if (!rebuilt) {
         showFailure(&m_window, tr("%1 cannot be read.").arg(shown(path)), rebuilt);
-    } else if (!rebuilt->problems.empty()) {
+        return;
+    }
+    if (rebuilt->moduleCount == 0) {
+        showFailure(&m_window, tr("No module can be rebuilt from %1.").arg(shown(path)),
+                    Failure{tr("Probably it is not a file of configuration blocks. The present station stays open.")});
+        return;
+    }
+    emit message(tr("%n module(s) rebuilt from %1", nullptr, rebuilt->moduleCount).arg(QFileInfo(path).fileName()));
+    if (!rebuilt->problems.empty()) {
         BlockResultsDialog(rebuilt->moduleCount, rebuilt->problems, &m_window).exec();
     }
 }

@@ -3,6 +3,10 @@
 
 #include "stationdocument.h"
 
+#include <QPointer>
+
+class BlockView;
+
 class FileCommands : public QObject {
     Q_OBJECT
 public:
@@ -11,8 +15,8 @@ public:
 
     void create();
     void open();
-    /// Opens a project file. Returns false, after informing the user, and keeps the present station when the file is
-    /// rejected.
+    /// Opens a project file, or what can be recovered of it if the user wants that. Returns false, after informing the
+    /// user, and keeps the present station when the file is rejected.
     bool openFile(const QString &path);
     void openRecent(const QString &path);
     bool save();
@@ -33,12 +37,17 @@ signals:
     void fileMissing(const QString &path);
 
 private:
-    bool saveTo(const QString &path);
+    bool saveTo(const QString &path, StationDocument::Overwrite overwrite = StationDocument::Overwrite::IfUnchanged);
+    bool saveChanged(const QString &path);
+    bool offerRecover(const QString &path, const Result<> &rejected);
+    bool recover(const QString &path);
     void showUnavailable();
+    void markBlocksOutdated();
     /// Returns work(progress). A long operation shows its progress and can be cancelled.
     template <typename Work>
     auto withProgress(const QString &label, Work work);
 
     StationDocument &m_document;
     QWidget &m_window;
+    QPointer<BlockView> m_blocks; ///< the compiled blocks, while they are shown
 };

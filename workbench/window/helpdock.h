@@ -1,28 +1,20 @@
-// Shows the help: one page per module family, and an overview.
+// The help beside the racks.
 #pragma once
 
-#include "catalog.h"
+#include "helpbrowser.h"
 
 #include <QDockWidget>
-
-class QTextBrowser;
 
 class HelpDock : public QDockWidget {
     Q_OBJECT
 public:
     explicit HelpDock(QWidget *parent);
 
-    /// Opens the page of a help keyword of the plug-in, in either language; the overview for any other keyword.
-    void showKeyword(const QString &keyword);
-    /// Opens the page of a family; the overview for a family without a page.
-    void showFamily(CatalogFamily family);
+    HelpBrowser &browser() { return *m_browser; }
 
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void showPage(const QString &page);
-    void retranslate();
-
-    QTextBrowser *m_browser;
+    HelpBrowser *m_browser;
 };

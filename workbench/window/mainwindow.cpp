@@ -3,10 +3,13 @@
 #include "catalogview.h"
 #include "filecommands.h"
 #include "filequestions.h"
+#include "helpdialog.h"
 #include "memoryview.h"
 #include "moduleclipboard.h"
-#include "placedialog.h"
+#include "modulecommands.h"
+#include "problemview.h"
 #include "rackview.h"
+#include "recoveryquestion.h"
 #include "simulatedbase.h"
 #include "simulatedhelp.h"
 #include "ui_mainwindow.h"
@@ -18,6 +21,7 @@
 #include <QLabel>
 #include <QSettings>
 #include <QStyle>
+#include <QToolButton>
 
 #include <utility>
 
@@ -36,10 +40,14 @@ MainWindow::MainWindow(const PluginLibrary &plugin, std::vector<CatalogEntry> ca
     : m_ui(std::make_unique<Ui::MainWindow>()),
       m_catalog(std::move(catalog)),
       m_document(plugin, std::move(station)),
+      m_recovery(m_document),
       m_files(new FileCommands(m_document, *this)),
       m_catalogView(new CatalogView(m_catalog, this)),
       m_rackView(new RackView(m_catalog, this)),
       m_memoryView(new MemoryView(m_catalog, this)),
+      m_modules(new ModuleCommands(m_document, *m_rackView, m_catalog, *this)),
+      m_problems(new ProblemView(ignoredDescriptions(plugin), this)),
+      m_problemCount(new QToolButton(this)),
       m_summary(new QLabel(this)),
       m_controllers(new QActionGroup(this))
 {
@@ -71,10 +79,15 @@ void MainWindow::addViews()
     m_ui->memoryDock->setWidget(m_memoryView);
     m_ui->helpDock->hide();
     m_summary->setObjectName(QStringLiteral("stationSummary"));
+    statusBar()->addPermanentWidget(m_problemCount);
     statusBar()->addPermanentWidget(m_summary);
+    m_problemCount->setObjectName(QStringLiteral("problemCount"));
+    m_problemCount->setAutoRaise(true);
+    m_ui->problemDock->setWidget(m_problems);
+    tabifyDockWidget(m_ui->problemDock, m_ui->memoryDock);
     m_ui->viewMenu->insertActions(m_ui->viewMenu->actions().constFirst(),
                                   {m_ui->catalogDock->toggleViewAction(), m_ui->memoryDock->toggleViewAction(),
-                                   m_ui->helpDock->toggleViewAction()});
+                                   m_ui->problemDock->toggleViewAction(), m_ui->helpDock->toggleViewAction()});
     m_rackView->addActions({m_ui->configureAction, m_ui->placeAction, m_ui->cutAction, m_ui->copyAction,
                             m_ui->pasteAction, m_ui->removeAction});
     m_rackView->setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -115,6 +128,8 @@ void MainWindow::connectFileActions()
     connect(m_ui->recentMenu, &RecentMenu::fileChosen, m_files, &FileCommands::openRecent);
     connect(m_files, &FileCommands::fileUsed, m_ui->recentMenu, &RecentMenu::add);
     connect(m_files, &FileCommands::fileMissing, m_ui->recentMenu, &RecentMenu::remove);
+    connect(m_ui->recentMenu, &RecentMenu::filesChanged, this,
+            [](const QStringList &files) { settings().setValue(QStringLiteral("recentFiles"), files); });
     connect(m_files, &FileCommands::message, this, &MainWindow::showMessage);
     connect(m_ui->quitAction, &QAction::triggered, this, &QWidget::close);
 }
@@ -122,8 +137,10 @@ void MainWindow::connectFileActions()
 void MainWindow::connectModuleActions()
 {
     QUndoStack &undoStack = m_document.undoStack();
-    connect(m_ui->undoAction, &QAction::triggered, &undoStack, &QUndoStack::undo);
-    connect(m_ui->redoAction, &QAction::triggered, &undoStack, &QUndoStack::redo);
+    connect(m_ui->undoAction, &QAction::triggered, m_modules, &ModuleCommands::undo);
+    connect(m_ui->redoAction, &QAction::triggered, m_modules, &ModuleCommands::redo);
+    connect(&undoStack, &QUndoStack::indexChanged, statusBar(), &QStatusBar::clearMessage); // an earlier edit's
+    connect(m_modules, &ModuleCommands::message, this, &MainWindow::showMessage);
     connect(&undoStack, &QUndoStack::canUndoChanged, m_ui->undoAction, &QAction::setEnabled);
     connect(&undoStack, &QUndoStack::canRedoChanged, m_ui->redoAction, &QAction::setEnabled);
     m_ui->undoAction->setEnabled(false);
@@ -132,14 +149,12 @@ void MainWindow::connectModuleActions()
         {QKeySequence(QStringLiteral("Ctrl+Y")), QKeySequence(QStringLiteral("Ctrl+Shift+Z"))});
     m_ui->configureAction->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
 
-    const auto remove = [this] { m_document.edits().remove(m_rackView->selectedModules()); };
-    connect(m_ui->cutAction, &QAction::triggered, this, &MainWindow::copy);
-    connect(m_ui->cutAction, &QAction::triggered, this, remove);
-    connect(m_ui->removeAction, &QAction::triggered, this, remove);
-    connect(m_ui->copyAction, &QAction::triggered, this, &MainWindow::copy);
-    connect(m_ui->pasteAction, &QAction::triggered, this, &MainWindow::paste);
-    connect(m_ui->placeAction, &QAction::triggered, this, &MainWindow::askForPlace);
-    connect(m_ui->configureAction, &QAction::triggered, this, &MainWindow::configureModule);
+    connect(m_ui->cutAction, &QAction::triggered, m_modules, &ModuleCommands::cut);
+    connect(m_ui->removeAction, &QAction::triggered, m_modules, &ModuleCommands::remove);
+    connect(m_ui->copyAction, &QAction::triggered, m_modules, &ModuleCommands::copy);
+    connect(m_ui->pasteAction, &QAction::triggered, m_modules, &ModuleCommands::paste);
+    connect(m_ui->placeAction, &QAction::triggered, m_modules, &ModuleCommands::askForPlace);
+    connect(m_ui->configureAction, &QAction::triggered, m_modules, &ModuleCommands::configure);
     connect(m_ui->addAction, &QAction::triggered, m_catalogView, &CatalogView::requestPlace);
     const auto updatePaste = [this] { m_ui->pasteAction->setEnabled(clipboardHasModules()); };
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this, updatePaste);
@@ -160,13 +175,13 @@ void MainWindow::connectViewActions()
 
 void MainWindow::connectViews()
 {
-    connect(m_catalogView, &CatalogView::placeRequested, this, &MainWindow::addModule);
+    connect(m_catalogView, &CatalogView::placeRequested, m_modules, &ModuleCommands::add);
     const auto updateAdd = [this] { m_ui->addAction->setEnabled(m_catalogView->currentType().has_value()); };
     connect(m_catalogView, &CatalogView::currentTypeChanged, this, updateAdd);
     updateAdd();
-    connect(m_rackView, &RackView::placeRequested, this, &MainWindow::addModuleAt);
-    connect(m_rackView, &RackView::moveRequested, this, &MainWindow::moveModule);
-    connect(m_rackView, &RackView::propertiesRequested, this, &MainWindow::configureModule);
+    connect(m_rackView, &RackView::placeRequested, m_modules, &ModuleCommands::addAt);
+    connect(m_rackView, &RackView::moveRequested, m_modules, &ModuleCommands::move);
+    connect(m_rackView, &RackView::propertiesRequested, m_modules, &ModuleCommands::configure);
     connect(m_rackView, &RackView::dropRefused, this, &MainWindow::showMessage);
     connect(m_rackView->selectionModel(), &QItemSelectionModel::selectionChanged, this, &MainWindow::updateSelection);
     connect(m_rackView->selectionModel(), &QItemSelectionModel::currentChanged, this, &MainWindow::updateCurrent);
@@ -175,11 +190,27 @@ void MainWindow::connectViews()
     connect(&m_document, &StationDocument::fileNameChanged, this, &MainWindow::updateTitle);
     connect(&m_document.undoStack(), &QUndoStack::cleanChanged, this, &MainWindow::updateTitle);
     connect(&m_document.undoStack(), &QUndoStack::indexChanged, this, &MainWindow::updateStation);
+    connect(m_problemCount, &QToolButton::clicked, this, [this] {
+        m_ui->problemDock->show();
+        m_ui->problemDock->raise();
+    });
+    connect(m_problems, &ProblemView::placeRequested, m_rackView, &RackView::setCurrentPlace);
+    connect(m_problems, &ProblemView::countChanged, this, &MainWindow::updateProblemCount);
+    connect(&m_recovery, &AutoRecovery::problemChanged, m_problems, &ProblemView::setRecoveryProblem);
     simulatedhost::setHelpListener([this](const QString &keyword) {
-        m_ui->helpDock->showKeyword(keyword);
+        if (QWidget *dialog = QApplication::activeModalWidget()) { // it blocks the dock
+            HelpDialog::showFor(*dialog, keyword);
+            return;
+        }
+        m_ui->helpDock->browser().showKeyword(keyword);
         m_ui->helpDock->show();
         m_ui->helpDock->raise();
     });
+}
+
+bool MainWindow::offerRecovery()
+{
+    return offerUnsavedStations(m_document, m_recovery, RecoveryCopy::defaultFolder(), *this);
 }
 
 bool MainWindow::openFile(const QString &path)
@@ -208,6 +239,7 @@ void MainWindow::retranslate()
     m_ui->retranslateUi(this);
     updateStation();
     updateTitle();
+    updateProblemCount(m_problems->count());
 }
 
 void MainWindow::readSettings()
@@ -224,97 +256,8 @@ void MainWindow::writeSettings() const
 {
     QSettings stored = settings();
     stored.setValue(QStringLiteral("language"), m_language.get());
-    stored.setValue(QStringLiteral("recentFiles"), m_ui->recentMenu->files());
     stored.setValue(QStringLiteral("geometry"), saveGeometry());
     stored.setValue(QStringLiteral("layout"), saveState());
-}
-
-void MainWindow::copy()
-{
-    const Station &station = m_document.station();
-    QByteArrayList states;
-    for (const Place place : m_rackView->selectedModules()) {
-        states.append(station.stored(*station.moduleAt(place)).state);
-    }
-    copyToClipboard(states);
-}
-
-void MainWindow::paste()
-{
-    const QByteArrayList states = clipboardModules();
-    if (states.isEmpty()) {
-        showMessage(tr("The clipboard contains no modules that can be read."));
-        return;
-    }
-    m_document.undoStack().beginMacro(tr("Paste %n module(s)", nullptr, states.size()));
-    Place last = m_rackView->currentPlace();
-    Result<> pasted;
-    for (int i = 0; i < states.size() && pasted; ++i) {
-        const std::optional<Place> place = m_document.station().freePlace(last);
-        pasted =
-            place ? m_document.edits().paste(states.at(i), *place) : Failure{tr("Every slot of the station is taken.")};
-        last = pasted ? *place : last;
-    }
-    m_document.undoStack().endMacro();
-    m_rackView->setCurrentPlace(last);
-    showFailure(this, tr("Not all modules can be pasted."), pasted);
-}
-
-void MainWindow::addModule(quint32 typeCode)
-{
-    if (const std::optional<Place> place = m_document.station().freePlace(m_rackView->currentPlace())) {
-        addModuleAt(typeCode, *place);
-    } else {
-        showFailure(this, tr("No module can be added."), Failure{tr("Every slot of the station is taken.")});
-    }
-}
-
-void MainWindow::addModuleAt(quint32 typeCode, Place place)
-{
-    const CatalogEntry *entry = findEntry(m_catalog, typeCode);
-    const QString name = entry == nullptr ? QString::number(typeCode) : entry->name;
-    if (const Result<> added = m_document.edits().add(typeCode, place); !added) {
-        showFailure(this, tr("%1 cannot be added.").arg(name), added);
-        return;
-    }
-    m_rackView->setCurrentPlace(place);
-    showMessage(tr("Added %1 in rack %2, slot %3").arg(name, QString::number(place.rack), QString::number(place.slot)));
-}
-
-void MainWindow::moveModule(Place from, Place to)
-{
-    if (const Result<> moved = m_document.edits().move(from, to); !moved) {
-        showFailure(this, tr("The module cannot be moved."), moved);
-        return;
-    }
-    m_rackView->setCurrentPlace(to);
-}
-
-void MainWindow::askForPlace()
-{
-    const std::optional<int> index = currentModule();
-    if (!index) {
-        return;
-    }
-    PlaceDialog dialog(m_document.station(), *index, this);
-    if (dialog.exec() == QDialog::Accepted) {
-        moveModule(m_rackView->currentPlace(), dialog.place());
-    }
-}
-
-void MainWindow::configureModule()
-{
-    const std::optional<int> index = currentModule();
-    if (!index) {
-        return;
-    }
-    const ModuleSummary module = m_document.station().module(*index);
-    if (!module.unavailable.isEmpty()) {
-        showFailure(this, tr("\"%1\" has no properties while it is not available.").arg(module.name),
-                    Failure{module.unavailable});
-        return;
-    }
-    m_document.edits().configure(module.place, this);
 }
 
 void MainWindow::setController(quint32 type)
@@ -327,7 +270,7 @@ void MainWindow::showHelp()
 {
     const std::optional<int> index = currentModule();
     const CatalogEntry *entry = index ? findEntry(m_catalog, m_document.station().module(*index).typeCode) : nullptr;
-    m_ui->helpDock->showFamily(entry == nullptr ? CatalogFamily::Other : entry->family);
+    m_ui->helpDock->browser().showFamily(entry == nullptr ? CatalogFamily::Other : entry->family);
     m_ui->helpDock->show();
     m_ui->helpDock->raise();
 }
@@ -346,6 +289,7 @@ void MainWindow::showStation()
 {
     m_memoryView->setStation(&m_document.station());
     m_rackView->setStation(&m_document.station());
+    m_problems->setStation(&m_document.station());
     connect(&m_document.station(), &Station::plcTypeChanged, this, &MainWindow::updateStation);
     updateStation();
 }
@@ -365,6 +309,12 @@ void MainWindow::updateStation()
     m_summary->setText(tr("%n module(s), controller %1", nullptr, station.count()).arg(controller));
     updateSelection();
     updateCurrent();
+}
+
+void MainWindow::updateProblemCount(int count)
+{
+    m_problemCount->setText(count == 0 ? tr("No problems") : tr("%n problem(s)", nullptr, count));
+    m_problemCount->setIcon(count == 0 ? QIcon() : style()->standardIcon(QStyle::SP_MessageBoxWarning));
 }
 
 void MainWindow::updateSelection()

@@ -1,6 +1,7 @@
-// The main window: catalog, racks, memory map, help.
+// The main window: catalog, racks, memory map, problems, help.
 #pragma once
 
+#include "autorecovery.h"
 #include "catalog.h"
 #include "language.h"
 #include "stationdocument.h"
@@ -10,8 +11,11 @@
 class CatalogView;
 class FileCommands;
 class MemoryView;
+class ModuleCommands;
+class ProblemView;
 class QActionGroup;
 class QLabel;
+class QToolButton;
 class RackView;
 
 namespace Ui {
@@ -27,6 +31,8 @@ public:
 
     /// See FileCommands::openFile().
     bool openFile(const QString &path);
+    /// Offers stations that a killed program left unsaved. Returns true if the user recovered one.
+    bool offerRecovery();
     /// Sets English or Chinese for the window, the plug-in and the host.
     void setLanguage(QLocale::Language language);
 
@@ -46,13 +52,6 @@ private:
     void readSettings();
     void writeSettings() const;
 
-    void copy();
-    void paste();
-    void addModule(quint32 typeCode);
-    void addModuleAt(quint32 typeCode, Place place);
-    void moveModule(Place from, Place to);
-    void askForPlace();
-    void configureModule();
     void setController(quint32 type);
     void showHelp();
 
@@ -61,6 +60,7 @@ private:
     void showStation();
     void showMessage(const QString &text);
     void updateStation();
+    void updateProblemCount(int count);
     void updateSelection();
     void updateCurrent();
     void updateTitle();
@@ -68,11 +68,15 @@ private:
     const std::unique_ptr<Ui::MainWindow> m_ui;
     const std::vector<CatalogEntry> m_catalog;
     StationDocument m_document;
+    AutoRecovery m_recovery;
     InterfaceLanguage m_language;
     FileCommands *m_files;
     CatalogView *m_catalogView;
     RackView *m_rackView;
     MemoryView *m_memoryView;
+    ModuleCommands *m_modules;
+    ProblemView *m_problems;
+    QToolButton *m_problemCount;
     QLabel *m_summary;
     QActionGroup *m_controllers;
 };

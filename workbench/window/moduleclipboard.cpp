@@ -1,5 +1,7 @@
 #include "moduleclipboard.h"
 
+#include "modulestream.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QDataStream>
@@ -7,21 +9,19 @@
 
 namespace {
 
-constexpr auto streamVersion = QDataStream::Qt_5_15;
-
 QString mimeType()
 {
-    return QStringLiteral("application/x-simpleextend-modules");
+    return QStringLiteral("application/x-simpleextend-stored-modules");
 }
 
 } // namespace
 
-void copyToClipboard(const QByteArrayList &states)
+void copyToClipboard(const CopiedModules &copied)
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setVersion(streamVersion);
-    stream << states;
+    stream << copied.areCut;
+    writeModules(stream, copied.modules);
     auto *data = new QMimeData;
     data->setData(mimeType(), bytes);
     QApplication::clipboard()->setMimeData(data);
@@ -33,14 +33,13 @@ bool clipboardHasModules()
     return data != nullptr && data->hasFormat(mimeType());
 }
 
-QByteArrayList clipboardModules()
+CopiedModules clipboardModules()
 {
     if (!clipboardHasModules()) {
         return {};
     }
     QDataStream stream(QApplication::clipboard()->mimeData()->data(mimeType()));
-    stream.setVersion(streamVersion);
-    QByteArrayList states;
-    stream >> states;
-    return stream.status() == QDataStream::Ok ? states : QByteArrayList();
+    CopiedModules copied;
+    stream >> copied.areCut;
+    return readModules(stream, copied.modules) ? copied : CopiedModules();
 }

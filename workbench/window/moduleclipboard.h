@@ -1,10 +1,14 @@
-// Modules on the clipboard, as their saved states.
+// Modules on the clipboard.
 #pragma once
 
-#include <QByteArrayList>
+#include "project.h"
 
-void copyToClipboard(const QByteArrayList &states);
-/// True if the clipboard contains data in the format of this program. Does not read the data.
+struct CopiedModules {
+    bool areCut = false;               ///< no copies remain, so they keep their addresses
+    std::vector<StoredModule> modules; ///< in the order of a station
+};
+
+void copyToClipboard(const CopiedModules &copied);
 bool clipboardHasModules();
-/// The states on the clipboard; empty if it contains something else or malformed data.
-QByteArrayList clipboardModules();
+/// No modules if the clipboard contains none that can be read.
+CopiedModules clipboardModules();

@@ -3,8 +3,30 @@
 #include "catalogview.h"
 #include "imagerangetext.h"
 
+#include <QDataStream>
 #include <QMimeData>
 #include <QUuid>
+
+#include <utility>
+
+namespace {
+
+/// The modules of dragged data, and how far a drop at @p to moves them.
+std::pair<QVector<Place>, Place> moveOf(const QByteArray &data, Place to)
+{
+    QDataStream stream(data);
+    int index = 0;
+    stream >> index;
+    const Place grabbed = Place::at(index);
+    QVector<Place> places;
+    while (!stream.atEnd()) {
+        stream >> index;
+        places.append(Place::at(index));
+    }
+    return {places, {to.rack - grabbed.rack, to.slot - grabbed.slot}};
+}
+
+} // namespace
 
 RackModel::RackModel(const std::vector<CatalogEntry> &catalog, QObject *parent)
     : QAbstractTableModel(parent),
@@ -48,6 +70,11 @@ std::optional<ModuleSummary> RackModel::moduleAt(const QModelIndex &index) const
     return found ? std::optional<ModuleSummary>(m_station->module(*found)) : std::nullopt;
 }
 
+bool RackModel::hasModule(const QModelIndex &index) const
+{
+    return m_station != nullptr && m_station->moduleAt(placeOf(index));
+}
+
 int RackModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : Place::rackCount;
@@ -83,9 +110,8 @@ QVariant RackModel::headerData(int section, Qt::Orientation orientation, int rol
 
 Qt::ItemFlags RackModel::flags(const QModelIndex &index) const
 {
-    const bool hasModule = m_station != nullptr && m_station->moduleAt(placeOf(index));
     return QAbstractTableModel::flags(index) | Qt::ItemIsDropEnabled |
-           (hasModule ? Qt::ItemIsDragEnabled : Qt::NoItemFlags);
+           (hasModule(index) ? Qt::ItemIsDragEnabled : Qt::NoItemFlags);
 }
 
 QStringList RackModel::mimeTypes() const
@@ -95,22 +121,42 @@ QStringList RackModel::mimeTypes() const
 
 QMimeData *RackModel::mimeData(const QModelIndexList &indexes) const
 {
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << m_grabbed.index();
+    for (const QModelIndex &index : indexes) {
+        stream << placeOf(index).index();
+    }
     auto *data = new QMimeData;
-    data->setData(m_moveMimeType, QByteArray::number(placeOf(indexes.first()).index()));
+    data->setData(m_moveMimeType, bytes);
     return data;
 }
 
-bool RackModel::canDropMimeData(const QMimeData * /*data*/, Qt::DropAction /*action*/, int /*row*/, int /*column*/,
+bool RackModel::canMove(const QVector<Place> &places, Place by) const
+{
+    return m_station != nullptr && m_station->checkMove(places, by);
+}
+
+Result<> RackModel::checkDrop(const QMimeData &data, Place to) const
+{
+    if (!data.hasFormat(m_moveMimeType)) {
+        return m_station->checkFree(to);
+    }
+    const auto [places, by] = moveOf(data.data(m_moveMimeType), to);
+    return by == Place() ? Failure() : m_station->checkMove(places, by);
+}
+
+bool RackModel::canDropMimeData(const QMimeData *data, Qt::DropAction /*action*/, int /*row*/, int /*column*/,
                                 const QModelIndex &parent) const
 {
     if (!parent.isValid() || m_station == nullptr) {
         return false;
     }
-    const Result<> free = m_station->checkFree(placeOf(parent));
-    if (!free) {
-        emit dropRefused(free.reason());
+    const Result<> possible = checkDrop(*data, placeOf(parent));
+    if (!possible) {
+        emit dropRefused(possible.reason());
     }
-    return static_cast<bool>(free);
+    return static_cast<bool>(possible);
 }
 
 bool RackModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
@@ -120,7 +166,8 @@ bool RackModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int r
         return false;
     }
     if (data->hasFormat(m_moveMimeType)) {
-        emit moveRequested(Place::at(data->data(m_moveMimeType).toInt()), placeOf(parent));
+        const auto [places, by] = moveOf(data->data(m_moveMimeType), placeOf(parent));
+        emit moveRequested(places, by);
     } else {
         emit placeRequested(data->data(CatalogView::mimeType()).toUInt(), placeOf(parent));
     }

@@ -19,6 +19,9 @@ public:
     static Place placeOf(const QModelIndex &index) { return {index.row(), index.column()}; }
     /// std::nullopt for a free slot.
     std::optional<ModuleSummary> moduleAt(const QModelIndex &index) const;
+    bool hasModule(const QModelIndex &index) const;
+    /// See Station::checkMove().
+    bool canMove(const QVector<Place> &places, Place by) const;
     /// Null for a type that the catalog lacks.
     const CatalogEntry *entryOf(quint32 typeCode) const { return findEntry(m_catalog, typeCode); }
 
@@ -30,7 +33,9 @@ public:
     Qt::DropActions supportedDropActions() const override { return Qt::CopyAction | Qt::MoveAction; }
     Qt::DropActions supportedDragActions() const override { return Qt::MoveAction; }
     QStringList mimeTypes() const override;
-    /// @p indexes must contain one index.
+    /// The place that the user grabs. A drop moves this one to the slot of the drop, and the other dragged modules with
+    /// it.
+    void setGrabbed(Place place) { m_grabbed = place; }
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                          const QModelIndex &parent) const override;
@@ -43,19 +48,20 @@ public:
 signals:
     /// A module type was dropped from the catalog on a free slot.
     void placeRequested(quint32 typeCode, Place place);
-    /// A module was dropped on a free slot.
-    void moveRequested(Place from, Place to);
+    /// Modules were dropped on slots where they can be.
+    void moveRequested(const QVector<Place> &places, Place by);
     /// A drag is over a slot where it cannot be dropped.
     void dropRefused(const QString &reason) const;
 
 private:
     void emitChange(Place place);
+    Result<> checkDrop(const QMimeData &data, Place to) const;
     QString toolTip(const ModuleSummary &module) const;
     QString accessibleText(const QModelIndex &index) const;
 
     const std::vector<CatalogEntry> &m_catalog;
     const Station *m_station = nullptr;
-    /// Type of the data of a dragged module, which is Place::index(). Unique, because a place has no meaning in another
-    /// window.
+    Place m_grabbed;
+    /// Type of the data of dragged modules. Unique, because a place has no meaning in another window.
     const QString m_moveMimeType;
 };

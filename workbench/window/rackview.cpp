@@ -3,6 +3,7 @@
 #include "imagerangetext.h"
 #include "modulecolors.h"
 
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -50,7 +51,7 @@ public:
         }
         paintOutline(*painter, card, option, module.has_value());
         if (m_view.state() == DraggingState && (option.state & QStyle::State_MouseOver) != 0) {
-            paintDrop(*painter, card, option.palette, !module || index == m_view.currentIndex());
+            paintDrop(*painter, card, option.palette, m_view.m_isDropWelcome);
         }
         painter->restore();
     }
@@ -171,11 +172,30 @@ void RackView::setCurrentPlace(Place place)
     scrollTo(currentIndex());
 }
 
+void RackView::selectPlaces(const QVector<Place> &places)
+{
+    if (places.isEmpty()) {
+        return;
+    }
+    QItemSelection selection;
+    for (const Place place : places) {
+        const QModelIndex index = m_model->indexOf(place);
+        // One range per run of slots, because a selection of many ranges is slow.
+        if (!selection.isEmpty() && selection.last().bottomRight() == index.siblingAtColumn(place.slot - 1)) {
+            selection.last() = QItemSelectionRange(selection.last().topLeft(), index);
+        } else {
+            selection.append(QItemSelectionRange(index));
+        }
+    }
+    setCurrentPlace(places.first());
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
 QVector<Place> RackView::selectedModules() const
 {
     QVector<Place> places;
     for (const QModelIndex &index : selectionModel()->selectedIndexes()) {
-        if (m_model->moduleAt(index)) {
+        if (m_model->hasModule(index)) {
             places.append(RackModel::placeOf(index));
         }
     }
@@ -183,16 +203,15 @@ QVector<Place> RackView::selectedModules() const
     return places;
 }
 
-/// Requests to move the current module to the next free slot in a direction.
+/// Requests to move the selected modules to the next free slots in a direction.
 void RackView::moveBy(int racks, int columns)
 {
-    const Place from = currentPlace();
-    Place to = from;
-    do {
-        to = {to.rack + racks, to.slot + columns};
-    } while (to.isValid() && m_model->moduleAt(m_model->indexOf(to)));
-    if (to.isValid() && m_model->moduleAt(currentIndex())) {
-        emit moveRequested(from, to);
+    const QVector<Place> places = selectedModules();
+    for (int steps = 1; steps < Place::rackCount && !places.isEmpty(); ++steps) {
+        if (const Place by{racks * steps, columns * steps}; m_model->canMove(places, by)) {
+            emit moveRequested(places, by);
+            return;
+        }
     }
 }
 
@@ -222,11 +241,27 @@ void RackView::mouseDoubleClickEvent(QMouseEvent *event)
     }
 }
 
-/// Drags the current module only.
 void RackView::startDrag(Qt::DropActions supportedActions)
 {
-    setCurrentPlace(currentPlace());
+    m_model->setGrabbed(currentPlace());
     QTableView::startDrag(supportedActions);
+}
+
+/// Unlike the base class allows modules to move into slots that they leave themselves.
+void RackView::dragMoveEvent(QDragMoveEvent *event)
+{
+    QTableView::dragMoveEvent(event);
+    m_isDropWelcome = m_model->canDropMimeData(event->mimeData(), event->dropAction(), -1, -1, indexAt(event->pos()));
+    event->setAccepted(m_isDropWelcome);
+    viewport()->update();
+}
+
+void RackView::dropEvent(QDropEvent *event)
+{
+    stopAutoScroll();
+    setState(NoState);
+    viewport()->update();
+    event->setAccepted(m_model->dropMimeData(event->mimeData(), event->dropAction(), -1, -1, indexAt(event->pos())));
 }
 
 void RackView::changeEvent(QEvent *event)

@@ -18,6 +18,8 @@ public:
     Place currentPlace() const { return RackModel::placeOf(currentIndex()); }
     /// Makes a slot current, selects only this slot and scrolls to it.
     void setCurrentPlace(Place place);
+    /// Selects slots, makes the first one current and scrolls to it. Does nothing for an empty list.
+    void selectPlaces(const QVector<Place> &places);
     /// The selected slots that contain a module, in the order of a station.
     QVector<Place> selectedModules() const;
 
@@ -25,13 +27,15 @@ signals:
     void propertiesRequested();
     /// See RackModel for the three signals below. Keys request moves too.
     void placeRequested(quint32 typeCode, Place place);
-    void moveRequested(Place from, Place to);
+    void moveRequested(const QVector<Place> &places, Place by);
     void dropRefused(const QString &reason);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void startDrag(Qt::DropActions supportedActions) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
@@ -41,4 +45,5 @@ private:
     void moveBy(int racks, int columns);
 
     RackModel *m_model;
+    bool m_isDropWelcome = false; ///< where the drag is now
 };

@@ -30,6 +30,7 @@ void RecentMenu::add(const QString &path)
     files.removeAll(absolute);
     files.prepend(absolute);
     setFiles(files);
+    emit filesChanged(m_files);
 }
 
 void RecentMenu::remove(const QString &path)
@@ -37,4 +38,5 @@ void RecentMenu::remove(const QString &path)
     QStringList files = m_files;
     files.removeAll(QFileInfo(path).absoluteFilePath());
     setFiles(files);
+    emit filesChanged(m_files);
 }

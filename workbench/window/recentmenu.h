@@ -16,6 +16,7 @@ public:
     void remove(const QString &path);
 
 signals:
+    void filesChanged(const QStringList &files);
     void fileChosen(const QString &path);
 
 private:

@@ -1,0 +1,44 @@
+#include "helpdialog.h"
+
+#include "helpbrowser.h"
+
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+void HelpDialog::showFor(QWidget &dialog, const QString &keyword)
+{
+    auto *help = dialog.findChild<HelpDialog *>(QString(), Qt::FindDirectChildrenOnly);
+    if (help == nullptr) {
+        help = new HelpDialog(dialog);
+        help->moveBeside(dialog);
+    }
+    help->m_browser->showKeyword(keyword);
+    help->show();
+    help->raise();
+    help->activateWindow();
+}
+
+HelpDialog::HelpDialog(QWidget &dialog) : QDialog(&dialog), m_browser(new HelpBrowser(this))
+{
+    setObjectName(QStringLiteral("helpDialog"));
+    m_browser->setObjectName(QStringLiteral("helpDialogBrowser"));
+    setWindowTitle(tr("Help"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_browser);
+}
+
+/// To the right of the dialog, else to its left, else where the screen has room.
+void HelpDialog::moveBeside(const QWidget &dialog)
+{
+    const QRect frame = dialog.frameGeometry();
+    const QRect screen = dialog.screen()->availableGeometry();
+    const int width = std::min(m_browser->minimumWidth() * 3 / 2, screen.width());
+    const bool fitsRight = frame.right() + width <= screen.right();
+    const int x = fitsRight ? frame.right() + 1 : frame.left() - width;
+    const int height = std::min(frame.height(), screen.height());
+    setGeometry(std::clamp(x, screen.left(), screen.right() + 1 - width),
+                std::clamp(dialog.geometry().top(), screen.top(), screen.bottom() + 1 - height), width, height);
+}
