@@ -9,8 +9,10 @@
 #include "pagefixture.h"
 #include "projectfile.h"
 #include "rackview.h"
+#include "recoverycopy.h"
 #include "rows.h"
 #include "simulatedhost.h"
+#include "statepatch.h"
 
 #include <QtWidgets>
 
@@ -31,6 +33,10 @@ class TestMainWindow : public QObject {
     void trigger(const char *action) const { child<QAction>(action)->trigger(); }
     QString cell(Place place) const { return m_racks->model()->data(at(place), Qt::AccessibleTextRole).toString(); }
     QModelIndex at(Place place) const { return m_racks->model()->index(place.rack, place.slot); }
+    static QStringList settingsFiles()
+    {
+        return QSettings("simpleextend", "workbench").value("recentFiles").toStringList();
+    }
     QString summary() const { return child<QLabel>("stationSummary")->text(); }
     QString freeText(const char *strip) const { return child<MemoryStrip>(strip)->accessibleDescription(); }
 
@@ -60,6 +66,32 @@ class TestMainWindow : public QObject {
             }
             answer(dialog);
         });
+    }
+
+    /// Clicks a button of the next message box, which must have this object name.
+    void clickNext(const char *box, const QString &button)
+    {
+        answerNext<QMessageBox>([=](QMessageBox *dialog) {
+            const auto buttons = dialog->buttons();
+            const auto found = std::find_if(buttons.begin(), buttons.end(),
+                                            [&](const QAbstractButton *each) { return each->text() == button; });
+            if (dialog->objectName() != QLatin1String(box) || found == buttons.end()) {
+                qFatal("%s: %s", qPrintable(dialog->objectName()), qPrintable(dialog->text()));
+            }
+            (*found)->click();
+        });
+    }
+
+    /// A project with a module of a type that the catalog lacks, in rack 0, slot 1.
+    Project partlyUnavailable() const
+    {
+        Station station(m_plugin, "unavailable");
+        if (!station.add(13650, {0, 0}) || !station.add(13650, {0, 1})) {
+            qFatal("no module");
+        }
+        Project project = station.project();
+        project.modules[1].state = withFields(project.modules[1].state, {{"objId", {"\0\0\0\1", 4}}});
+        return project;
     }
 
     /// Drags the data to the slot and drops it there. False if the view accepts neither.
@@ -193,6 +225,37 @@ private slots:
         QVERIFY(summary().startsWith("1 module"));
     }
 
+    void movesASelectionAsOne()
+    {
+        add("4 x TC");
+        add("SX-DI08");
+        m_racks->setCurrentPlace({0, 0});
+        press(m_racks, Qt::Key_Right, Qt::ShiftModifier);
+        static_cast<RackModel *>(m_racks->model())->setGrabbed({0, 1});
+        const std::unique_ptr<QMimeData> modules(m_racks->model()->mimeData({at({0, 0}), at({0, 1})}));
+        QVERIFY(!drop(*modules, {0, 0})); // the first one would leave the rack
+        QVERIFY(drop(*modules, {0, 2}));  // into a slot that the second one leaves
+        QVERIFY(cell({0, 0}).endsWith("free") && cell({0, 1}).contains("TC") && cell({0, 2}).contains("Digital"));
+        QCOMPARE(m_racks->selectedModules().size(), 2);
+        press(m_racks, Qt::Key_Down, Qt::ControlModifier);
+        QVERIFY(cell({1, 1}).contains("TC") && cell({1, 2}).contains("Digital"));
+        trigger("undoAction");
+        trigger("undoAction");
+        QVERIFY(cell({0, 0}).contains("TC") && cell({0, 1}).contains("Digital"));
+        QCOMPARE(m_racks->selectedModules().size(), 2);
+        QVERIFY2(m_window->statusBar()->currentMessage().startsWith("Undone: Move"),
+                 qPrintable(m_window->statusBar()->currentMessage()));
+
+        press(m_racks, Qt::Key_X, Qt::ControlModifier);
+        m_racks->setCurrentPlace({4, 4});
+        press(m_racks, Qt::Key_V, Qt::ControlModifier);
+        QVERIFY(cell({4, 4}).endsWith("AI 0..7") && cell({4, 5}).endsWith("I 0"));
+        QVERIFY(m_window->statusBar()->currentMessage().endsWith("with their former addresses."));
+        QCOMPARE(m_racks->selectedModules().size(), 2);
+        press(m_racks, Qt::Key_Delete);
+        QCOMPARE(m_window->statusBar()->currentMessage(), QString());
+    }
+
     void selectsInBothDirections()
     {
         add("2 x Double");
@@ -213,6 +276,115 @@ private slots:
         QVERIFY(!view->findChild<QTreeWidget *>("blockFields")
                      ->findItems("analogInput[3].", Qt::MatchStartsWith | Qt::MatchRecursive)
                      .isEmpty());
+        const auto *note = view->findChild<QWidget *>("outdatedNote");
+        QVERIFY(!note->isVisible());
+        add("SX-DI08");
+        QVERIFY(note->isVisible());
+        view->findChild<QPushButton *>("compileAgainButton")->click();
+        QVERIFY(!note->isVisible());
+        QCOMPARE(view->findChild<QTreeWidget *>("blockList")->topLevelItemCount(), 2);
+        trigger("compileAction");
+        QCOMPARE(m_window->findChildren<BlockView *>().size(), 1);
+    }
+
+    void showsUnavailableModules()
+    {
+        QVERIFY(ProjectFile("part.station").write(partlyUnavailable()));
+        clickNext("problemBox", "OK");
+        QVERIFY(m_window->openFile("part.station"));
+        trigger("compileAction");
+        const auto *view = child<BlockView>("blockView");
+        QVERIFY(view->findChild<QLabel *>("blockSummary")->text().startsWith("1 of 2 modules"));
+        QVERIFY(view->findChild<QLabel *>("missingModules")->text().contains("in rack 0, slot 1."));
+        QTRY_COMPARE(child<QToolButton>("problemCount")->text(), QString("1 problem"));
+        m_racks->setCurrentPlace({5, 5});
+        child<QToolButton>("problemCount")->click();
+        auto *problems = child<QTreeView>("problemView");
+        const QRect row = problems->visualRect(problems->model()->index(0, 2));
+        QTest::mouseClick(problems->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
+        QTest::mouseDClick(problems->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
+        QCOMPARE(m_racks->currentPlace(), (Place{0, 1}));
+        press(m_racks, Qt::Key_Delete);
+        QTRY_COMPARE(child<QToolButton>("problemCount")->text(), QString("No problems"));
+    }
+
+    void showsTheLineOfAnUnusableDescription()
+    {
+        CatalogFolder catalog;
+        catalog.writeDescription(13652, "; comment\n[MODULE START]\nObjName=Unended\n");
+        m_window = std::make_unique<MainWindow>(m_plugin, readCatalog(), std::make_unique<Station>(m_plugin, "first"));
+        m_window->show();
+        auto *problems = child<QTreeView>("problemView");
+        emit problems->activated(problems->model()->index(0, 0));
+        const auto cursor = child<QPlainTextEdit>("fileText")->textCursor();
+        QCOMPARE(cursor.selectedText(), QString("[MODULE START]"));
+    }
+
+    void asksBeforeItOverwritesAChangedFile()
+    {
+        add("4 x TC");
+        answerNext<QFileDialog>([](QFileDialog *dialog) {
+            dialog->findChild<QLineEdit *>("fileNameEdit")->setText("changed.station");
+            dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
+        });
+        trigger("saveAction");
+        QCOMPARE(settingsFiles().value(0), m_folder.filePath("changed.station")); // a killed program loses none
+        QVERIFY(ProjectFile("changed.station").write(partlyUnavailable()));
+        add("SX-DI08");
+        clickNext("changedBox", "Cancel");
+        trigger("saveAction");
+        QVERIFY(m_window->isWindowModified());
+        QCOMPARE(ProjectFile("changed.station").read()->modules[1].typeCode, 13650U);
+        clickNext("changedBox", "&Overwrite");
+        trigger("saveAction");
+        QVERIFY(!m_window->isWindowModified());
+        QCOMPARE(ProjectFile("changed.station").read()->modules[0].typeCode, 13396U);
+    }
+
+    void recoversADamagedProjectAndAKilledProgramsStation()
+    {
+        QVERIFY(ProjectFile("damaged.station").write(partlyUnavailable()));
+        QFile file("damaged.station");
+        QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(70) && file.write("x"));
+        file.close();
+        clickNext("recoverBox", "Cancel");
+        QVERIFY(!m_window->openFile("damaged.station"));
+        clickNext("recoverBox", "&Recover");
+        QTimer::singleShot(0, this, [this] { clickNext("lossesBox", "OK"); });
+        QVERIFY(m_window->openFile("damaged.station"));
+        QVERIFY(m_window->isWindowModified() && m_window->windowTitle().startsWith("New station"));
+
+        QVERIFY(!m_window->offerRecovery());
+        QVERIFY(
+            RecoveryCopy(RecoveryCopy::defaultFolder())
+                .write({partlyUnavailable(), m_folder.filePath("killed.station"), "x", QDateTime::currentDateTime()}));
+        clickNext("recoveryBox", "Ask &Later");
+        QVERIFY(!m_window->offerRecovery());
+        clickNext("recoveryBox", "&Recover");
+        QVERIFY(m_window->offerRecovery());
+        QVERIFY(m_window->isWindowModified() && m_window->windowTitle().startsWith("killed.station"));
+        QVERIFY(!m_window->offerRecovery());
+    }
+
+    void helpIsUsableBesideTheModalDialog()
+    {
+        add("4 x TC");
+        QString page;
+        bool hasScrolled = false;
+        answerNext<QDialog>([&](QDialog *dialog) {
+            dialog->findChild<QPushButton *>("helpButton")->click();
+            auto *browser = child<QTextBrowser>("helpDialogBrowser");
+            browser->window()->resize(200, 100);
+            page = browser->source().fileName();
+            QTest::keyClick(browser->window()->windowHandle(), Qt::Key_End); // not if it is blocked
+            hasScrolled = QTest::qWaitFor([=] { return browser->verticalScrollBar()->value() > 0; }, 1000);
+            dialog->reject();
+        });
+        press(m_racks, Qt::Key_Return);
+        QVERIFY(hasScrolled);
+        QCOMPARE(page, QString("temperature.html"));
+        QVERIFY(!child<HelpDock>("helpDock")->isVisible());
+        QVERIFY(m_window->findChild<QTextBrowser *>("helpDialogBrowser") == nullptr);
     }
 
     void opensHelpOfKeywords_data()

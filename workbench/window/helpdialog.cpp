@@ -28,6 +28,7 @@ HelpDialog::HelpDialog(QWidget &dialog) : QDialog(&dialog), m_browser(new HelpBr
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_browser);
+    m_browser->setFocus();
 }
 
 /// To the right of the dialog, else to its left, else where the screen has room.
