@@ -1,5 +1,7 @@
 #include "blockreport.h"
 
+#include "blockmatch.h"
+
 #include <QHash>
 #include <QJsonArray>
 
@@ -42,21 +44,6 @@ QString printable(const QString &text)
         }
     }
     return QLatin1Char('"') + shown + QLatin1Char('"');
-}
-
-/// Returns an empty string for bytes, which the column of raw bytes shows.
-QString valueText(const Field &field)
-{
-    switch (field.value.type()) {
-    case QVariant::String:
-        return printable(field.value.toString());
-    case QVariant::Double:
-        return QString::number(field.value.toDouble(), 'g', 7);
-    case QVariant::ByteArray:
-        return {};
-    default:
-        return field.value.toString();
-    }
 }
 
 QString meaningText(const Field &field)
@@ -117,17 +104,6 @@ QString blockText(const DecodedBlock &block, int number)
         }
     }
     return text;
-}
-
-QJsonValue jsonValue(const QVariant &value)
-{
-    if (value.type() == QVariant::ByteArray) {
-        return QString::fromLatin1(value.toByteArray().toHex());
-    }
-    if (value.type() == QVariant::Double && !std::isfinite(value.toDouble())) { // JSON has no such numbers
-        return value.toString();
-    }
-    return QJsonValue::fromVariant(value);
 }
 
 QJsonObject toJson(const Field &field)
@@ -208,7 +184,8 @@ bool isSame(const Field &left, const Field &right)
     return left.value.type() == QVariant::LongLong ? left.value == right.value : left.raw == right.raw;
 }
 
-void compare(int number, const DecodedBlock &left, const DecodedBlock &right, QVector<Difference> &differences)
+void compare(const MatchedModules &blocks, const DecodedBlock &left, const DecodedBlock &right,
+             QVector<Difference> &differences)
 {
     const QVector<Field> leftFields = numberedFields(left);
     const QVector<Field> rightFields = numberedFields(right);
@@ -217,14 +194,14 @@ void compare(int number, const DecodedBlock &left, const DecodedBlock &right, QV
     for (const Field &field : leftFields) {
         const int at = rightIndex.value(field.name, -1);
         if (at < 0) {
-            differences += {number, field.name, {field}, {}};
+            differences += {blocks.left, blocks.right, field.name, {field}, {}};
         } else if (!isSame(field, rightFields.at(at))) {
-            differences += {number, field.name, {field}, {rightFields.at(at)}};
+            differences += {blocks.left, blocks.right, field.name, {field}, {rightFields.at(at)}};
         }
     }
     for (const Field &field : rightFields) {
         if (!leftIndex.contains(field.name)) {
-            differences += {number, field.name, {}, {field}};
+            differences += {blocks.left, blocks.right, field.name, {}, {field}};
         }
     }
 }
@@ -240,21 +217,84 @@ QJsonValue sideJson(const QVector<Field> &side)
     return side.isEmpty() ? QJsonValue() : QJsonValue(toJson(side.first()));
 }
 
+QJsonValue numberJson(std::optional<int> block)
+{
+    return block ? QJsonValue(*block + 1) : QJsonValue();
+}
+
 QJsonObject toJson(const Difference &difference)
 {
-    return {{QStringLiteral("block"), difference.block + 1},
+    return {{QStringLiteral("leftBlock"), numberJson(difference.leftBlock)},
+            {QStringLiteral("rightBlock"), numberJson(difference.rightBlock)},
             {QStringLiteral("name"), difference.name},
             {QStringLiteral("left"), sideJson(difference.left)},
             {QStringLiteral("right"), sideJson(difference.right)}};
 }
 
+QString blocksText(const Difference &difference)
+{
+    if (!difference.rightBlock) {
+        return QStringLiteral("Block %1 on the left only").arg(*difference.leftBlock + 1);
+    }
+    if (!difference.leftBlock) {
+        return QStringLiteral("Block %1 on the right only").arg(*difference.rightBlock + 1);
+    }
+    return difference.leftBlock == difference.rightBlock
+               ? QStringLiteral("Block %1").arg(*difference.leftBlock + 1)
+               : QStringLiteral("Blocks %1 and %2").arg(*difference.leftBlock + 1).arg(*difference.rightBlock + 1);
+}
+
+/// Fields that a damaged block lacks are -1.
+QVector<ModuleKey> keysOf(const QVector<DecodedBlock> &blocks)
+{
+    QVector<ModuleKey> keys;
+    for (const DecodedBlock &block : blocks) {
+        const auto number = [&block](const char *name) {
+            const Field *field = block.find(QLatin1String(name));
+            return field == nullptr ? -1 : field->value.toLongLong();
+        };
+        const Field *name = block.find(QStringLiteral("header.objName"));
+        keys += {number("header.rackId"), number("header.slotId"), number("header.objId"),
+                 name == nullptr ? QString() : name->value.toString()};
+    }
+    return keys;
+}
+
 } // namespace
+
+QString valueText(const Field &field)
+{
+    switch (field.value.type()) {
+    case QVariant::String:
+        return printable(field.value.toString());
+    case QVariant::Double:
+        return QString::number(field.value.toDouble(), 'g', 7);
+    case QVariant::ByteArray:
+        return {};
+    default:
+        return field.value.toString();
+    }
+}
+
+QJsonValue jsonValue(const QVariant &value)
+{
+    if (value.type() == QVariant::ByteArray) {
+        return QString::fromLatin1(value.toByteArray().toHex());
+    }
+    if (value.type() == QVariant::Double && !std::isfinite(value.toDouble())) { // JSON has no such numbers
+        return value.toString();
+    }
+    return QJsonValue::fromVariant(value);
+}
 
 QVector<Difference> difference(const QVector<DecodedBlock> &left, const QVector<DecodedBlock> &right)
 {
+    const bool isSinglePair = left.size() == 1 && right.size() == 1;
+    const QVector<MatchedModules> pairs =
+        isSinglePair ? QVector<MatchedModules>{{0, 0}} : matchedModules(keysOf(left), keysOf(right));
     QVector<Difference> differences;
-    for (int i = 0; i < qMax(left.size(), right.size()); ++i) {
-        compare(i, left.value(i), right.value(i), differences);
+    for (const MatchedModules &pair : pairs) {
+        compare(pair, left.value(pair.left.value_or(-1)), right.value(pair.right.value_or(-1)), differences);
     }
     return differences;
 }
@@ -286,7 +326,7 @@ QString toText(const QVector<Difference> &differences)
 {
     QString text;
     for (const Difference &difference : differences) {
-        appendLine(text, QStringLiteral("Block %1, %2").arg(difference.block + 1).arg(difference.name));
+        appendLine(text, blocksText(difference) + QStringLiteral(", ") + difference.name);
         text += sideText("-", difference.left) + sideText("+", difference.right);
     }
     return text.isEmpty() ? QStringLiteral("No field differs\n") : text;

@@ -5,18 +5,27 @@
 
 #include <QJsonObject>
 
+#include <optional>
+
 namespace blockdecoder {
 
 /// A field whose bytes or value differ in two blocks, or that one of them lacks.
 struct Difference {
-    int block = 0; ///< position in both lists
+    std::optional<int> leftBlock; ///< position in its list; std::nullopt for a block without a counterpart
+    std::optional<int> rightBlock;
     QString name;
     QVector<Field> left; ///< one field, or none
     QVector<Field> right;
 };
 
-/// Compares block by block and field by field, independent of the offsets of the fields.
+/// Compares field by field the blocks that matchedModules() pairs, independent of the offsets of the fields. Two single
+/// blocks are compared in any case.
 QVector<Difference> difference(const QVector<DecodedBlock> &left, const QVector<DecodedBlock> &right);
+
+/// Returns a value as text; texts are quoted and escaped, bytes give an empty string.
+QString valueText(const Field &field);
+/// Returns a value for JSON, which has no bytes (here hexadecimal digits) and no infinite numbers (here texts).
+QJsonValue jsonValue(const QVariant &value);
 
 /// Returns aligned columns with a heading for each part, then the damage; ends with a line feed. Characters of texts
 /// that are not printable are escaped.

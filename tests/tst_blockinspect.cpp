@@ -57,6 +57,11 @@ private slots:
         m_catalog.writeFile("state", sample(13650));
         m_catalog.writeFile("other", sample(13650).replace(13, 1, hex("02")));
         m_catalog.writeFile("cut", sample(13650).chopped(3));
+        const QByteArray first = sample(13395, configuration);
+        const QByteArray second = sample(100, configuration);
+        m_catalog.writeFile("stations", first + second);
+        m_catalog.writeFile("swapped", second + first);
+        m_catalog.writeFile("moved", second + QByteArray(first).replace(13, 1, hex("07")));
         m_catalog.writeFile("%2", "x");
         m_catalog.writeFile("shorter", sample(13650).replace(15, 1, hex("01")));
     }
@@ -188,6 +193,10 @@ private slots:
             "Block 1, header.rackId\n-  000D  01                        1\n+  000D  02                        2\n");
         row("a difference from a damaged block", {"state", "--diff", "cut"}, {}, 2,
             toText(difference({decodeSavedState(state)}, {decodeSavedState(cut)})));
+        row("blocks in another order", {"--config", "stations", "--diff", "swapped"}, {}, 0, "No field differs\n");
+        row("a module in another rack", {"--config", "stations", "--diff", "moved"}, {}, 1,
+            "Blocks 1 and 2, header.rackId\n-  000D  01                        1\n+  0051  07                        "
+            "7\n");
         row("no file", {}, {}, 2, {});
         row("two files", {"state", "other"}, {}, 2, {});
         row("an unknown option", {"--nonsense", "state"}, {}, 2, {});
@@ -224,6 +233,18 @@ private slots:
                                    {"value", "nan"},
                                    {"meaning", "outside 0 to 32"},
                                    {"stored", true}}));
+    }
+
+    void blocksWithoutACounterpart()
+    {
+        const DecodedBlock first = decodeSavedState(sample(13395));
+        const DecodedBlock second = decodeSavedState(sample(13650));
+        const QVector<Difference> removed = difference({first, second}, {first});
+        const QVector<Difference> added = difference({second}, {first, second});
+        QVERIFY(removed.first().leftBlock == 1 && !removed.first().rightBlock && removed.first().right.isEmpty());
+        QVERIFY(added.first().rightBlock == 0 && !added.first().leftBlock && added.first().left.isEmpty());
+        QVERIFY(toText(removed).startsWith("Block 2 on the left only, sectionCount\n-"));
+        QVERIFY(toJson(added).value("differences").toArray().at(0).toObject().value("leftBlock").isNull());
     }
 
     void jsonOfADifference()
