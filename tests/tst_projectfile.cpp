@@ -31,6 +31,7 @@ Project projectOf(int modules, char fill)
 {
     Project project;
     project.plcType = static_cast<quint32>(fill);
+    project.properties.title = QString(QChar(fill));
     for (int i = 0; i < modules; ++i) {
         project.modules.push_back({Place::at(i * 5), 13650, QString(QChar(fill)), QByteArray(100 + i, fill), {}});
     }
@@ -158,6 +159,7 @@ private slots:
         Project project = projectOf(3, 'x');
         project.modules[0].name = QStringLiteral(u"\u00e4 \u4e2d");
         project.modules[1].name = QString();
+        project.properties = {"Title", {}, "", "Notes"};
         project.modules[2].state = QByteArray(StoredModule::maximumStateSize, '\0');
         QStringList previous;
         for (const Project &written : {oldProject, project, Project(), newProject}) {
@@ -201,6 +203,21 @@ private slots:
         QCOMPARE(ProjectFile(m_path).read()->plcType, processes * changes);
     }
 
+    /// The file is as the program wrote it before files had properties.
+    void replacesAFileOfVersion1()
+    {
+        QVERIFY(QFile::copy(TEST_DATA "/version1.station", m_path));
+        Result<Project> project = ProjectFile(m_path).read();
+        QVERIFY2(project, qPrintable(project.reason()));
+        QCOMPARE(project->modules.size(), std::size_t{3});
+        QCOMPARE(project->modules[2].typeCode, 13397U);
+        QVERIFY(project->properties == ProjectProperties());
+        project->properties = {"Title", QStringLiteral(u"\u4e2d"), "1", "Line\nline"};
+        QCOMPARE(ProjectFile(m_path).write(*project).reason(), QString());
+        QCOMPARE(content(), textsOf(*project));
+        QCOMPARE(contentOf(m_path).at(63), '\2'); // the version in the header
+    }
+
     void rejectsDamagedFiles_data()
     {
         const Rows<QString, Damage, int> row("reason", "damage", "recovered"); // of 150 modules
@@ -221,7 +238,7 @@ private slots:
         bytes(
             "truncated to its half", "damaged", [](const QByteArray &f) { return f.left(f.size() / 2); }, 55);
         bytes(
-            "a page of zeros", "damaged", [](QByteArray f) { return f.replace(12288, 4096, QByteArray(4096, 0)); },
+            "a page of zeros", "damaged", [](QByteArray f) { return f.replace(16384, 4096, QByteArray(4096, 0)); },
             120);
         bytes(
             "a changed state", "checksum", [](QByteArray f) { return f.replace(f.lastIndexOf("oooooooo"), 1, "p"); },
@@ -232,11 +249,13 @@ private slots:
         row(
             "a folder", "directory", [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); }, 0);
         sql("another program's database", {"PRAGMA application_id = 0"}, "another program", 150);
-        sql("another version", {"PRAGMA user_version = 2"}, "version 2", 150);
+        sql("another version", {"PRAGMA user_version = 3"}, "version 3", 150);
         sql("a missing table", {"DROP TABLE module"}, "tables", 0);
         sql("a view in place of a table", {"DROP TABLE module", "CREATE VIEW module AS SELECT 1"}, "tables", 0);
         sql("a trigger", {"CREATE TRIGGER t AFTER DELETE ON module BEGIN DELETE FROM station; END"}, "tables", 150);
         sql("a missing station", {"DELETE FROM station"}, "checksum", 150);
+        sql("changed properties", {"UPDATE properties SET notes = 'x'"}, "checksum", 150);
+        sql("an older version number", {"PRAGMA user_version = 1"}, "tables", 150);
         sql("a missing module", {"DELETE FROM module WHERE place = 5"}, "checksum", 149);
         sql("a module at another place", {"UPDATE module SET place = 1, slot = 1 WHERE place = 0"}, "checksum", 150);
         sql("an invalid place", {"PRAGMA ignore_check_constraints = ON", "UPDATE module SET slot = 32 WHERE place = 0"},

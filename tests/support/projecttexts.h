@@ -9,7 +9,9 @@
 /// Everything that a project file stores.
 inline QStringList textsOf(const Project &project)
 {
-    QStringList texts{QString::number(project.plcType)};
+    const ProjectProperties &properties = project.properties;
+    QStringList texts{QString::number(project.plcType), properties.title, properties.author, properties.revision,
+                      properties.notes};
     for (const StoredModule &module : project.modules) {
         texts += QString("%1 %2 ").arg(module.place.index()).arg(module.typeCode) + module.name + module.state.toHex();
     }

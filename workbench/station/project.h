@@ -39,7 +39,21 @@ struct StoredModule {
                          ///< tried yet; not part of a project file
 };
 
+/// What a user writes about a project.
+struct ProjectProperties {
+    QString title;
+    QString author;
+    QString revision;
+    QString notes;
+
+    bool operator==(const ProjectProperties &other) const
+    {
+        return title == other.title && author == other.author && revision == other.revision && notes == other.notes;
+    }
+};
+
 struct Project {
     quint32 plcType = 0;
     std::vector<StoredModule> modules; ///< in ascending order of places, at most one per place
+    ProjectProperties properties;
 };

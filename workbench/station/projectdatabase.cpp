@@ -30,21 +30,43 @@ QString textOf(const QSqlError &error)
     }
 }
 
+QString propertiesTable()
+{
+    return QStringLiteral("CREATE TABLE properties (id INTEGER PRIMARY KEY CHECK (id = 1), title TEXT NOT NULL, "
+                          "author TEXT NOT NULL, revision TEXT NOT NULL, notes TEXT NOT NULL)");
+}
+
+/// A null string would become NULL.
+QString notNull(const QString &text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
 } // namespace
 
-QStringList projectSchema()
+QStringList projectSchema(int version)
 {
-    return {QStringLiteral("CREATE TABLE station (id INTEGER PRIMARY KEY CHECK (id = 1), plc_type INTEGER NOT NULL, "
-                           "sha256 TEXT NOT NULL)"),
-            QStringLiteral("CREATE TABLE module (place INTEGER PRIMARY KEY CHECK (place = rack * %1 + slot), "
-                           "rack INTEGER NOT NULL CHECK (rack BETWEEN 0 AND %2), "
-                           "slot INTEGER NOT NULL CHECK (slot BETWEEN 0 AND %3), type_code INTEGER NOT NULL, "
-                           "name TEXT NOT NULL, "
-                           "state BLOB NOT NULL CHECK (typeof(state) = 'blob' AND length(state) BETWEEN 1 AND %4))")
-                .arg(Place::slotCount)
-                .arg(Place::rackCount - 1)
-                .arg(Place::slotCount - 1)
-                .arg(StoredModule::maximumStateSize)};
+    QStringList statements{
+        QStringLiteral("CREATE TABLE station (id INTEGER PRIMARY KEY CHECK (id = 1), plc_type INTEGER NOT NULL, "
+                       "sha256 TEXT NOT NULL)"),
+        QStringLiteral("CREATE TABLE module (place INTEGER PRIMARY KEY CHECK (place = rack * %1 + slot), "
+                       "rack INTEGER NOT NULL CHECK (rack BETWEEN 0 AND %2), "
+                       "slot INTEGER NOT NULL CHECK (slot BETWEEN 0 AND %3), type_code INTEGER NOT NULL, "
+                       "name TEXT NOT NULL, "
+                       "state BLOB NOT NULL CHECK (typeof(state) = 'blob' AND length(state) BETWEEN 1 AND %4))")
+            .arg(Place::slotCount)
+            .arg(Place::rackCount - 1)
+            .arg(Place::slotCount - 1)
+            .arg(StoredModule::maximumStateSize)};
+    if (version != ProjectFile::versionWithoutProperties) {
+        statements += propertiesTable();
+    }
+    return statements;
+}
+
+QStringList textsOf(const ProjectProperties &properties)
+{
+    return {properties.title, properties.author, properties.revision, properties.notes};
 }
 
 ProjectDatabase::ProjectDatabase(const QString &path)
@@ -104,23 +126,52 @@ bool ProjectDatabase::begin()
            run(QStringLiteral("BEGIN IMMEDIATE"));
 }
 
+int ProjectDatabase::version()
+{
+    int version = 0;
+    select(QStringLiteral("PRAGMA user_version"), [&](const QSqlQuery &query) { version = query.value(0).toInt(); });
+    return version;
+}
+
+bool ProjectDatabase::setVersion()
+{
+    return run(QStringLiteral("PRAGMA user_version = %1").arg(ProjectFile::formatVersion));
+}
+
+ProjectProperties ProjectDatabase::properties()
+{
+    ProjectProperties properties;
+    // In a damaged file the rows of another table may be in place of these.
+    select(QStringLiteral("SELECT title, author, revision, notes FROM properties WHERE id = 1 AND "
+                          "typeof(title || author || revision || notes) = 'text' AND typeof(title) = 'text'"),
+           [&](const QSqlQuery &query) {
+               properties = {query.value(0).toString(), query.value(1).toString(), query.value(2).toString(),
+                             query.value(3).toString()};
+           });
+    return properties;
+}
+
 bool ProjectDatabase::insert(const Project &project)
 {
     QVector<QVariantList> rows;
     for (const StoredModule &module : project.modules) {
-        rows.append({module.place.index(), module.place.rack, module.place.slot, module.typeCode,
-                     module.name.isNull() ? QStringLiteral("") : module.name,
-                     module.state}); // a null string would become NULL
+        rows.append({module.place.index(), module.place.rack, module.place.slot, module.typeCode, notNull(module.name),
+                     module.state});
+    }
+    QVariantList properties;
+    for (const QString &text : textsOf(project.properties)) {
+        properties += notNull(text);
     }
     return run(QStringLiteral("INSERT INTO station VALUES (1, ?, ?)"), {{project.plcType, projectChecksum(project)}}) &&
+           run(QStringLiteral("INSERT INTO properties VALUES (1, ?, ?, ?, ?)"), {properties}) &&
            run(QStringLiteral("INSERT INTO module VALUES (?, ?, ?, ?, ?, ?)"), rows) && run(QStringLiteral("COMMIT"));
 }
 
 bool ProjectDatabase::create(const Project &project)
 {
-    const QStringList statements = projectSchema();
+    const QStringList statements = projectSchema(ProjectFile::formatVersion);
     return begin() && run(QStringLiteral("PRAGMA application_id = %1").arg(ProjectFile::applicationId)) &&
-           run(QStringLiteral("PRAGMA user_version = %1").arg(ProjectFile::formatVersion)) &&
+           setVersion() &&
            std::all_of(statements.begin(), statements.end(),
                        [&](const QString &statement) { return run(statement); }) &&
            insert(project);
@@ -128,5 +179,8 @@ bool ProjectDatabase::create(const Project &project)
 
 bool ProjectDatabase::replace(const Project &project)
 {
-    return run(QStringLiteral("DELETE FROM station")) && run(QStringLiteral("DELETE FROM module")) && insert(project);
+    const bool isPresent = version() != ProjectFile::versionWithoutProperties;
+    return run(QStringLiteral("DELETE FROM station")) && run(QStringLiteral("DELETE FROM module")) &&
+           (isPresent ? run(QStringLiteral("DELETE FROM properties")) : run(propertiesTable()) && setVersion()) &&
+           insert(project);
 }

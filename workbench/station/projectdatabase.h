@@ -9,8 +9,12 @@
 #include <QVariant>
 #include <QVector>
 
-/// The statements that create the tables. SQLite stores their text, which identifies a station file.
-QStringList projectSchema();
+/// The statements that create the tables of a format version. SQLite stores their text, which identifies a station
+/// file.
+QStringList projectSchema(int version);
+
+/// The texts of the properties, in the order of their columns.
+QStringList textsOf(const ProjectProperties &properties);
 
 /// An open database with a separate connection name, which is removed with it. Stores the first error.
 class ProjectDatabase {
@@ -41,6 +45,11 @@ public:
     /// Replaces the project, after begin().
     bool replace(const Project &project);
 
+    /// The format version that the file states; 0 after an error.
+    int version();
+    /// Empty properties if they cannot be read.
+    ProjectProperties properties();
+
     /// A sentence for the user; empty without an error.
     const QString &errorString() const { return m_errorString; }
     /// Lets later calls run again after an error.
@@ -50,6 +59,7 @@ private:
     QSqlQuery prepared(const QString &statement);
     bool exec(QSqlQuery &query, const QVariantList &row);
     bool keep(const QSqlError &error);
+    bool setVersion();
     bool insert(const Project &project);
 
     QString m_name;

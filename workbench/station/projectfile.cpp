@@ -25,13 +25,13 @@ QString damaged(const QString &complaint)
 
 /// What is wrong with the tables or their rows; empty if they are correct. The tables are compared first, because
 /// SQLite's check evaluates their constraints and must not evaluate those of other tables.
-QString complaintOf(ProjectDatabase &database)
+QString complaintOf(ProjectDatabase &database, int version)
 {
     QStringList statements;
     QStringList findings;
     database.select(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY rowid"),
                     [&](const QSqlQuery &query) { statements += query.value(0).toString(); });
-    if (database.errorString().isEmpty() && statements != projectSchema()) {
+    if (database.errorString().isEmpty() && statements != projectSchema(version)) {
         return damaged(ProjectFile::tr("its tables are not those of a station."));
     }
     database.select(QStringLiteral("PRAGMA integrity_check(1)"),
@@ -44,7 +44,8 @@ QString complaintOf(ProjectDatabase &database)
 /// The project of an open transaction.
 Result<Project> readFrom(ProjectDatabase &database)
 {
-    if (const QString complaint = complaintOf(database); !complaint.isEmpty()) {
+    const int version = database.version();
+    if (const QString complaint = complaintOf(database, version); !complaint.isEmpty()) {
         return Failure{complaint};
     }
     Project project;
@@ -61,10 +62,13 @@ Result<Project> readFrom(ProjectDatabase &database)
                                                    query.value(4).toByteArray(),
                                                    {}});
                     });
+    if (version != ProjectFile::versionWithoutProperties) {
+        project.properties = database.properties();
+    }
     if (!database.errorString().isEmpty()) {
         return Failure{database.errorString()};
     }
-    if (storedChecksum != projectChecksum(project)) {
+    if (storedChecksum != projectChecksum(project, version)) {
         return Failure{damaged(ProjectFile::tr("its modules do not match its checksum."))};
     }
     return project;
@@ -107,7 +111,7 @@ void removeLeftovers(const QString &path)
 
 } // namespace
 
-QString projectChecksum(const Project &project)
+QString projectChecksum(const Project &project, int version)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     hash.addData(QByteArray::number(project.plcType));
@@ -115,6 +119,11 @@ QString projectChecksum(const Project &project)
         hash.addData(' ' + QByteArray::number(module.place.index()) + ' ' + QByteArray::number(module.state.size()) +
                      ':');
         hash.addData(module.state);
+    }
+    if (version != ProjectFile::versionWithoutProperties) {
+        for (const QString &text : textsOf(project.properties)) {
+            hash.addData(' ' + QByteArray::number(text.toUtf8().size()) + ':' + text.toUtf8());
+        }
     }
     return QString::fromLatin1(hash.result().toHex());
 }
@@ -142,8 +151,9 @@ Result<> ProjectFile::recognise() const
         return Failure{tr("This is the database of another program, not a station file.")};
     }
     const auto version = qFromBigEndian<quint32>(header.constData() + versionOffset);
-    if (version != formatVersion) {
-        return Failure{tr("The file has version %1; this program reads version %2.").arg(version).arg(formatVersion)};
+    if (version < static_cast<quint32>(versionWithoutProperties) || version > static_cast<quint32>(formatVersion)) {
+        return Failure{
+            tr("The file has version %1; this program reads the versions up to %2.").arg(version).arg(formatVersion)};
     }
     return {};
 }

@@ -5,17 +5,15 @@
 
 #include <QCoreApplication>
 
-/// Identifies the content of a project. Includes the length of every state, which detects bytes that moved from one
-/// module to the next.
-QString projectChecksum(const Project &project);
-
 /// One project file. If the program or the power fails while it is written, the file contains the old project or the
-/// new one. A file that is not a complete project of this format version is neither read nor overwritten. Needs an
-/// application object, because Qt's database drivers do.
+/// new one. A file that is not a complete project of a format version up to this one is neither read nor overwritten.
+/// Needs an application object, because Qt's database drivers do.
 class ProjectFile {
     Q_DECLARE_TR_FUNCTIONS(ProjectFile)
 public:
-    static constexpr int formatVersion = 1;
+    /// Written by write(). read() also accepts versionWithoutProperties, which write() replaces.
+    static constexpr int formatVersion = 2;
+    static constexpr int versionWithoutProperties = 1;
     static constexpr quint32 applicationId = 0x53585354;      // "SXST"
     static constexpr qint64 maximumSize = 64LL * 1024 * 1024; ///< bytes, many times the size of a full station
 
@@ -42,6 +40,10 @@ private:
 
     QString m_path;
 };
+
+/// Identifies the content of a project. Includes the length of every state, which detects bytes that moved from one
+/// module to the next. The checksum of a file has the @p version of the file's format.
+QString projectChecksum(const Project &project, int version = ProjectFile::formatVersion);
 
 /// The station of a project file. Fails, with no memory left claimed, when the file is rejected or @p progress cancels;
 /// the reason is empty in the latter case.

@@ -29,8 +29,24 @@ Result<QByteArray> contentOf(const QString &path)
     return file.readAll();
 }
 
-/// The first page contains the header and the list of tables, and is the same in every project file. So a sound one
-/// replaces it, which makes damage there harmless.
+bool hasProjectTables(const QString &path)
+{
+    QStringList statements;
+    ProjectDatabase database(path);
+    database.select(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY rowid"),
+                    [&](const QSqlQuery &query) { statements += query.value(0).toString(); });
+    return statements == projectSchema(ProjectFile::formatVersion) ||
+           statements == projectSchema(ProjectFile::versionWithoutProperties);
+}
+
+bool overwrite(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+/// The first page contains the header and the list of tables. Both are the same in every file that was created in the
+/// present format version. So a sound one replaces it, which makes damage there harmless.
 QByteArray withSoundFirstPage(QByteArray content, const QByteArray &sound)
 {
     const int pageSize = qFromBigEndian<quint16>(sound.constData() + pageSizeOffset);
@@ -50,7 +66,7 @@ public:
             readModule(Place::at(i));
         }
         closeGap(Place::count);
-        if (checksum != projectChecksum(m_result.project)) {
+        if (checksum != projectChecksum(m_result.project, m_version)) {
             m_result.losses += Texts::tr("The checksum of the file does not match. Parameters of the modules may be "
                                          "wrong too: compare them with a backup or a report.");
         }
@@ -66,6 +82,11 @@ private:
                               m_result.project.plcType = query.value(0).toUInt();
                               checksum = query.value(1).toString();
                           });
+        m_database.forgetError();
+        m_version = m_database.version();
+        if (m_version != ProjectFile::versionWithoutProperties) {
+            m_result.project.properties = m_database.properties();
+        }
         m_database.forgetError();
         return checksum;
     }
@@ -127,6 +148,7 @@ private:
     ProjectDatabase m_database;
     RecoveredProject m_result;
     std::optional<int> m_gapStart;
+    int m_version = 0;
 };
 
 } // namespace
@@ -139,14 +161,16 @@ Result<RecoveredProject> recoverProject(const QString &path)
     }
     const QTemporaryDir folder;
     const QString copy = folder.filePath(QStringLiteral("copy.station"));
-    QFile file(copy);
-    if (!ProjectFile(copy).write({}) || !file.open(QIODevice::ReadWrite)) {
+    if (!overwrite(copy, *content)) {
         return Failure{Texts::tr("No temporary file can be written.")};
     }
-    const QByteArray sound = file.readAll();
-    file.seek(0);
-    file.write(withSoundFirstPage(*content, sound));
-    file.close();
+    if (!hasProjectTables(copy)) {
+        const QString sound = folder.filePath(QStringLiteral("sound.station"));
+        const Result<QByteArray> page = ProjectFile(sound).write({}) ? contentOf(sound) : Failure();
+        if (!page || !overwrite(copy, withSoundFirstPage(*content, *page))) {
+            return Failure{Texts::tr("No temporary file can be written.")};
+        }
+    }
     const RecoveredProject recovered = Reader(copy).read();
     if (recovered.project.modules.empty()) {
         return Failure{Texts::tr("No module of the file can be read.")};

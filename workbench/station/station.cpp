@@ -135,6 +135,12 @@ Result<> Station::checkMove(const QVector<Place> &places, Place by) const
     return {};
 }
 
+void Station::setProperties(const ProjectProperties &properties)
+{
+    m_properties = properties;
+    emit propertiesChanged();
+}
+
 Result<> Station::setPlcType(quint32 type)
 {
     const bool changes = type != plcType();
@@ -271,6 +277,7 @@ Project Station::project() const
 {
     Project project;
     project.plcType = plcType();
+    project.properties = m_properties;
     project.modules.reserve(m_modules.size());
     for (int i = 0; i < count(); ++i) {
         project.modules.push_back(stored(i));

@@ -50,6 +50,7 @@ public:
     static Result<std::unique_ptr<Station>> opened(const PluginLibrary &plugin, const QString &memoryOwner,
                                                    const Project &project, const Progress &progress = {});
 
+    const PluginLibrary &plugin() const { return m_plugin; }
     const StationMemory &memory() const { return m_memory; }
     int count() const { return static_cast<int>(m_modules.size()); }
     int unavailableCount() const;
@@ -66,6 +67,9 @@ public:
     Result<> checkFree(Place place) const;
     /// Fails when the modules at @p places cannot move together by @p by racks and slots.
     Result<> checkMove(const QVector<Place> &places, Place by) const;
+
+    const ProjectProperties &properties() const { return m_properties; }
+    void setProperties(const ProjectProperties &properties);
 
     quint32 plcType() const { return m_memory.plcType(); }
     /// Fails when the host lacks that type or a module uses an address outside its areas.
@@ -114,6 +118,7 @@ signals:
     /// Name, comment, ranges or parameters have changed.
     void moduleChanged(Place place);
     void plcTypeChanged();
+    void propertiesChanged();
 
 private:
     struct Module {
@@ -141,6 +146,7 @@ private:
     const PluginLibrary &m_plugin;
     const PluginExports &m_exports;
     StationMemory m_memory;
+    ProjectProperties m_properties;
     std::vector<Module> m_modules; ///< in ascending order of places
     std::optional<StoredModule> m_beforeDialog;
 };

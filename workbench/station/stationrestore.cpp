@@ -14,6 +14,7 @@ Result<std::unique_ptr<Station>> Station::opened(const PluginLibrary &plugin, co
     if (const Result<> set = station->setPlcType(project.plcType); !set) {
         return set.failure();
     }
+    station->m_properties = project.properties;
     bool cancelled = false;
     const auto putAll = [&](bool verified) {
         station->m_modules.reserve(project.modules.size());
