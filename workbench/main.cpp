@@ -170,6 +170,11 @@ int main(int argc, char *argv[])
     }
     options.parser.parse(arguments); // still contains Qt's own options
     if (options.parser.isSet(options.table) || options.parser.isSet(options.batch.batch) || !hasDisplay()) {
+        if (options.parser.value(options.batch.report).endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+            const QGuiApplication application(argc, argv); // loads fonts
+            return run(options, application, true);
+        }
         const QCoreApplication application(argc, argv);
         return run(options, application, true);
     }

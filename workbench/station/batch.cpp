@@ -3,7 +3,9 @@
 #include "catalog.h"
 #include "files.h"
 #include "imagerangetext.h"
+#include "projectcompare.h"
 #include "projectfile.h"
+#include "reportfile.h"
 #include "stationblocks.h"
 
 #include <QCommandLineParser>
@@ -105,6 +107,36 @@ public:
         return finishWith(path);
     }
 
+    BatchExit report(const QString &path, const QString &out)
+    {
+        if (!open(path)) {
+            return UsageOrUnreadable;
+        }
+        const int views = m_station->unavailableCount() == 0 ? 0 : m_station->count();
+        for (int i = 0; i < views; ++i) {
+            if (const ModuleSummary module = m_station->module(i); !module.unavailable.isEmpty()) {
+                find(module, QStringLiteral("unavailable: ") + module.unavailable);
+            }
+        }
+        const Result<> written = writeReport(out, *m_station, readCatalog(), {path, QDateTime::currentDateTime()});
+        return written ? finish() : refuse(out, written);
+    }
+
+    /// Reads the files only, so modules that the plug-in cannot restore are compared, too.
+    BatchExit compare(const QString &path, const QString &other)
+    {
+        const Result<Project> left = ProjectFile(path).read();
+        const Result<Project> right = ProjectFile(other).read();
+        if (!left || !right) {
+            return left ? refuse(other, right) : refuse(path, left);
+        }
+        const QVector<ProjectDifference> differences = compareProjects(*left, *right);
+        for (const ProjectDifference &difference : differences) {
+            m_out << differenceLine(difference, path, other) << '\n';
+        }
+        return differences.isEmpty() ? NoFindings : Findings;
+    }
+
     /// Modules of all types of the catalog in turn, with the smallest controller that has room for them.
     BatchExit create(const QString &path, int modules)
     {
@@ -184,6 +216,12 @@ BatchOptions::BatchOptions()
       decompile(QStringLiteral("decompile"),
                 QStringLiteral("Batch: create the project [file] from the configuration blocks in <block file>."),
                 QStringLiteral("block file")),
+      report(QStringLiteral("report"),
+             QStringLiteral("Batch: write a report of [file] to the file <out>: .html, .pdf, .csv or .json."),
+             QStringLiteral("out")),
+      compare(QStringLiteral("compare"),
+              QStringLiteral("Batch: print one line for each difference between [file] and the project <other>."),
+              QStringLiteral("other")),
       create(QStringLiteral("new"), QStringLiteral("Batch: create the project file <project>, with --modules."),
              QStringLiteral("project")),
       modules(QStringLiteral("modules"),
@@ -194,20 +232,22 @@ BatchOptions::BatchOptions()
 
 void BatchOptions::addTo(QCommandLineParser &parser) const
 {
-    parser.addOptions({batch, list, verify, compile, decompile, create, modules});
+    parser.addOptions({batch, list, verify, compile, decompile, report, compare, create, modules});
 }
 
 BatchExit runBatch(const QCommandLineParser &parser, const BatchOptions &options, const PluginLibrary &plugin,
                    QTextStream &out, QTextStream &err)
 {
-    const auto tasks = {&options.list, &options.verify, &options.compile, &options.decompile, &options.create};
+    const auto tasks = {&options.list,   &options.verify,  &options.compile, &options.decompile,
+                        &options.report, &options.compare, &options.create};
     const auto chosen =
         std::count_if(tasks.begin(), tasks.end(), [&](const QCommandLineOption *task) { return parser.isSet(*task); });
     const bool creates = parser.isSet(options.create);
     const QStringList files = parser.positionalArguments();
     if (chosen != 1 || parser.isSet(options.modules) != creates || files.size() != (creates ? 0 : 1)) {
-        err << "--batch needs a project file and one of --list, --verify, --compile and --decompile, or --new and "
-               "--modules.\n";
+        err << "--batch needs a project file and one of --list, --verify, --compile, --decompile, --report and "
+               "--compare, or "
+               "--new and --modules.\n";
         return UsageOrUnreadable;
     }
     Batch batch(plugin, out, err);
@@ -228,6 +268,12 @@ BatchExit runBatch(const QCommandLineParser &parser, const BatchOptions &options
     }
     if (parser.isSet(options.compile)) {
         return batch.compile(files.first(), parser.value(options.compile));
+    }
+    if (parser.isSet(options.report)) {
+        return batch.report(files.first(), parser.value(options.report));
+    }
+    if (parser.isSet(options.compare)) {
+        return batch.compare(files.first(), parser.value(options.compare));
     }
     return batch.decompile(files.first(), parser.value(options.decompile));
 }

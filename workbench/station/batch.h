@@ -25,6 +25,8 @@ struct BatchOptions {
     QCommandLineOption verify;
     QCommandLineOption compile;
     QCommandLineOption decompile;
+    QCommandLineOption report;
+    QCommandLineOption compare;
     QCommandLineOption create;
     QCommandLineOption modules;
 };

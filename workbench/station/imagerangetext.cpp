@@ -1,6 +1,14 @@
 #include "imagerangetext.h"
 
-#include "baseservices.h"
+#include <QCoreApplication>
+
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(MemoryAreas)
+};
+
+} // namespace
 
 int rangeBytes(const IoMap &range)
 {
@@ -24,6 +32,25 @@ QString areaName(quint8 area)
         break;
     }
     return QString::number(area);
+}
+
+QString areaTitle(VarArea area)
+{
+    switch (area) {
+    case VarArea::AnalogInput:
+        return Texts::tr("Analog inputs");
+    case VarArea::AnalogOutput:
+        return Texts::tr("Analog outputs");
+    case VarArea::DigitalInput:
+        return Texts::tr("Digital inputs");
+    case VarArea::DigitalOutput:
+        return Texts::tr("Digital outputs");
+    case VarArea::Variable:
+        return Texts::tr("Variables");
+    case VarArea::None:
+        break;
+    }
+    return {};
 }
 
 QString rangeText(const IoMap &range)

@@ -34,6 +34,18 @@ IoMap rangeOf(const QByteArray &state, const blockdecoder::Field *area)
     return range;
 }
 
+/// Offset of the first section: a count of sections is before the header, which begins with its length. -1 if the state
+/// ends before it.
+int sectionsOffset(const QByteArray &state)
+{
+    constexpr int countSize = 1;
+    if (state.size() < countSize + static_cast<int>(sizeof(quint32))) {
+        return -1;
+    }
+    const auto length = qFromBigEndian<quint32>(state.constData() + countSize);
+    return length > static_cast<quint32>(state.size() - countSize) ? -1 : countSize + static_cast<int>(length);
+}
+
 std::optional<quint32> typeCodeOf(const blockdecoder::DecodedBlock &decoded)
 {
     const blockdecoder::Field *type = decoded.find(QStringLiteral("header.objId"));
@@ -68,6 +80,22 @@ QByteArray withFields(QByteArray state, std::initializer_list<std::pair<const ch
         }
     }
     return state;
+}
+
+QByteArray sectionsOf(const QByteArray &state)
+{
+    const int offset = sectionsOffset(state);
+    return offset < 0 ? QByteArray() : state.mid(offset);
+}
+
+std::optional<QByteArray> withSectionsOf(const QByteArray &source, const QByteArray &state)
+{
+    const int from = sectionsOffset(source);
+    const int to = sectionsOffset(state);
+    if (from < 0 || to < 0) {
+        return std::nullopt;
+    }
+    return source.left(1) + state.mid(1, to - 1) + source.mid(from); // the first byte counts the sections
 }
 
 QByteArray withPlace(const QByteArray &state, Place place)

@@ -269,6 +269,18 @@ Result<> StationEdits::replaceState(Place place, const QByteArray &state)
     return {};
 }
 
+void StationEdits::setProperties(const ProjectProperties &properties)
+{
+    const ProjectProperties before = m_station.properties();
+    if (properties == before) {
+        return;
+    }
+    m_station.setProperties(properties);
+    push(
+        tr("Edit the project properties"), [&station = m_station, before] { station.setProperties(before); },
+        [&station = m_station, properties] { station.setProperties(properties); });
+}
+
 Result<> StationEdits::setPlcType(quint32 type)
 {
     const quint32 before = m_station.plcType();

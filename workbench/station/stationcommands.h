@@ -27,6 +27,14 @@ public:
     Result<> result() const;
 };
 
+/// The modules that pasteParameters() was called for.
+struct ParameterPaste {
+    int changed = 0;
+    int same = 0;      ///< of a copied type, with these parameters already
+    int otherType = 0; ///< left alone, because no module of their type was copied
+    int unavailable = 0;
+};
+
 /// What a user can do to a station. An edit is executed first and pushed then, so an edit that fails changes neither
 /// the station nor the stack.
 class StationEdits {
@@ -51,6 +59,12 @@ public:
     /// Replaces the saved state of a module. Fails when the plug-in cannot restore the state at that place.
     Result<> replaceState(Place place, const QByteArray &state);
     Result<> setPlcType(quint32 type);
+    /// Pushes no step if nothing changes.
+    void setProperties(const ProjectProperties &properties);
+    /// Gives the parameters of the channels of copied modules to the modules at these places, in one step. A module
+    /// takes those of the first saved state of its type and keeps its name, comment, place and addresses; without such
+    /// a state it does not change. Fails, and changes nothing, when the plug-in rejects a result.
+    Result<ParameterPaste> pasteParameters(const QByteArrayList &states, const QVector<Place> &places);
 
 private:
     void push(const QString &text, std::function<void()> undo, std::function<void()> redo);

@@ -1,0 +1,400 @@
+// What the workbench answers about a station: channels, search, differences, reports; and the edits on many modules.
+#include "batch.h"
+#include "channeladdress.h"
+#include "channellist.h"
+#include "files.h"
+#include "projectcompare.h"
+#include "projectfile.h"
+#include "projecttexts.h"
+#include "reportfile.h"
+#include "rows.h"
+#include "simulatedbase.h"
+#include "stationcommands.h"
+#include "stationsearch.h"
+
+#include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUndoStack>
+
+namespace {
+
+const QString owner = QStringLiteral("owner");
+
+/// A saved state with another byte in the last byte of a field.
+QByteArray withByte(QByteArray state, const QString &field, int value)
+{
+    const blockdecoder::DecodedBlock decoded = blockdecoder::decodeSavedState(state);
+    const blockdecoder::Field *found = decoded.find(field);
+    if (found == nullptr) {
+        qFatal("%s is missing", qPrintable(field));
+    }
+    state[found->offset + found->raw.size() - 1] = static_cast<char>(value);
+    return state;
+}
+
+using Bytes = QMap<QString, int>; // fields and their last bytes
+
+} // namespace
+Q_DECLARE_METATYPE(Bytes)
+Q_DECLARE_METATYPE(IoMap)
+
+class TestStationViews : public QObject {
+    Q_OBJECT
+
+    PluginLibrary m_plugin;
+    QTemporaryDir m_folder;
+    QUndoStack m_stack;
+    QString m_output; // of the latest batch task
+
+    std::unique_ptr<Station> stationOf(const QVector<quint32> &types, const QString &memoryOwner = owner)
+    {
+        auto station = std::make_unique<Station>(m_plugin, memoryOwner);
+        for (const quint32 type : types) {
+            if (const Result<> added = station->add(type, Place::at(station->count())); !added) {
+                qFatal("%s", qPrintable(added.reason()));
+            }
+        }
+        return station;
+    }
+
+    /// Changes bytes of the module at a place.
+    void change(Station &station, Place place, const Bytes &bytes)
+    {
+        QByteArray state = station.stored(*station.moduleAt(place)).state;
+        for (auto each = bytes.begin(); each != bytes.end(); ++each) {
+            state = withByte(state, each.key(), each.value());
+        }
+        if (const Result<> replaced = StationEdits(station, m_stack).replaceState(place, state); !replaced) {
+            qFatal("%s", qPrintable(replaced.reason()));
+        }
+    }
+
+    BatchExit batch(const QStringList &arguments)
+    {
+        QCommandLineParser parser;
+        parser.addPositionalArgument("file", {});
+        const BatchOptions options;
+        options.addTo(parser);
+        m_output.clear();
+        QTextStream stream(&m_output);
+        const bool isValid = parser.parse(QStringList{"workbench", "--batch"} + arguments);
+        return isValid ? runBatch(parser, options, m_plugin, stream, stream) : UsageOrUnreadable;
+    }
+
+    QByteArray written(const QString &file) const
+    {
+        QFile read(file);
+        return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray();
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
+        QVERIFY(QDir::setCurrent(m_folder.path()));
+    }
+    void init()
+    {
+        m_stack.clear();
+        simulatedhost::resetBase();
+    }
+
+    void addresses_data()
+    {
+        const Rows<QString, IoMap, int, QString> row("typed", "range", "channel", "address"); // -1: not in the range
+        const IoMap words{6, 40, 8, 0, 2};
+        const IoMap inputs{129, 35, 12, 0, 0};
+        row("a word", "AIW42", words, 1, "AIW42");
+        row("a word in small letters with a space", " ai 42 ", words, 1, "AIW42");
+        row("the second byte of a word", "AIB43", words, 1, "AIW42");
+        row("a double word that begins before the range", "AID38", words, 0, "AIW40");
+        row("beyond the last word", "AIW56", words, -1, {});
+        row("the same address of another area", "AQW42", words, -1, {});
+        row("a bit", "I 35.2", inputs, 2, "I35.2");
+        row("a bit of the second byte", "i36.3", inputs, 11, "I36.3");
+        row("an unused bit of the last byte", "I36.4", inputs, -1, {});
+        row("a byte", "IB36", inputs, 8, "I36.0");
+        row("a double word of variables", "VD104", {132, 100, 2, 0, 4}, 1, "VD104");
+        row("bit 8", "I35.8", inputs, -1, {});
+        row("a bit of a word", "IW35.1", inputs, -1, {});
+        row("a name", "AIR", inputs, -1, {});
+        row("a number", "35", inputs, -1, {});
+    }
+    void addresses()
+    {
+        QFETCH(IoMap, range);
+        QFETCH(QString, typed);
+        QFETCH(QString, address);
+        const std::optional<Address> parsed = parseAddress(typed);
+        const std::optional<int> channel = parsed ? channelAt(range, *parsed) : std::nullopt;
+        QTEST(channel.value_or(-1), "channel");
+        QCOMPARE(channel ? channelAddress(range, *channel) : QString(), address);
+    }
+
+    void channels_data()
+    {
+        // The row of one channel of the second module of a type, after a change: "!" marks changed settings.
+        const Rows<quint32, Bytes, int, QString> row("type", "changes", "row", "text");
+        row("voltage input", 13395, {{"analogInput[1].inputRange", 3}, {"analogInput[1].deadband", 32}}, 1,
+            "in 1 AIW10 4~20mA: Filter on, Samples 64, Deadband !288, Channel Enable, Filter time 20ms, Range !4~20mA, "
+            "Open wire Invalid, Direction Upscale");
+        row("its unchanged neighbour", 13395, {{"analogInput[1].inputRange", 3}}, 0,
+            "in 0 AIW8 0~10V: Filter on, Samples 64, Deadband 320, Channel Enable, Filter time 20ms, Range 0~10V, Open "
+            "wire Invalid, Direction Upscale");
+        row("thermocouple", 13396, {{"analogInput[0].samples", 9}}, 0,
+            "in 0 AIW8 Thermocouple K: Filter on, Samples !(9), Deadband 320, Channel Enable, Filter time 500ms, Range "
+            "K, Cold junction Enable, Direction Upscale, Open wire Enable, Temperature scale Degrees Celsius");
+        row("output of a mixed module", 13401, {{"analogOutput[1].stopValue", 7}}, 5,
+            "out 1 AQW6 +/-10v: Freeze in STOP on, Value in STOP !7, Channel Enable, Range +/-10v");
+        row("digital input", 13652, {{"digitalInput.diFilter[6]", 0x53}}, 25,
+            "in 25 I7.1 Digital input: Input filter !1.60ms");
+        row("digital output", 13654, {{"digitalOutput.dqOutTbl[1]", 0x40}}, 9,
+            "out 9 Q3.1 Digital output: In STOP !ON");
+        row("its neighbour", 13654, {{"digitalOutput.dqOutTbl[1]", 0x40}}, 8, "out 8 Q3.0 Digital output: In STOP OFF");
+        row("outputs that freeze", 13654, {{"digitalOutput.dqMode", 1}}, 0,
+            "out 0 Q2.0 Digital output: In STOP !last state");
+        row("weighing", 14418, {{"weighing[0].filterDepth", 20}}, 0,
+            "in 0 VD4 Weighing: Channel Enable, Sensitivity 2, Limit frequency 10Hz, Filter depth !20, Sub max 0, Sub "
+            "min 0, Filter mode Default, Sample frequency 50Hz, Boot clear 0");
+    }
+    void channels()
+    {
+        QFETCH(quint32, type);
+        QFETCH(Bytes, changes);
+        QFETCH(int, row);
+        const auto station = stationOf({14848, type, type});
+        change(*station, {0, 2}, changes);
+        const ChannelList list(*station);
+        const auto [first, count] = list.rowsOf({0, 2});
+        QCOMPARE(first + count, list.count());
+        QCOMPARE(list.rowsOf({0, 0}).second, 0);
+        const ChannelRow channel = list.at(first + row);
+        const ChannelParameters parameters = list.parameters(first + row);
+        QStringList settings;
+        for (const ChannelSetting &setting : parameters.settings) {
+            settings += setting.title + (setting.isChanged ? " !" : " ") + setting.text;
+        }
+        QTEST(QString("%1 %2 %3 %4: %5")
+                  .arg(channel.isOutput ? "out" : "in", QString::number(channel.channel), channel.address(),
+                       parameters.signal, settings.join(", ")),
+              "text");
+        QCOMPARE(parameters.isChanged(), settings.join(QString()).contains('!'));
+    }
+
+    void channelListFollowsTheStation()
+    {
+        const auto station = stationOf({13395, 14848, 13650});
+        ChannelList list(*station);
+        QCOMPARE(list.count(), 12);
+        QVERIFY(station->add(13399, {0, 20}));
+        QVERIFY(list.rowsToInsert({0, 20}) == std::pair(12, 2));
+        list.insert({0, 20});
+        station->take({0, 0});
+        list.remove({0, 0});
+        const ChannelList anew(*station);
+        QCOMPARE(list.count(), anew.count());
+        for (int row = 0; row < list.count(); ++row) {
+            QCOMPARE(list.at(row).address(), anew.at(row).address());
+            QCOMPARE(list.parameters(row).text(), anew.parameters(row).text());
+        }
+    }
+
+    void search_data()
+    {
+        const Rows<QString, QStringList> row("query", "hits");
+        row("part of a name", "mixed", {"0/2 SX-AM06-UI  AI 8..15, AQ 0..3"});
+        row("words of order number and name", "sx digital 32", {"0/1 SX-DI32-DC  I 0..3"});
+        row("type code", "13395", {"0/0 SX-AI04-UI  AI 0..7"});
+        row("address of a word", "AIW10", {"0/2 AIW10, channel 1"});
+        row("address of a bit", "I 3.7", {"0/1 I3.7, channel 31"});
+        row("free address", "I 4.0", {});
+        row("several hits up to the limit", "analog", {"0/0 SX-AI04-UI  AI 0..7", "0/2 SX-AM06-UI  AI 8..15, AQ 0..3"});
+        row("nothing", "  ", {});
+    }
+    void search()
+    {
+        QFETCH(QString, query);
+        const auto station = stationOf({13395, 13652, 13401, 13396});
+        const SearchResult result = searchStation(*station, readCatalog(), query, 2);
+        QStringList hits;
+        for (const SearchHit &hit : result.hits) {
+            hits += QString("%1/%2 %3").arg(hit.place.rack).arg(hit.place.slot).arg(hit.detail);
+        }
+        QTEST(hits, "hits");
+        QCOMPARE(result.total, query == "analog" ? 3 : hits.size());
+    }
+
+    void differences()
+    {
+        const auto left = stationOf({13395, 13650, 13396, 13653, 13399});
+        const auto right = stationOf({13395, 13650, 13396, 13653}, "other");
+        const Project same = right->project();
+        QCOMPARE(compareProjects(same, same).size(), 0);
+        change(*right, {0, 0}, {{"analogInput[2].inputRange", 3}});
+        QVERIFY(right->move({0, 1}, {5, 6}) && right->add(13654, {0, 1})); // another type in the place
+        right->setLargestPlcType();
+        right->setProperties({"A\nB", {}, {}, {}});
+        QStringList lines;
+        for (const ProjectDifference &difference : compareProjects(left->project(), right->project())) {
+            lines += differenceLine(difference, "A", "B");
+        }
+        QVERIFY(lines.takeFirst().startsWith("project: plcType: "));
+        QCOMPARE(lines, QStringList({"project: title: \"\" -> \"A\\u000aB\"",
+                                     "rack 0, slot 0: \"Analog Input 4 x U/I\" analogInput[2].inputRange: 0 (0~10V) -> "
+                                     "3 (4~20mA)",
+                                     "rack 0, slot 1: \"Digital Input 8 x 24 V\" header.rackId: 0 -> 5",
+                                     "rack 0, slot 1: \"Digital Input 8 x 24 V\" header.slotId: 1 -> 6",
+                                     "rack 0, slot 4: \"Analog Output 2 x U/I\" (type 13399) is only in A",
+                                     "rack 0, slot 1: \"Digital Output 16 Relay\" (type 13654) is only in B"}));
+    }
+
+    void pastesParameters()
+    {
+        const auto station = stationOf({13395, 13395, 13396, 13395, 13395});
+        StationEdits edits(*station, m_stack);
+        const QByteArray factory = station->stored(0).state;
+        change(*station, {0, 0}, {{"analogInput[2].inputRange", 3}});
+        change(*station, {0, 1}, {{"header.objName", 'X'}, {"analogInput[1].samples", 2}});
+        const QStringList before = textsOf(station->project());
+        m_stack.clear();
+        const auto pasted = edits.pasteParameters({station->stored(0).state}, {{0, 0}, {0, 1}, {0, 2}, {0, 4}});
+        QVERIFY2(pasted, qPrintable(pasted.reason()));
+        QCOMPARE(pasted->changed, 2);
+        QCOMPARE(pasted->same, 1);
+        QCOMPARE(pasted->otherType, 1);
+        QCOMPARE(m_stack.count(), 1);
+        const auto *const name = "analogInput[2].inputRange";
+        QCOMPARE(blockdecoder::decodeSavedState(station->stored(1).state).find(name)->value.toInt(), 3);
+        QVERIFY(station->module(1).name.endsWith('X'));
+        QCOMPARE(station->module(4).in.start, quint16{32});
+        QStringList after = textsOf(station->project());
+        QCOMPARE(after.at(4), before.at(4)); // not selected
+        m_stack.undo();
+        QCOMPARE(textsOf(station->project()), before);
+        m_stack.redo();
+        QCOMPARE(textsOf(station->project()), after);
+        QCOMPARE(edits.pasteParameters({"damaged", factory.left(7)}, {{0, 1}})->otherType, 1);
+        QCOMPARE(m_stack.count(), 1);
+    }
+
+    void properties()
+    {
+        const auto station = stationOf({});
+        StationEdits edits(*station, m_stack);
+        edits.setProperties({});
+        QCOMPARE(m_stack.count(), 0);
+        edits.setProperties({"Title", "Author", "1", "Notes"});
+        m_stack.undo();
+        QVERIFY(station->properties() == ProjectProperties());
+        m_stack.redo();
+        QCOMPARE(station->project().properties.author, QString("Author"));
+    }
+
+    void reports()
+    {
+        const auto station = stationOf({13401, 13652, 14848});
+        change(*station, {0, 0}, {{"analogInput[1].inputRange", 2}});
+        station->setProperties({"Plant <1>", "Me", "7", "First\nSecond"});
+        QVERIFY(station->move({0, 1}, {2, 3}));
+        const std::vector<CatalogEntry> catalog = readCatalog();
+        const ReportInfo info{"plant.station", {}};
+        const QString html = stationHtml(*station, catalog, info);
+        for (const char *text :
+             {"<h1>Plant &lt;1&gt;</h1>", "First<br>Second", "plant.station", "<h3>Rack 2</h3>",
+              "<b>Digital Input 32 x 24 V</b><br>SX-DI32-DC<br>I 0..3", "AI, Analog inputs: 8 of 2048", "AI 8..2047",
+              "Range: <b>0~20mA *</b>", "Rack 0, slot 2: "}) {
+            QVERIFY2(html.contains(text), text);
+        }
+        QCOMPARE(html.count("*</b>"), 1);
+
+        const QStringList csv = QString(stationCsv(*station)).split('\n');
+        QCOMPARE(csv.size(), 1 + 6 + 32 + 1);
+        QVERIFY(csv.at(2).startsWith("0,0,Analog Mixed 4 AI 2 AQ,13401,1,AIW2,0~20mA,\"Filter: on, "));
+        QVERIFY2(csv.at(2).endsWith(",Range: 0~20mA instead of 0~10V"), qPrintable(csv.at(2)));
+        QCOMPARE(csv.last(), QString());
+        QCOMPARE(csvLine({"a\"b", "c;d", "e\nf", "g"}), QString("\"a\"\"b\",\"c;d\",\"e\nf\",g\n"));
+
+        const QJsonObject json = QJsonDocument::fromJson(stationJson(*station)).object();
+        QCOMPARE(json.value("title").toString(), QString("Plant <1>"));
+        const QJsonObject module = json.value("modules").toArray().at(0).toObject();
+        QByteArrayList names;
+        const QByteArray state = station->stored(0).state;
+        for (const blockdecoder::Part &part : blockdecoder::decodeSavedState(state).parts) {
+            for (const blockdecoder::Field &field : part.fields) {
+                names += field.name.toUtf8();
+            }
+        }
+        const QJsonArray fields = module.value("fields").toArray();
+        QCOMPARE(fields.size(), names.size());
+        for (int i = 0; i < fields.size(); ++i) {
+            QCOMPARE(fields.at(i).toObject().value("name").toString().toUtf8(), names.at(i));
+        }
+        QCOMPARE(stationJson(**Station::opened(m_plugin, "again", station->project())), stationJson(*station));
+    }
+
+    void batchTasks_data()
+    {
+        const Rows<QStringList, int, QString> row("arguments", "status", "output");
+        row("same", {"a.station", "--compare", "a.station"}, NoFindings, "^$");
+        row("different", {"a.station", "--compare", "b.station"}, Findings,
+            "^rack 0, slot 2: \".*\" \\(type 13397\\) is only in b\\.station\n$");
+        row("other file missing", {"a.station", "--compare", "x"}, UsageOrUnreadable, "^x: ");
+        row("other file of another kind", {"a.station", "--compare", "text"}, UsageOrUnreadable, "^text: ");
+        row("first file missing", {"x", "--compare", "a.station"}, UsageOrUnreadable, "^x: ");
+        for (const char *suffix : {"html", "pdf", "csv", "JSON"}) {
+            row(suffix, {"a.station", "--report", QString("out.") + suffix}, NoFindings, "^2 modules, 0 findings\n$");
+        }
+        row("unknown form", {"a.station", "--report", "out.doc"}, UsageOrUnreadable,
+            "^out\\.doc: The name of a report");
+        row("report without a file", {"x", "--report", "out.csv"}, UsageOrUnreadable, "^x: ");
+    }
+    void batchTasks()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, status);
+        QFETCH(QString, output);
+        for (const char *file : {"a.station", "b.station", "out.html", "out.pdf", "out.csv", "out.JSON"}) {
+            QFile::remove(file);
+        }
+        QCOMPARE(batch({"--new", "a.station", "--modules", "2"}), NoFindings);
+        QCOMPARE(batch({"--new", "b.station", "--modules", "3"}), NoFindings);
+        QVERIFY(writeFile("text", "text"));
+        QCOMPARE(int{batch(arguments)}, status);
+        QVERIFY2(m_output.contains(QRegularExpression(output)), qPrintable(m_output));
+        const QMap<QString, QByteArray> starts{{"out.html", "<!DOCTYPE html>"},
+                                               {"out.pdf", "%PDF-"},
+                                               {"out.csv", "Rack,Slot,Module,"},
+                                               {"out.JSON", "{\n"}};
+        const QByteArray start = status == NoFindings ? starts.value(arguments.last()) : QByteArray();
+        QCOMPARE(written(arguments.last()).left(start.size()), start);
+    }
+
+    /// 4,000 modules: all channels in 300 ms, a search in a frame of 16 ms. The limits leave room for a busy machine.
+    void isFastEnough()
+    {
+        const auto station = std::make_unique<Station>(m_plugin, owner);
+        station->setLargestPlcType();
+        const std::vector<CatalogEntry> catalog = readCatalog();
+        for (int i = 0; i < 4000; ++i) {
+            QVERIFY(station->add(catalog[static_cast<std::size_t>(i) % catalog.size()].typeCode, Place::at(i)));
+        }
+        QElapsedTimer timer;
+        timer.start();
+        const ChannelList list(*station);
+        int changed = 0;
+        for (int row = 0; row < list.count(); ++row) {
+            changed += list.parameters(row).isChanged() ? 1 : 0;
+        }
+        const qint64 channelTime = timer.restart();
+        const SearchResult found = searchStation(*station, catalog, "digital no such", 100);
+        const qint64 searchTime = timer.elapsed();
+        qInfo("%d channels in %lld ms, search in %lld ms", list.count(), channelTime, searchTime);
+        QCOMPARE(changed + found.total, 0);
+        QVERIFY(channelTime < 1500 && searchTime < 160);
+    }
+};
+
+QTEST_MAIN(TestStationViews)
+#include "tst_stationviews.moc"
