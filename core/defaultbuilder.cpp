@@ -57,61 +57,36 @@ QByteArray bitTable(qint32 channels, char initial)
     return {bitTableSize(channels), initial};
 }
 
-bool fillAnalog(SimpleExtendPar &par, const ModuleKind &kind)
+void fillAnalog(SimpleExtendPar &par, qint32 inputs, qint32 outputs)
 {
-    const auto inputs = openRange(par, kind.input, par.inMap);
-    if (!inputs) {
-        return false;
-    }
     par.aiCount = par.inMap.count;
     const quint8 family = factorySignalFamily(par.objId);
-    forEachChannel(*inputs, [&par, family](quint8 channel) {
+    forEachChannel(inputs, [&par, family](quint8 channel) {
         par.aiKind[channel] = family;
         par.aiFilter[channel] = factoryFilter;
         par.aiRange[channel] = factoryRanges[family];
     });
-
-    const auto outputs = openRange(par, kind.output, par.outMap);
-    if (!outputs) {
-        return false;
-    }
     par.aqCount = par.outMap.count;
-    forEachChannel(*outputs, [&par](quint8 channel) {
+    forEachChannel(outputs, [&par](quint8 channel) {
         par.aqKind[channel] = 0;
         par.aqOutTbl[channel] = factoryStop;
         par.aqOutType[channel] = factoryOutput;
     });
-    return true;
 }
 
-bool fillDigital(SimpleExtendPar &par, const ModuleKind &kind)
+void fillDigital(SimpleExtendPar &par, qint32 inputs, qint32 outputs)
 {
-    const auto inputs = openRange(par, kind.input, par.inMap);
-    if (!inputs) {
-        return false;
-    }
     par.diCount = par.inMap.count;
-    par.diFilter = bitTable(*inputs, factoryDelays);
-
-    const auto outputs = openRange(par, kind.output, par.outMap);
-    if (!outputs) {
-        return false;
-    }
+    par.diFilter = bitTable(inputs, factoryDelays);
     par.dqCount = par.outMap.count;
     par.dqMode = DqUseTable;
-    par.dqOutTbl = bitTable(*outputs, 0);
-    return true;
+    par.dqOutTbl = bitTable(outputs, 0);
 }
 
-bool fillWeighing(SimpleExtendPar &par, const ModuleKind &kind)
+void fillWeighing(SimpleExtendPar &par, qint32 inputs)
 {
-    const auto inputs = openRange(par, kind.input, par.inMap);
-    if (!inputs) {
-        return false;
-    }
     par.weighCount = par.inMap.count;
-    forEachChannel(*inputs, [&par](quint8 channel) { par.weighPar[channel] = WeighChannelPar(); });
-    return openRange(par, kind.output, par.outMap).has_value();
+    forEachChannel(inputs, [&par](quint8 channel) { par.weighPar[channel] = WeighChannelPar(); });
 }
 
 bool fillKind(SimpleExtendPar &par)
@@ -123,14 +98,19 @@ bool fillKind(SimpleExtendPar &par)
     if (par.moduleInfo == 0) {
         return false;
     }
-    switch (kind.family) {
-    case ModuleFamily::Analog:
-        return fillAnalog(par, kind);
-    case ModuleFamily::Digital:
-        return fillDigital(par, kind);
-    default:
-        return fillWeighing(par, kind);
+    const auto inputs = openRange(par, kind.input, par.inMap);
+    const auto outputs = inputs ? openRange(par, kind.output, par.outMap) : std::nullopt;
+    if (!outputs) {
+        return false;
     }
+    if (kind.family == ModuleFamily::Analog) {
+        fillAnalog(par, *inputs, *outputs);
+    } else if (kind.family == ModuleFamily::Digital) {
+        fillDigital(par, *inputs, *outputs);
+    } else {
+        fillWeighing(par, *inputs);
+    }
+    return true;
 }
 
 } // namespace
