@@ -63,6 +63,7 @@ private slots:
         comment("a paste into a full comment undone", inside, {"=xy", "<"}, inside);
         comment("too much into an empty comment", "|", {"=" + letters(300)}, letters(250) + '|');
         comment("into the middle of a full comment", inside, {"=b"}, inside);
+        comment("typed into the middle of a full comment", inside, {"*b"}, inside);
         comment("before a full comment", '|' + letters(250), {"=bcd"}, '|' + letters(250));
         comment("a comment up to the limit in bytes", letters(248) + '|', {"=é"}, letters(248) + "é|");
         comment("a comment above the limit in bytes", letters(249) + '|', {"=é"}, letters(249) + '|');
