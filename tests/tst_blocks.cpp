@@ -103,6 +103,11 @@ private slots:
         read->inMap.unit = read->outMap.unit = static_cast<quint8>(golden.unit);
         QCOMPARE(blockcheck::write(*read, formatOf(saved)).toHex(), bytes.toHex());
 
+        recordingHost().takeResult = 6; // a range that the host refuses stays in the record
+        const auto refused = blockcheck::read(bytes, owner, formatOf(saved));
+        QCOMPARE(refused->inMap.start, read->inMap.start);
+        QCOMPARE(refused->outMap.start, read->outMap.start);
+
         recordingHost().calls.clear();
         QVERIFY(blockcheck::read(bytes, QString(), formatOf(saved)));
         QVERIFY(recordingHost().calls.isEmpty());

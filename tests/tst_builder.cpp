@@ -79,6 +79,7 @@ private slots:
         row("host returns a negative channel count", "", -1, 0, {});
         row("length of the channels exceeds 32 bits", "", 0x7FFFFFFF, 0, {});
         row("start 65535 means no room", "", 1, 65535, {"auto plc 6 2"});
+        row("no room for the outputs, the inputs stay claimed", "", 1, 0, {"auto plc 6 2", "auto plc 7 4"});
     }
     void refusal()
     {
@@ -88,7 +89,9 @@ private slots:
         CatalogFolder catalog;
         catalog.writeModule(13395, 0x02010000, lines);
         recordingHost().channels = {{'i', inputs}};
-        recordingHost().allocate = [start](VarArea, qint32) { return start; };
+        recordingHost().allocate = [start](VarArea area, qint32) {
+            return area == VarArea::AnalogOutput ? 65535 : start;
+        };
         QVERIFY(!buildDefault(13395, owner));
         QTEST(recordingHost().calls, "calls");
         QVERIFY(!buildDefault(13396, owner));

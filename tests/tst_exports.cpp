@@ -1,8 +1,7 @@
-// The exports of the built library with a host that throws, with invalid arguments and with a parent that the host
-// destroys. Memory and records must then be as before.
+// The exports of the built library with a host that fails or throws in each call, with invalid arguments and with a
+// parent that the host destroys.
 #include "boxrecorder.h"
 #include "claims.h"
-#include "hostfault.h"
 #include "pagefixture.h"
 #include "pluginlibrary.h"
 #include "rows.h"
@@ -18,6 +17,47 @@ const QString owner = QStringLiteral("plc");
 constexpr quint32 mixedAnalog = 0x3459; // four inputs, two outputs
 constexpr quint32 mixedDigital = 0x3558;
 constexpr quint32 weighing = 0x3852;
+
+/// One call of the given kinds fails: the call with the number @c first, or this one and all later ones.
+struct Fault {
+    int kinds; ///< a bit for each HostCall
+    bool lasts;
+    int first = 1;
+    int calls = 0;
+    int failed = 0; ///< the kinds of the calls that have failed
+
+    bool strikes(HostCall call)
+    {
+        const int bit = kinds & (1 << int(call));
+        calls += int(bit != 0);
+        const bool fails = bit != 0 && (lasts ? calls >= first : calls == first);
+        failed |= fails ? bit : 0;
+        return fails;
+    }
+    bool has(HostCall call) const { return (failed & (1 << int(call))) != 0; }
+};
+
+/// Calls @p run with faults at all numbers at which they strike, single ones and lasting ones of each kind and of any.
+/// A single failure of one kind is a single failure of any kind, too, so it needs no series.
+template <typename Run>
+void forEachFault(Run &&run)
+{
+    for (Fault fault : {Fault{31, false}, {31, true}, {1, true}, {2, true}, {4, true}, {8, true}, {16, true}}) {
+        for (; fault.calls >= fault.first - 1; ++fault.first) { // until the fault does not strike
+            fault.calls = 0;
+            fault.failed = 0;
+            run(fault);
+            if (fault.first == 30) {
+                qFatal("the calls of the host do not end");
+            }
+        }
+    }
+}
+
+int lengthOf(const IoMap &range)
+{
+    return int(bytesOfChannels(range.unit, range.count));
+}
 
 } // namespace
 
@@ -35,17 +75,16 @@ class TestExports : public QObject {
         return claims(owner) << QString::number(host().getInMap(module).start)
                              << QString::number(host().getOutMap(module).start);
     }
-    /// Returns the claims that the station should have: the ranges of the module, and the obstacle of newModule().
-    QStringList claimsOf(SimpleExtendPar *module) const
+    /// Returns the claims of a station that has claimed the module's ranges in addition to @p others.
+    QStringList withRanges(QStringList others, SimpleExtendPar *module) const
     {
-        QStringList texts{claimText(6, 100, 8)};
         for (const IoMap &range : {host().getInMap(module), host().getOutMap(module)}) {
             if (range.count != 0) {
-                texts << claimText(range.area, range.start, int(bytesOfChannels(range.unit, range.count)));
+                others << claimText(range.area, range.start, lengthOf(range));
             }
         }
-        texts.sort();
-        return texts;
+        others.sort();
+        return others;
     }
     /// Creates a factory module in a station where no input range can move to 100.
     ModuleHandle newModule(quint32 type) const
@@ -81,7 +120,7 @@ class TestExports : public QObject {
         const int open = simulatedhost::openSnapshots(owner);
         const QStringList after = heldBy(module.get());
         const bool isWrong = result != 0 || parent.findChild<QDialog *>() != nullptr;
-        const bool disagrees = after.mid(0, after.size() - 2) != claimsOf(module.get());
+        const bool disagrees = after.mid(0, after.size() - 2) != withRanges({claimText(6, 100, 8)}, module.get());
         const QStringList changes{open == 0 ? "" : QString("%1 open").arg(open), after == before ? "" : "moved",
                                   disagrees ? "disagree" : "", isWrong ? "wrong result" : ""};
         return QStringList(changes.filter(QRegularExpression("."))).join(", ");
@@ -162,10 +201,76 @@ private slots:
             forEachFault([&](Fault &fault) {
                 const auto fails = [&fault](HostCall call) { return fault.strikes(call); };
                 const QString found = changesBy(type, steps, {}, fails);
-                const bool staysRefused = fault.refusesRange && (fault.lasts || !steps.endsWith("okButton okButton"));
+                const bool staysRefused =
+                    fault.has(HostCall::TakeMemory) && (fault.lasts || !steps.endsWith("okButton okButton"));
                 const QString text =
                     QString::asprintf("%u, %d, %d, %d: ", type, fault.kinds, fault.first, int(fault.lasts));
                 QCOMPARE(text + found, text + (staysRefused ? QString() : changes));
+            });
+        }
+    }
+
+    void operationFails_data()
+    {
+        const Rows<QString> row("operation");
+        for (const char *operation : {"createObject", "restore", "recompile", "autoMalloc"}) {
+            row(operation, operation);
+        }
+    }
+    /// A module has its own ranges, except those that the host refuses, and frees them. What was claimed before a call
+    /// failed stays claimed.
+    void operationFails()
+    {
+        QFETCH(QString, operation);
+        for (const quint32 type : {13401U, 13396U, 13400U, 13655U, 13650U, 14421U, 14419U, 14848U}) {
+            forEachFault([&](Fault &fault) {
+                const ModuleHandle neighbour = newModule(type);
+                const QStringList others = claims(owner);
+                ModuleHandle module = m_plugin.own(host().createObject(type, owner));
+                const QStringList all = claims(owner);
+                const QByteArray state = host().save(module.get());
+                QByteArray block;
+                QStringList list;
+                host().compile(module.get(), block, list);
+                for (const IoMap &range : {host().getInMap(module.get()), host().getOutMap(module.get())}) {
+                    freeMemory(owner, VarArea(range.area), range.start, lengthOf(range));
+                }
+                if (operation != "autoMalloc") {
+                    module.reset();
+                }
+                QCOMPARE(claims(owner), others);
+                qint32 answer = 0;
+                bool isConfirmed = true;
+                simulatedhost::setFaults([&fault](HostCall call) { return fault.strikes(call); });
+                if (operation == "createObject") {
+                    module = m_plugin.own(host().createObject(type, owner));
+                } else if (operation == "restore") {
+                    module = m_plugin.own(host().restore(state, owner));
+                } else if (operation == "recompile") {
+                    module = m_plugin.own(host().recompile(block, owner, &answer));
+                } else {
+                    isConfirmed = host().autoMallocInMap(module.get());
+                    isConfirmed = host().autoMallocOutMap(module.get()) && isConfirmed;
+                }
+                simulatedhost::setFaults({});
+
+                const bool isFound = !fault.has(HostCall::FindDescriptions) && !fault.has(HostCall::FindComponents);
+                const bool needsRoom = operation == "createObject";
+                QCOMPARE(module != nullptr, isFound && !(needsRoom && fault.has(HostCall::ClaimMemory)));
+                QCOMPARE(answer, operation == "recompile" && fault.has(HostCall::FindDescriptions) ? 129 : 0);
+                QCOMPARE(isConfirmed, needsRoom || !fault.has(HostCall::ClaimMemory));
+                const bool exists = module != nullptr;
+                const bool isTaken = !fault.has(HostCall::TakeMemory);
+                if (exists && (isTaken || operation != "autoMalloc")) {
+                    QCOMPARE(host().save(module.get()), state);
+                }
+                if (exists && (operation == "autoMalloc" ? isConfirmed : isTaken)) {
+                    QCOMPARE(claims(owner), withRanges(others, module.get()));
+                }
+                module.reset();
+                for (const QString &claim : claims(owner)) {
+                    QVERIFY(others.contains(claim) || (!exists && all.contains(claim)));
+                }
             });
         }
     }

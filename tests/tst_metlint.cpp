@@ -166,23 +166,19 @@ private slots:
         QVERIFY2(!resultOfIntended.contains(result), qPrintable(resultOfIntended));
     }
 
-    void fileName_data()
-    {
-        const Rows<QString, quint32> row("name", "code");
-        row("lower-case digits", "hw00003a00.met", 0x3A00);
-        row("no leading zeros", "hw3A00.met", 0x3A00);
-        row("a type code that is looked up as 3", "hw00000004.met", 4);
-    }
     void fileName()
     {
-        QFETCH(QString, name);
-        QFETCH(quint32, code);
-        CatalogFolder catalog;
-        const QByteArray content = entry().replace("3453", QByteArray::number(code, 16));
-        catalog.writeFile("6/" + name, content);
-        QCOMPARE(placesIn(content, contextOf(name)), QStringLiteral("file-name@1:1"));
-        ModuleMetInfo info;
-        QCOMPARE(lookUpMetInfo(code, info), -1);
+        const QMap<QString, quint32> codes{{"hw00003a00.met", 0x3A00}, // lower-case digits
+                                           {"hw3A00.met", 0x3A00},
+                                           {"hw00000004.met", 4}}; // a type code that is looked up as 3
+        for (auto code = codes.begin(); code != codes.end(); ++code) {
+            CatalogFolder catalog;
+            const QByteArray content = entry().replace("3453", QByteArray::number(*code, 16));
+            catalog.writeFile("6/" + code.key(), content);
+            QCOMPARE(placesIn(content, contextOf(code.key())), QStringLiteral("file-name@1:1"));
+            ModuleMetInfo info;
+            QCOMPARE(lookUpMetInfo(*code, info), -1);
+        }
     }
 
     void encodingOfTheMachine()
