@@ -9,11 +9,11 @@ using namespace blockdecoder;
 
 namespace {
 
-enum Format { configuration, savedState };
+constexpr bool configuration = false;
 
-QByteArray sample(quint32 objId, Format format = savedState)
+QByteArray sample(quint32 objId, bool saved = true)
 {
-    return goldenBlock(odd(objId), format == savedState);
+    return goldenBlock(odd(objId), saved);
 }
 
 QString textOf(const QByteArray &bytes)
