@@ -32,9 +32,10 @@ def main(lupdate, translation, *folders):
     errors = [f"has no {text}" for text in wanted.keys() - given.keys()]
     errors += [f"has {text}, which is not in the sources" for text in given.keys() - wanted.keys()]
     for text, element in given.items():
-        if element.get("type") or not element.text:
+        forms = [form.text for form in element.iter("numerusform")] or [element.text]
+        if element.get("type") or not all(forms):
             errors.append(f"has an unfinished translation of {text}")
-        elif placeholders(text[1]) != placeholders(element.text):
+        elif any(placeholders(text[1]) != placeholders(form) for form in forms):
             errors.append(f"has other placeholders in {text}")
     for error in sorted(errors):
         print(f"{translation} {error}")

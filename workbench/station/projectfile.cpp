@@ -148,7 +148,7 @@ Result<> ProjectFile::recognise() const
         return Failure{tr("This is not a station file, or its header is damaged.")};
     }
     if (qFromBigEndian<quint32>(header.constData() + applicationIdOffset) != applicationId) {
-        return Failure{tr("This is the database of another program, not a station file.")};
+        return Failure{tr("This is the database of another program, or its header is damaged.")};
     }
     const auto version = qFromBigEndian<quint32>(header.constData() + versionOffset);
     if (version < static_cast<quint32>(versionWithoutProperties) || version > static_cast<quint32>(formatVersion)) {

@@ -343,6 +343,10 @@
             <numerusform>已从%1重建%n个模块</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Save As writes to another file.</source>
+        <translation>“另存为”写入另一个文件。</translation>
+    </message>
 </context>
 <context>
     <name>FileQuestions</name>
@@ -605,10 +609,6 @@
         <translation>重做上一个撤销的步骤</translation>
     </message>
     <message>
-        <source>Paste modules into free slots from the current slot on, with new addresses</source>
-        <translation>把模块粘贴到从当前槽位起的空闲槽位，使用新地址</translation>
-    </message>
-    <message>
         <source>Place the catalog&apos;s current module in the current slot, or in the next free slot</source>
         <translation>把目录中的当前模块放到当前槽位或下一个空闲槽位</translation>
     </message>
@@ -633,6 +633,14 @@
         <translation>
             <numerusform>%n个问题</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The unsaved changes are recovered. Save them to keep them.</source>
+        <translation>已恢复未保存的更改。请保存它们。</translation>
+    </message>
+    <message>
+        <source>Paste modules from the current slot on; cut modules keep their addresses, copies get new ones</source>
+        <translation>从当前槽位开始粘贴模块；剪切的模块保留地址，副本获得新地址</translation>
     </message>
 </context>
 <context>
@@ -895,10 +903,6 @@
         <translation>文件太大，不可能是一个站。</translation>
     </message>
     <message>
-        <source>This is the database of another program, not a station file.</source>
-        <translation>这是其他程序的数据库，不是站文件。</translation>
-    </message>
-    <message>
         <source>The file has version %1; this program reads version %2.</source>
         <translation>文件的版本为%1；本程序读取版本%2。</translation>
     </message>
@@ -949,6 +953,10 @@
     <message>
         <source>The backup %1 cannot be written. %2</source>
         <translation>无法写入备份%1。%2</translation>
+    </message>
+    <message>
+        <source>This is the database of another program, or its header is damaged.</source>
+        <translation>这是其他程序的数据库，或其文件头已损坏。</translation>
     </message>
 </context>
 <context>
@@ -1045,10 +1053,6 @@
         <source>Unsaved Changes</source>
         <translation>未保存的更改</translation>
     </message>
-    <message>
-        <source>The workbench ended before the changes to %1 were saved.</source>
-        <translation>工作台在保存对%1的更改之前就结束了。</translation>
-    </message>
     <message numerus="yes">
         <source>The copy of %1 has %n module(s). Recover opens it as unsaved changes; the project file stays as it is until you save.</source>
         <translation>
@@ -1070,6 +1074,10 @@
     <message>
         <source>The changes cannot be recovered. Their copy stays.</source>
         <translation>无法恢复更改。其副本保留。</translation>
+    </message>
+    <message>
+        <source>The workbench ended before the changes to &quot;%1&quot; were saved.</source>
+        <translation>工作台在保存对“%1”的更改之前就结束了。</translation>
     </message>
 </context>
 <context>

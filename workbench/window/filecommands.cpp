@@ -172,7 +172,8 @@ bool FileCommands::saveTo(const QString &path, StationDocument::Overwrite overwr
 {
     const Result<ProjectFile::Written> saved = m_document.save(path, overwrite);
     if (!saved) {
-        showFailure(&m_window, tr("%1 cannot be saved.").arg(shown(path)), saved);
+        showFailure(&m_window, tr("%1 cannot be saved.").arg(shown(path)),
+                    Failure{saved.reason() + QLatin1Char('\n') + tr("Save As writes to another file.")});
         return false;
     }
     if (*saved == ProjectFile::Written::ChangedOnDisk) {

@@ -68,7 +68,7 @@ MainWindow::MainWindow(const PluginLibrary &plugin, std::vector<CatalogEntry> ca
 MainWindow::~MainWindow()
 {
     simulatedhost::setHelpListener({});
-    m_document.undoStack().disconnect(this);
+    m_document.undoStack().disconnect(); // its destructor emits signals
 }
 
 void MainWindow::addViews()
@@ -83,6 +83,7 @@ void MainWindow::addViews()
     statusBar()->addPermanentWidget(m_summary);
     m_problemCount->setObjectName(QStringLiteral("problemCount"));
     m_problemCount->setAutoRaise(true);
+    m_problemCount->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_ui->problemDock->setWidget(m_problems);
     tabifyDockWidget(m_ui->problemDock, m_ui->memoryDock);
     m_ui->viewMenu->insertActions(m_ui->viewMenu->actions().constFirst(),
@@ -210,7 +211,11 @@ void MainWindow::connectViews()
 
 bool MainWindow::offerRecovery()
 {
-    return offerUnsavedStations(m_document, m_recovery, RecoveryCopy::defaultFolder(), *this);
+    const bool isRecovered = offerUnsavedStations(m_document, m_recovery, RecoveryCopy::defaultFolder(), *this);
+    if (isRecovered) {
+        showMessage(tr("The unsaved changes are recovered. Save them to keep them."));
+    }
+    return isRecovered;
 }
 
 bool MainWindow::openFile(const QString &path)

@@ -25,6 +25,7 @@ ProblemView::ProblemView(std::vector<Problem> descriptions, QWidget *parent)
     setTextElideMode(Qt::ElideNone);
     setSelectionBehavior(SelectRows);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setStretchLastSection(false); // long texts scroll
     connect(this, &QTreeView::activated, this, &ProblemView::showPlace);
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(refreshDelay);

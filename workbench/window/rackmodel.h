@@ -50,7 +50,7 @@ signals:
     void placeRequested(quint32 typeCode, Place place);
     /// Modules were dropped on slots where they can be.
     void moveRequested(const QVector<Place> &places, Place by);
-    /// A drag is over a slot where it cannot be dropped.
+    /// A drag is over a slot where it cannot be dropped. The view emits an empty reason where it can be dropped.
     void dropRefused(const QString &reason) const;
 
 private:

@@ -253,6 +253,9 @@ void RackView::dragMoveEvent(QDragMoveEvent *event)
     QTableView::dragMoveEvent(event);
     m_isDropWelcome = m_model->canDropMimeData(event->mimeData(), event->dropAction(), -1, -1, indexAt(event->pos()));
     event->setAccepted(m_isDropWelcome);
+    if (m_isDropWelcome) {
+        emit dropRefused(QString()); // the reason at an earlier slot does not apply any more
+    }
     viewport()->update();
 }
 

@@ -23,7 +23,7 @@ Answer ask(const UnsavedStation &station, QWidget &window)
     const QString name =
         station.fileName.isEmpty() ? Texts::tr("New station") : QDir::toNativeSeparators(station.fileName);
     QMessageBox box(QMessageBox::Warning, Texts::tr("Unsaved Changes"),
-                    Texts::tr("The workbench ended before the changes to %1 were saved.").arg(name),
+                    Texts::tr("The workbench ended before the changes to \"%1\" were saved.").arg(name),
                     QMessageBox::NoButton, &window);
     box.setObjectName(QStringLiteral("recoveryBox"));
     box.setInformativeText(
