@@ -195,7 +195,7 @@ private slots:
             toText(difference({decodeSavedState(state)}, {decodeSavedState(cut)})));
         row("blocks in another order", {"--config", "stations", "--diff", "swapped"}, {}, 0, "No field differs\n");
         row("a module in another rack", {"--config", "stations", "--diff", "moved"}, {}, 1,
-            "Blocks 1 and 2, header.rackId\n-  000D  01                        1\n+  0051  07                        "
+            "Blocks 1 and 2, header.rackId\n-  000D  01                        1\n+  0052  07                        "
             "7\n");
         row("no file", {}, {}, 2, {});
         row("two files", {"state", "other"}, {}, 2, {});
