@@ -404,6 +404,7 @@ private slots:
         const auto *browser = child<QTextBrowser>("helpBrowser");
         QVERIFY(child<HelpDock>("helpDock")->isVisible() && !browser->toPlainText().isEmpty());
         QCOMPARE(browser->source().toString(), "qrc:/help/" + page);
+        QCOMPARE(browser->toPlainText().contains("Apply to All Channels"), !page.contains("overview"));
         m_window->setLanguage(QLocale::Chinese);
         QTRY_COMPARE(browser->source().toString(), "qrc:/help/" + page.replace("en/", "zh/"));
     }

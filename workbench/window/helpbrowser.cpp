@@ -59,6 +59,18 @@ void HelpBrowser::showPage(const QString &page)
     setSource(QUrl(QStringLiteral("qrc:/help/%1/%2").arg(tr("en"), page)));
 }
 
+QVariant HelpBrowser::loadResource(int type, const QUrl &name)
+{
+    const QVariant page = QTextBrowser::loadResource(type, name);
+    if (type != QTextDocument::HtmlResource) {
+        return page;
+    }
+    const QString section = QStringLiteral("channels.html");
+    const QByteArray shared = QTextBrowser::loadResource(type, name.resolved(QUrl(section))).toByteArray();
+    return QString::fromUtf8(page.toByteArray())
+        .replace(QStringLiteral("<!-- %1 -->").arg(section), QString::fromUtf8(shared));
+}
+
 void HelpBrowser::retranslate()
 {
     setAccessibleName(tr("Help page"));

@@ -15,6 +15,10 @@ public:
     /// Opens the page of a family; the overview for a family without a page.
     void showFamily(CatalogFamily family);
 
+    /// Inserts the section on many channels, which the pages of several families share, where a page has its name as a
+    /// comment.
+    QVariant loadResource(int type, const QUrl &name) override;
+
 protected:
     void changeEvent(QEvent *event) override;
 
