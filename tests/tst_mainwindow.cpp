@@ -409,6 +409,15 @@ private slots:
         QTRY_COMPARE(browser->source().toString(), "qrc:/help/" + page.replace("en/", "zh/"));
     }
 
+    void toolBarShowsNoMnemonics()
+    {
+        m_window->setLanguage(QLocale::Chinese);
+        QTRY_VERIFY(child<QAction>("newAction")->text().contains("(&"));
+        for (const auto *button : m_window->findChild<QToolBar *>("toolBar")->findChildren<QToolButton *>()) {
+            QVERIFY2(!button->text().contains('(') && !button->toolTip().contains('('), qPrintable(button->text()));
+        }
+    }
+
     void keepsTheStationWhenAFileIsRejected()
     {
         add("Relay");
