@@ -30,6 +30,12 @@ constexpr NamedAreas inputAreas = {
 constexpr NamedAreas outputAreas = {
     {{VarArea::AnalogOutput, "AQEx"}, {VarArea::DigitalOutput, "QEx"}, {VarArea::Variable, "V"}}};
 
+/// Shown in place of the numbers of a direction without channels.
+QString noNumber()
+{
+    return QStringLiteral("\u2013");
+}
+
 /// Returns the name of an area; an empty string if @p areas does not contain it.
 QString nameOf(const NamedAreas &areas, quint8 area)
 {
@@ -86,8 +92,15 @@ QGroupBox *SAddrMapWgt::newGroup(Direction &direction, const QString &title, con
     direction.start = new MSpinBoxEx;
     direction.end = new QLineEdit;
     direction.end->setReadOnly(true);
+    QPalette readOnly;
+    readOnly.setBrush(QPalette::Base, Qt::transparent); // shows the page, unlike the fields that can be edited
+    direction.end->setPalette(readOnly);
+    direction.end->setPlaceholderText(noNumber());
+    direction.end->setSizePolicy(QSizePolicy::Expanding,
+                                 QSizePolicy::Preferred); // as high as the start, same base line
     direction.length = new QSpinBox;
     direction.length->setRange(0, std::numeric_limits<quint8>::max());
+    direction.length->setSpecialValueText(noNumber());
     direction.length->setEnabled(false);
     direction.unit = new QComboBox;
     for (int i = 0; i < choices::addressUnits.size(); ++i) {
@@ -149,6 +162,7 @@ void SAddrMapWgt::showRange(Direction &direction, const IoMap &range, const QStr
     direction.start->setRange(0, qMax<int>(direction.highestStart, range.start));
     direction.start->setToolTip(QStringLiteral("0~%1").arg(direction.highestStart));
     describeEditor(direction.start, direction.start->accessibleName());
+    direction.start->setSpecialValueText(range.count == 0 ? noNumber() : QString()); // 0 is an address otherwise
     direction.start->setValue(range.start);
     direction.start->setSingleStep(direction.isUnitEven() ? 2 : 1);
     direction.length->setValue(direction.unitCount);

@@ -128,7 +128,10 @@ void SGeneralWgt::initUI()
     auto *grid = new QGridLayout(information);
     grid->addWidget(newLabel(tr("&Name:"), m_name), 0, 0);
     grid->addWidget(m_name, 0, 1);
-    grid->addWidget(newLabel(tr("&Comment:"), m_comment), 1, 0, Qt::AlignTop);
+    auto *commentLabel = newLabel(tr("&Comment:"), m_comment);
+    const int textTop = m_comment->frameWidth() + qRound(m_comment->document()->documentMargin());
+    commentLabel->setContentsMargins(0, textTop, 0, 0); // as high as the first line of the comment
+    grid->addWidget(commentLabel, 1, 0, Qt::AlignTop);
     grid->addWidget(m_comment, 1, 1);
 }
 

@@ -77,7 +77,7 @@ private slots:
         row("inputs in a digital output area", "input ", {130, 0, 1, 1, 0}, 0, "0~0 1 Bytes 0 ", "");
         row("an output in an input area", "output ", {6, 0, 1, 1, 1}, 0, "0~0 1 Bytes 0 ", "");
         row("outputs in a digital input area", "output ", {129, 0, 1, 1, 0}, 0, "0~0 1 Bytes 0 ", "");
-        row("a range without channels", "input AIEx", {6, 0, 0, 1, 2}, 0, "0~1024 0 Words  AI", "");
+        row("a range without channels", "input AIEx", {6, 0, 0, 1, 2}, 0, u8"0~1024 \u2013 Words  AI", "");
     }
     void address()
     {
