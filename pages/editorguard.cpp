@@ -1,12 +1,20 @@
 #include "editorguard.h"
 
+#include "scrollareas.h"
+
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QFocusEvent>
-#include <QScrollArea>
 
 namespace {
+
+/// Returns false for a combo box even if it has the focus, because its list is a separate window that takes the wheel
+/// while it is open.
+bool mayTurn(const QWidget *control)
+{
+    return control->hasFocus() && qobject_cast<const QComboBox *>(control) == nullptr;
+}
 
 bool turnsWithWheel(const QWidget *control)
 {
@@ -22,12 +30,12 @@ bool scrollsIntoView(Qt::FocusReason reason)
            reason == Qt::OtherFocusReason;
 }
 
-/// Scrolls all areas and tables that contain @p control.
+/// Scrolls the page and the table that contain @p control.
 void scrollIntoView(QWidget *control)
 {
     for (QWidget *around = control->parentWidget(); around != nullptr; around = around->parentWidget()) {
-        if (auto *area = qobject_cast<QScrollArea *>(around)) {
-            area->ensureWidgetVisible(control);
+        if (auto *area = qobject_cast<PageArea *>(around)) {
+            area->showEditor(control);
         } else if (auto *view = qobject_cast<QAbstractItemView *>(around)) {
             view->scrollTo(view->indexAt(control->geometry().center()));
         }
@@ -52,7 +60,7 @@ EditorGuard::EditorGuard(QWidget *page) : QObject(page)
 bool EditorGuard::eventFilter(QObject *watched, QEvent *event)
 {
     auto *control = static_cast<QWidget *>(watched);
-    if (event->type() == QEvent::Wheel && turnsWithWheel(control) && !control->hasFocus()) {
+    if (event->type() == QEvent::Wheel && turnsWithWheel(control) && !mayTurn(control)) {
         event->ignore(); // the parent of the editor scrolls instead
         return true;
     }

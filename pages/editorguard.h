@@ -5,8 +5,8 @@
 
 class QWidget;
 
-/// Ignores the wheel over an editor without focus, so that scrolling a page does not change values. Scrolls an editor
-/// into view that gets the focus from the keyboard or from a refusal.
+/// Ignores the wheel over a combo box and over a spin box without focus, so that scrolling a page does not change
+/// values. Scrolls an editor into view that gets the focus from the keyboard or from a refusal.
 class EditorGuard : public QObject {
 public:
     /// Guards all present children of @p page that take the focus by the Tab key. @p page owns the guard.

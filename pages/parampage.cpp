@@ -168,15 +168,10 @@ void DefaultsPage::initConnect()
     connect(m_btnDefault, &QPushButton::clicked, this, &DefaultsPage::slot_btnDefault_clicked);
 }
 
-QPushButton *DefaultsPage::newDefaultsButton()
-{
-    m_btnDefault = newButton(tr("Defaults"), QStringLiteral("defaultsButton"));
-    return m_btnDefault;
-}
-
 void DefaultsPage::addDefaultsButton(QBoxLayout *layout)
 {
-    layout->addWidget(newDefaultsButton(), 0, Qt::AlignRight);
+    m_btnDefault = newButton(tr("Defaults"), QStringLiteral("defaultsButton"));
+    layout->addWidget(m_btnDefault, 0, Qt::AlignRight);
 }
 
 RecordDefaultsPage::RecordDefaultsPage(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QWidget *parent)

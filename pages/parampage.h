@@ -99,9 +99,7 @@ protected:
     /// Registers the table of the page, whose rows are the channels. Called after the first editor is registered.
     void registerTable(QTableWidget *table);
 
-    /// Returns the button. The caller adds it to a layout.
-    QPushButton *newDefaultsButton();
-    /// Adds the button at the right of its own row.
+    /// Adds the button at the right of its own row, which is above what it resets.
     void addDefaultsButton(QBoxLayout *layout);
 
 private:

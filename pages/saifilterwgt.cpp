@@ -1,6 +1,7 @@
 #include "saifilterwgt.h"
 
 #include "basewidgets.h"
+#include "checkbox.h"
 #include "scrollareas.h"
 #include "wrappedlabel.h"
 
@@ -33,7 +34,8 @@ SAIFilterWgt::SAIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QW
 
 void SAIFilterWgt::initUI()
 {
-    QVBoxLayout *layout = newPageLayout(this);
+    auto *area = new PageArea(this);
+    QVBoxLayout *layout = area->contentLayout();
     // The missing space after "taken," is intended: the prescribed text has none.
     layout->addWidget(newDescription(
         tr("The analog value the PLC used is the average of the number of samples taken,if the Analog Input Filter is "
@@ -45,7 +47,9 @@ void SAIFilterWgt::initUI()
     frame->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     auto *frameGrid = new QGridLayout(frame);
     frameGrid->setContentsMargins({});
-    frameGrid->addWidget(newRowArea(newChannelGrid()), 0, 0, 8, 4);
+    QGridLayout *channels = newChannelGrid(frame);
+    frameGrid->addLayout(channels, 0, 0, 8, 4);
+    area->keepHeadings(channels);
     m_btnSelectAll = newButton(tr("Select All"), QStringLiteral("selectAllButton"));
     m_btnCancelAll = newButton(tr("Clear All"), QStringLiteral("clearAllButton"));
     frameGrid->addWidget(m_btnSelectAll, 8, 1);
@@ -53,15 +57,14 @@ void SAIFilterWgt::initUI()
     layout->addWidget(frame);
 }
 
-QWidget *SAIFilterWgt::newChannelGrid()
+QGridLayout *SAIFilterWgt::newChannelGrid(QWidget *frame)
 {
-    auto *channels = new QWidget;
-    auto *grid = new QGridLayout(channels);
+    auto *grid = new QGridLayout;
     QStringList titles;
     for (const Field *field : {&filterOnField, &samplesField, &deadbandField}) {
         titles.append(tr(field->title));
         grid->addWidget(new WrappedLabel(titles.last()), 0, titles.size() - 1);
-        grid->setColumnStretch(titles.size() - 1, 1);
+        grid->setColumnStretch(titles.size() - 1, field == &deadbandField ? 3 : 2); // the longest title
     }
     const QStringList sampleCounts = choices::sampleCounts.texts();
     for (int channel = 0; channel < m_par->aiCount; ++channel) {
@@ -71,17 +74,17 @@ QWidget *SAIFilterWgt::newChannelGrid()
             m_editors.add(field, channel, editor);
             grid->addWidget(editor, channel + 1, column++);
         };
-        add(filterOnField, new QCheckBox(QStringLiteral("AIW%1").arg(bytesPerChannel * channel), channels));
-        auto *samples = new QComboBox(channels);
+        add(filterOnField, new CheckBox(QStringLiteral("AIW%1").arg(bytesPerChannel * channel), frame));
+        auto *samples = new QComboBox(frame);
         samples->addItems(sampleCounts);
         add(samplesField, samples);
-        auto *deadband = new MSpinBoxDeadBand(channels);
+        auto *deadband = new MSpinBoxDeadBand(frame);
         deadband->setRange(limits::deadband.minimum, limits::deadband.maximum);
         deadband->setSingleStep(limits::deadband.step);
         add(deadbandField, deadband);
     }
     grid->addItem(new QSpacerItem(10, 10, QSizePolicy::Minimum, QSizePolicy::Expanding), m_par->aiCount + 2, 2);
-    return channels;
+    return grid;
 }
 
 void SAIFilterWgt::initConnect()

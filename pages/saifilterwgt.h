@@ -5,6 +5,8 @@
 #include "parampage.h"
 #include "simpleextendpar.h"
 
+class QGridLayout;
+
 /// Whether and how each analog input is averaged.
 class SAIFilterWgt : public RecordDefaultsPage {
     Q_OBJECT
@@ -25,7 +27,8 @@ protected:
     void initConnect() override;
 
 private:
-    QWidget *newChannelGrid();
+    /// @p frame becomes the parent of the editors.
+    QGridLayout *newChannelGrid(QWidget *frame);
     void setAllFiltered(bool filtered);
 
     ChannelEditors<AiFilter> m_editors;

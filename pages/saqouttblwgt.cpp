@@ -1,6 +1,7 @@
 #include "saqouttblwgt.h"
 
 #include "basewidgets.h"
+#include "checkbox.h"
 #include "lineedit.h"
 #include "scrollareas.h"
 
@@ -52,7 +53,7 @@ SAQOutTblWgt::SAQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QW
 
 void SAQOutTblWgt::initUI()
 {
-    QVBoxLayout *layout = newPageLayout(this);
+    QVBoxLayout *layout = (new PageArea(this))->contentLayout();
     layout->addWidget(newDescription(
         tr("You can configure the value of each analog output on transition from RUN to STOP of the PLC.")));
     addDefaultsButton(layout);
@@ -60,15 +61,15 @@ void SAQOutTblWgt::initUI()
     const QString freezeText = tr(freezeField.title);
     auto *group = new QGroupBox(tr(stopValueField.title));
     group->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    auto *channels = new QWidget;
-    auto *grid = new QGridLayout(channels);
+    auto *grid = new QGridLayout(group);
+    grid->setAlignment(Qt::AlignTop);
     auto *validator = new CustomIntValidator(limits::stopValue.minimum, limits::stopValue.maximum, this);
     validator->setLocale(plainNumbers());
     for (int channel = 0; channel < m_par->aqCount; ++channel) {
-        auto *freeze = new QCheckBox(freezeText, channels);
+        auto *freeze = new CheckBox(freezeText, group);
         registerEditor(freezeField.stem, channel, freeze, freezeText);
         m_editors.add(freezeField, channel, freeze);
-        auto *stopValue = new LineEdit(channels);
+        auto *stopValue = new LineEdit(group);
         stopValue->setValidator(validator);
         stopValue->setText(QStringLiteral("0"));
         stopValue->setToolTip(stopValueField.limitsText());
@@ -80,8 +81,6 @@ void SAQOutTblWgt::initUI()
         grid->addWidget(newLabel(QStringLiteral("AQW%1:").arg(bytesPerChannel * channel), stopValue), channel, 2);
         grid->addWidget(stopValue, channel, 3);
     }
-    auto *groupLayout = new QVBoxLayout(group);
-    groupLayout->addWidget(newRowArea(channels));
     layout->addWidget(group);
 }
 

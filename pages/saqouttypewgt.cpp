@@ -36,15 +36,15 @@ SAQOutTypeWgt::SAQOutTypeWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, 
 
 void SAQOutTypeWgt::initUI()
 {
-    QVBoxLayout *layout = newPageLayout(this);
+    auto *area = new PageArea(this);
+    QVBoxLayout *layout = area->contentLayout();
     layout->addWidget(newDescription(tr("You can configure the value of each analog output type of the PLC.")));
     addDefaultsButton(layout);
 
     // The title of the output table page is intended here, although this page sets types.
     auto *group = new QGroupBox(tr("Values on transition from RUN to STOP"));
     group->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    auto *channels = new QWidget;
-    auto *grid = new QGridLayout(channels);
+    auto *grid = new QGridLayout(group);
     grid->addItem(new QSpacerItem(0, 0), 0, 0);
     for (const Field &field : columns) {
         auto *header = new QLabel(tr(field.title));
@@ -54,7 +54,7 @@ void SAQOutTypeWgt::initUI()
     for (int channel = 0; channel < m_par->aqCount; ++channel) {
         int column = 0;
         for (const Field &field : columns) {
-            auto *editor = new QComboBox(channels);
+            auto *editor = new QComboBox(group);
             editor->addItems(field.choices->texts());
             registerEditor(field.stem, channel, editor, m_headers.at(column)->text());
             m_editors.add(field, channel, editor);
@@ -65,9 +65,8 @@ void SAQOutTypeWgt::initUI()
                         0);
     }
     grid->addItem(new QSpacerItem(10, 10, QSizePolicy::Minimum, QSizePolicy::Expanding), m_par->aqCount + 1, 0);
-    auto *groupLayout = new QVBoxLayout(group);
-    groupLayout->addWidget(newRowArea(channels));
     layout->addWidget(group);
+    area->keepHeadings(grid);
 }
 
 void SAQOutTypeWgt::fitToFont()

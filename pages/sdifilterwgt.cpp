@@ -34,13 +34,13 @@ SDIFilterWgt::SDIFilterWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QW
 void SDIFilterWgt::initUI()
 {
     auto *group = new QGroupBox(tr("Input Filter Delays"));
-    auto *rows = new QWidget;
-    auto *grid = new QGridLayout(rows);
+    auto *grid = new QGridLayout;
+    grid->setAlignment(Qt::AlignTop);
     grid->setColumnStretch(1, 1);
     const QStringList delays = choices::digitalFilterDelays.texts();
     const int rowCount = (m_par->diCount + inputsPerFilterRow - 1) / inputsPerFilterRow;
     for (int row = 0; row < rowCount; ++row) {
-        auto *filter = new QComboBox(rows);
+        auto *filter = new QComboBox(group);
         filter->addItems(delays);
         filter->setCurrentIndex(factoryCode);
         registerEditor("filter", row, filter);
@@ -57,9 +57,9 @@ void SDIFilterWgt::initUI()
     // The missing space in "signalis" is intended: the prescribed text has none.
     groupLayout->addWidget(newDescription(
         tr("You can select the time that the input must remain constant before the signalis caught by the PLC.")));
-    groupLayout->addWidget(newRowArea(rows), 1);
-    addDefaultsButton(groupLayout);
-    QVBoxLayout *layout = newPageLayout(this);
+    groupLayout->addLayout(grid, 1);
+    QVBoxLayout *layout = (new PageArea(this))->contentLayout();
+    addDefaultsButton(layout);
     layout->addWidget(group);
 }
 

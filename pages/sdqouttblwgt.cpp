@@ -1,5 +1,6 @@
 #include "sdqouttblwgt.h"
 
+#include "checkbox.h"
 #include "digitalbits.h"
 #include "imagerange.h"
 #include "scrollareas.h"
@@ -29,7 +30,7 @@ SDQOutTblWgt::SDQOutTblWgt(SimpleExtendPar *par, SimpleExtendPar *defaultPar, QW
 void SDQOutTblWgt::initUI()
 {
     auto *group = new QGroupBox(tr("States on transition from RUN to STOP"));
-    m_freeze = new QCheckBox(tr("Freeze outputs in last state"));
+    m_freeze = new CheckBox(tr("Freeze outputs in last state"));
     m_freeze->setObjectName(QStringLiteral("freezeCheck"));
     auto *explanation =
         new WrappedLabel(tr("Selected output will be ON when the PLC transitions from RUN to STOP mode."));
@@ -39,7 +40,8 @@ void SDQOutTblWgt::initUI()
                                              "Transition from RUN to STOP of the PLC.")));
     groupLayout->addWidget(m_freeze);
     groupLayout->addWidget(explanation);
-    groupLayout->addWidget(newRowArea(newOutputGrid()), 1);
+    QGridLayout *outputs = newOutputGrid(group);
+    groupLayout->addLayout(outputs, 1);
 
     m_btnSelectAll = newButton(tr("Select All"), QStringLiteral("selectAllButton"));
     m_btnClearAll = newButton(tr("Clear All"), QStringLiteral("clearAllButton"));
@@ -47,16 +49,17 @@ void SDQOutTblWgt::initUI()
     buttons->addWidget(m_btnSelectAll);
     buttons->addWidget(m_btnClearAll);
     buttons->addStretch();
-    buttons->addWidget(newDefaultsButton());
     groupLayout->addLayout(buttons);
-    QVBoxLayout *layout = newPageLayout(this);
-    layout->addWidget(group);
+    auto *area = new PageArea(this);
+    addDefaultsButton(area->contentLayout());
+    area->contentLayout()->addWidget(group);
+    area->keepHeadings(outputs);
 }
 
-QWidget *SDQOutTblWgt::newOutputGrid()
+QGridLayout *SDQOutTblWgt::newOutputGrid(QWidget *group)
 {
-    auto *outputs = new QWidget;
-    auto *grid = new QGridLayout(outputs);
+    auto *grid = new QGridLayout;
+    grid->setAlignment(Qt::AlignTop);
     const auto addLabel = [this, grid](const QString &text, int row, int column) {
         auto *label = new QLabel(text);
         label->setAlignment(Qt::AlignCenter);
@@ -71,7 +74,7 @@ QWidget *SDQOutTblWgt::newOutputGrid()
     for (int output = 0; output < m_par->dqCount; ++output) {
         const int byte = output / outputsPerByte;
         const int bit = output % outputsPerByte;
-        auto *box = new QCheckBox(outputs);
+        auto *box = new CheckBox(group);
         registerEditor("output", output, box);
         box->setAccessibleName(QStringLiteral("Q%1.%2").arg(byte).arg(bit));
         if (bit == 0) {
@@ -81,7 +84,7 @@ QWidget *SDQOutTblWgt::newOutputGrid()
         m_outputs.append(box);
     }
     grid->setColumnStretch(outputsPerByte + 1, 1);
-    return outputs;
+    return grid;
 }
 
 void SDQOutTblWgt::initConnect()

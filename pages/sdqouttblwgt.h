@@ -6,6 +6,7 @@
 #include <QVector>
 
 class QCheckBox;
+class QGridLayout;
 
 /// What the digital outputs do on the transition from RUN to STOP: keep their state or take the state of their box.
 class SDQOutTblWgt : public RecordDefaultsPage {
@@ -28,7 +29,8 @@ protected:
     void fitToFont() override;
 
 private:
-    QWidget *newOutputGrid();
+    /// @p group becomes the parent of the check boxes.
+    QGridLayout *newOutputGrid(QWidget *group);
     void setOutputsEnabled(bool enabled);
     void setOutputsChecked(bool checked);
 

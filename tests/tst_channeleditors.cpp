@@ -239,8 +239,42 @@ private slots:
             const auto *editor = child(*page, next);
             QCOMPARE(QApplication::focusWidget(), editor);
             QCOMPARE(editor->visibleRegion().boundingRect(), editor->rect());
+            QVERIFY(editor->mask().isEmpty()); // headings cover it otherwise
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
+        for (int i = 0; i < 40; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+            const auto *editor = QApplication::focusWidget();
+            QCOMPARE(editor->visibleRegion().boundingRect(), editor->rect());
+            QVERIFY(editor->mask().isEmpty());
+        }
+    }
+
+    // The wheel belongs to the page, because an open list is a window that takes it itself.
+    void wheelDoesNotTurnComboBoxes()
+    {
+        Par par = aiFilter.record("0/5/320");
+        const PagePtr page = aiFilter.make(par, nullptr, nullptr);
+        page->show();
+        QVERIFY(QTest::qWaitForWindowActive(page.get()));
+        auto *samples = child<QComboBox>(*page, "samples_0");
+        samples->setFocus();
+        QVERIFY(samples->hasFocus());
+        const auto turn = [](QWidget *widget) {
+            const QPoint place = widget->rect().center();
+            QWheelEvent event(place, widget->mapToGlobal(place), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(widget, &event);
+            return event.isAccepted();
+        };
+        turn(samples);
+        QCOMPARE(samples->currentIndex(), 5);
+        QTest::keyClick(samples, Qt::Key_Up); // the keys still turn it
+        QCOMPARE(samples->currentIndex(), 4);
+        auto *deadband = child<QSpinBox>(*page, "deadband_0");
+        deadband->setFocus();
+        QVERIFY(turn(deadband));
+        QCOMPARE(deadband->value(), 336);
     }
 
 private:

@@ -136,8 +136,8 @@ private slots:
                               "%2Length 1,2; 'Unit' 1,3; %2Unit 1,4; 'Memory:' 2,1; %2Memory 2,2]; ";
         row("address", make<SAddrMapWgt>, range.arg("Input", "input") + range.arg("Output", "output") + "spacer 0mx0e");
         row("digital input filter", make<SDIFilterWgt>,
-            "area['Input Filter Delays'[margins 50,9,50,9; descriptionLabel; area[filterLabel_0 0,0; "
-            "filter_0 0,1; filterLabel_1 1,0; filter_1 1,1]; defaultsButton right]]");
+            "area[defaultsButton right; 'Input Filter Delays'[margins 50,9,50,9; descriptionLabel; "
+            "[filterLabel_0 0,0; filter_0 0,1; filterLabel_1 1,0; filter_1 1,1]]]");
         QString digits;
         QString firstRow;
         for (int i = 0; i < 8; ++i) {
@@ -145,27 +145,26 @@ private slots:
             firstRow += QString("output_%1 centred 1,%2; ").arg(i).arg(i + 1);
         }
         row("digital output table", make<SDQOutTblWgt>,
-            "area['States on transition from RUN to STOP'[descriptionLabel; freezeCheck; "
-            "'Selected output will be ON when the PLC transitions from RUN to STOP mode.'; area[" +
+            "area[defaultsButton right; 'States on transition from RUN to STOP'[descriptionLabel; freezeCheck; "
+            "'Selected output will be ON when the PLC transitions from RUN to STOP mode.'; [" +
                 digits + "'Q0.x' w14 h14 centred 1,0; " + firstRow +
-                "'Q1.x' w14 h14 centred 2,0; output_8 centred 2,1]; [selectAllButton; clearAllButton; spacer 0ex0m; "
-                "defaultsButton]]]");
+                "'Q1.x' w14 h14 centred 2,0; output_8 centred 2,1]; [selectAllButton; clearAllButton; spacer 0ex0m]]]");
         row("analog input filter", make<SAIFilterWgt>,
-            "area[descriptionLabel; defaultsButton right; area[area['Whether to Filter' 0,0; "
+            "area[descriptionLabel; defaultsButton right; area[['Whether to Filter' 0,0; "
             "'Number of Samples' 0,1; 'Deadband(16 - 4080, 0 = forbid)' 0,2; filterOn_0 1,0; samples_0 1,1; "
             "deadband_0 1,2; filterOn_1 2,0; samples_1 2,1; deadband_1 2,2; spacer 10mx10e 4,2] 0,0 8x4; "
             "selectAllButton 8,1; clearAllButton 8,2] expanding]");
         row("analog range", make<SAIRangeWgt>, "descriptionLabel; defaultsButton right; rangeTable expanding");
         row("analog output table", make<SAQOutTblWgt>,
             "area[descriptionLabel; defaultsButton right; "
-            "'Values on transition from RUN to STOP'[area[freeze_0 0,0; spacer 10ex10m 0,1; 'AQW0:' 0,2; "
+            "'Values on transition from RUN to STOP'[freeze_0 0,0; spacer 10ex10m 0,1; 'AQW0:' 0,2; "
             "stopValue_0 w50 0,3; freeze_1 1,0; spacer 10ex10m 1,1; 'AQW2:' 1,2; "
-            "stopValue_1 w50 1,3]] expanding]");
+            "stopValue_1 w50 1,3] expanding]");
         row("analog output type", make<SAQOutTypeWgt>,
             "area[descriptionLabel; defaultsButton right; "
-            "'Values on transition from RUN to STOP'[area[spacer 0mx0m 0,0; 'Channel Enable' h24 0,1 1x2; "
+            "'Values on transition from RUN to STOP'[spacer 0mx0m 0,0; 'Channel Enable' h24 0,1 1x2; "
             "'Range' h24 0,3 1x2; enable_0 1,1 1x2; range_0 1,3 1x2; 'Channel 0:' 1,0; "
-            "enable_1 2,1 1x2; range_1 2,3 1x2; 'Channel 1:' 2,0; spacer 10mx10e 3,0]] expanding]");
+            "enable_1 2,1 1x2; range_1 2,3 1x2; 'Channel 1:' 2,0; spacer 10mx10e 3,0] expanding]");
         row("weighing", make<SWeightParCfgWgt>, "defaultsButton right; weighTable expanding");
     }
     void places()

@@ -179,6 +179,32 @@ QString cutTexts(const QWidget &dialog)
     return cut;
 }
 
+/// Returns the place of the painted text inside of @p widget, in pixels of @p image.
+QRect inkOf(const QImage &image, const QWidget &widget)
+{
+    constexpr int frame = 4; // of fields
+    const QRect inside =
+        QRect(widget.mapTo(widget.window(), QPoint()), widget.size()).adjusted(0, frame, -frame, -frame);
+    const int background = qGray(image.pixel(inside.bottomRight()));
+    QRect ink;
+    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+        for (int x = inside.left() + frame; x <= inside.right(); ++x) {
+            if (qAbs(qGray(image.pixel(x, y)) - background) > 100) {
+                ink |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return ink;
+}
+
+/// Shows the page with the given position in the tree.
+void showPage(const QWidget &dialog, int page)
+{
+    auto *tree = dialog.findChild<QTreeWidget *>("tree");
+    tree->setCurrentItem(tree->topLevelItem(0)->child(page));
+    QCoreApplication::processEvents();
+}
+
 } // namespace
 
 class TestLooks : public QObject {
@@ -272,6 +298,126 @@ private slots:
         const auto *ok = dialog.findChild<QAbstractButton *>("okButton");
         QCOMPARE(note->width(), note->sizeHint().width());
         QVERIFY(ok->x() - note->geometry().right() > largeWindow.width() / 4);
+    }
+
+    void rowsShareABaseLine_data()
+    {
+        const Rows<double> row("fontFactor");
+        row("default font", 1);
+        row("large font", 2);
+    }
+    void rowsShareABaseLine()
+    {
+        QFETCH(double, fontFactor);
+        QFont font = m_font;
+        font.setPointSizeF(font.pointSizeF() * fontFactor);
+        QApplication::setFont(font);
+        const auto par = samplemodules::withChannels(0x3459, 4);
+        par->inMap = {6, 2, 4, 1, 2};
+        par->comment = "Comment";
+        SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
+        dialog.show();
+        const auto ink = [&dialog](const QWidget *widget) { return inkOf(dialog.grab().toImage(), *widget); };
+        const auto labelOf = [&dialog](const QWidget *field) {
+            const auto labels = dialog.findChildren<QLabel *>();
+            return *std::find_if(labels.begin(), labels.end(), [=](auto *label) { return label->buddy() == field; });
+        };
+        const auto *comment = dialog.findChild<QWidget *>("commentEdit");
+        QCOMPARE(ink(comment).top(), ink(labelOf(comment)).top()); // a mnemonic may be underlined
+        showPage(dialog, 1);
+        const auto *start = dialog.findChild<QWidget *>("inputStart");
+        const auto *end = dialog.findChild<QWidget *>("inputEnd");
+        const int baseLine = ink(start->findChild<QLineEdit *>()).bottom();
+        for (const QWidget *widget : std::initializer_list<const QWidget *>{labelOf(start), labelOf(end), end}) {
+            QCOMPARE(ink(widget).bottom(), baseLine);
+        }
+    }
+
+    void readOnlyFieldsAndCheckBoxesAreTold_data()
+    {
+        const Rows<int> row("window"); // shade of gray
+        row("light", 0xEF);
+        row("dark", 0x35);
+        row("almost black", 0x18);
+    }
+    void readOnlyFieldsAndCheckBoxesAreTold()
+    {
+        QFETCH(int, window);
+        const auto par = samplemodules::withChannels(0x3558, 8);
+        SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
+        dialog.setPalette(QPalette(QColor(window, window, window)));
+        dialog.show();
+        showPage(dialog, 1);
+        const auto gray = [&dialog](const QImage &image, const QWidget *widget, QPoint place) {
+            return qGray(image.pixel(widget->mapTo(&dialog, place)));
+        };
+        const QImage addresses = dialog.grab().toImage();
+        const auto *end = dialog.findChild<QWidget *>("inputEnd");
+        const auto *start = dialog.findChild<QWidget *>("inputStart")->findChild<QLineEdit *>();
+        const int page = gray(addresses, end, {-2, end->height() / 2});
+        QCOMPARE(gray(addresses, end, end->rect().center()), page);
+        QVERIFY(gray(addresses, start, start->rect().center()) != page);
+
+        showPage(dialog, 3);
+        const QImage outputs = dialog.grab().toImage();
+        const auto *box = dialog.findChild<QWidget *>("output_0");
+        int contrast = 0;
+        for (int x = 0; x < box->width(); ++x) {
+            contrast = qMax(contrast, qAbs(gray(outputs, box, {x, box->height() / 2}) - gray(outputs, box, {-1, 0})));
+        }
+        QVERIFY2(contrast > 60, qPrintable(QString::number(contrast)));
+    }
+
+    // A page scrolls in one area, in which several rows are visible in a large font, and below their headings.
+    void scrollsRowsBelowHeadings_data()
+    {
+        const Rows<quint32, int, QString> row("typeCode", "page", "heading");
+        row("analog input filter", 0x3459, 2, "Number of Samples");
+        row("analog output table", 0x3459, 4, "");
+        row("analog output type", 0x3459, 5, "Range");
+        row("digital input filter", 0x3558, 2, "");
+        row("digital output table", 0x3558, 3, "7");
+    }
+    void scrollsRowsBelowHeadings()
+    {
+        QFETCH(quint32, typeCode);
+        QFETCH(int, page);
+        QFETCH(QString, heading);
+        QFont font = m_font;
+        font.setPointSizeF(font.pointSizeF() * 2);
+        QApplication::setFont(font);
+        const auto par = samplemodules::withChannels(typeCode, 255);
+        SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
+        dialog.show();
+        showPage(dialog, page);
+        QVector<QScrollBar *> bars;
+        for (const auto *area : dialog.findChildren<QAbstractScrollArea *>()) {
+            if (area->isVisible() && area->verticalScrollBar()->maximum() > 0) {
+                bars.append(area->verticalScrollBar());
+            }
+        }
+        QCOMPARE(bars.size(), 1);
+        for (const int value : {bars[0]->maximum() / 2, bars[0]->maximum()}) {
+            bars[0]->setValue(value);
+            QCoreApplication::processEvents();
+            QSet<int> rows;
+            for (const auto *editor : dialog.findChildren<QWidget *>(QRegularExpression("_\\d+$"))) {
+                if (editor->visibleRegion().boundingRect() == editor->rect() && editor->mask().isEmpty()) {
+                    rows.insert(editor->mapTo(&dialog, editor->rect().center()).y());
+                }
+            }
+            QVERIFY2(rows.size() >= 3, qPrintable(QString::number(rows.size())));
+            for (const auto *label : dialog.findChildren<QLabel *>()) {
+                if (!heading.isEmpty() && label->text() == heading && label->isVisible()) {
+                    QCOMPARE(label->visibleRegion().boundingRect(), label->rect());
+                    QVERIFY(label->mapTo(&dialog, label->rect().bottomLeft()).y() <
+                            *std::min_element(rows.begin(), rows.end()));
+                    heading.append(" found");
+                }
+            }
+            QVERIFY(heading.isEmpty() || heading.endsWith(" found"));
+            heading.remove(" found");
+        }
     }
 
     // No shown text is an English source text of the translation, in any context.
