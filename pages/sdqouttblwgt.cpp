@@ -38,7 +38,10 @@ void SDQOutTblWgt::initUI()
     auto *groupLayout = new QVBoxLayout(group);
     groupLayout->addWidget(newDescription(tr("You can configure the ON and OFF states of each digital output on "
                                              "Transition from RUN to STOP of the PLC.")));
-    groupLayout->addWidget(m_freeze);
+    auto *freezeRow = new QHBoxLayout;
+    freezeRow->addWidget(m_freeze);
+    addDefaultsButton(freezeRow); // not in its own row, so that more outputs are visible
+    groupLayout->addLayout(freezeRow);
     groupLayout->addWidget(explanation);
     QGridLayout *outputs = newOutputGrid(group);
     groupLayout->addLayout(outputs, 1);
@@ -51,7 +54,6 @@ void SDQOutTblWgt::initUI()
     buttons->addStretch();
     groupLayout->addLayout(buttons);
     auto *area = new PageArea(this);
-    addDefaultsButton(area->contentLayout());
     area->contentLayout()->addWidget(group);
     area->keepHeadings(outputs);
 }

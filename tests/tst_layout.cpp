@@ -145,7 +145,7 @@ private slots:
             firstRow += QString("output_%1 centred 1,%2; ").arg(i).arg(i + 1);
         }
         row("digital output table", make<SDQOutTblWgt>,
-            "area[defaultsButton right; 'States on transition from RUN to STOP'[descriptionLabel; freezeCheck; "
+            "area['States on transition from RUN to STOP'[descriptionLabel; [freezeCheck; defaultsButton right]; "
             "'Selected output will be ON when the PLC transitions from RUN to STOP mode.'; [" +
                 digits + "'Q0.x' w14 h14 centred 1,0; " + firstRow +
                 "'Q1.x' w14 h14 centred 2,0; output_8 centred 2,1]; [selectAllButton; clearAllButton; spacer 0ex0m]]]");
