@@ -1,22 +1,27 @@
 #!/usr/bin/env bash
 # Renders the pages of the properties dialog with build/release. ./dev builds the program and calls this script.
-# All module types once; in the other languages, palettes and scales one module of each kind.
+# All module types once; in the other languages, palettes, scales and in a large font one module of each kind.
 #
 # usage: shots.sh FOLDER
 set -euo pipefail
 folder=$(realpath "$1")
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-for scale in 1 1.5 2; do
-    for language in en zh; do
-        for palette in light dark; do
+# render SCALE LANGUAGE PALETTE MODULES [POINTS]
+render() {
+    # The warning is about the platform without a screen.
+    QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=$1 build/release/bin/shots "$folder" "${@:2}" \
+        2> >(grep -v 'does not support propagateSizeHints' >&2)
+}
+
+for language in en zh; do
+    for palette in light dark; do
+        for scale in 1 1.5 2; do
             modules=kinds
             [[ $language-$palette-$scale != en-light-1 ]] || modules=all
-            # The warning is about the platform without a screen.
-            QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=$scale \
-                build/release/bin/shots "$folder" "$language" "$palette" "$modules" \
-                2> >(grep -v 'does not support propagateSizeHints' >&2)
+            render "$scale" "$language" "$palette" "$modules"
         done
+        render 1 "$language" "$palette" kinds 18
     done
 done
 echo "shots: the pictures are in $folder"

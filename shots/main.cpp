@@ -15,10 +15,11 @@
 
 namespace {
 
-constexpr auto usage = "Usage: shots FOLDER en|zh light|dark all|kinds\n"
+constexpr auto usage = "Usage: shots FOLDER en|zh light|dark all|kinds [POINTS]\n"
                        "\n"
                        "Renders every page of all module types and of wide ones, or of one module of each kind,\n"
-                       "to FOLDER/LANGUAGE-PALETTE-SCALE-MODULE-NUMBER-PAGE.png. QT_SCALE_FACTOR gives the scale.\n";
+                       "to FOLDER/LANGUAGE-PALETTE-SCALE-MODULE-NUMBER-PAGE.png. QT_SCALE_FACTOR gives the scale,\n"
+                       "POINTS the size of the font, else 9; it is then a part of the file name after SCALE.\n";
 
 QPalette darkPalette()
 {
@@ -73,7 +74,7 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     QTranslator translator;
-    if (arguments.size() != 5) {
+    if (arguments.size() != 5 && arguments.size() != 6) {
         QTextStream(stderr) << usage;
         return 2;
     }
@@ -86,7 +87,9 @@ int main(int argc, char *argv[])
         simulatedhost::setLanguage(simulatedhost::Language::Local);
     }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9)); // as on most desktops
+    const QString points = arguments.value(5);
+    QApplication::setFont(
+        QFont(QStringLiteral("DejaVu Sans"), points.isEmpty() ? 9 : points.toInt())); // as on most desktops
     if (arguments.at(3) == QLatin1String("dark")) {
         QApplication::setPalette(darkPalette());
     }
@@ -101,7 +104,8 @@ int main(int argc, char *argv[])
     }
     const QString stem =
         QStringLiteral("%1/%2-%3-%4-")
-            .arg(arguments.at(1), arguments.at(2), arguments.at(3), QString::number(application.devicePixelRatio()));
+            .arg(arguments.at(1), arguments.at(2), arguments.at(3), QString::number(application.devicePixelRatio())) +
+        (points.isEmpty() ? QString() : points + QStringLiteral("pt-"));
     return std::all_of(samples.begin(), samples.end(),
                        [&](const auto &sample) { return renderPages(sample, stem + sample.name); })
                ? 0
