@@ -188,7 +188,8 @@ private slots:
         QVERIFY(ProjectFile(m_path).write(Project()));
         for (int i = 0; i < processes; ++i) {
             if (fork() == 0) {
-                for (quint32 done = 0; done < changes;) {
+                quint32 done = 0;
+                for (int tries = 0; tries < 10000 && done < changes; ++tries) {
                     Result<Project> project = ProjectFile(m_path).read();
                     const QString expected = project ? projectChecksum(*project) : QString();
                     project = project ? (++project->plcType, project) : project;

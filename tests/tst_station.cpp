@@ -452,7 +452,7 @@ private slots:
         QFETCH(QString, reason);
         Project project = stationOf({13656, 13656, 13656}, otherOwner)->project();
         project.modules[1].state = state;
-        const auto opened = Station::opened(m_plugin, owner, project);
+        auto opened = Station::opened(m_plugin, owner, project);
         QVERIFY2(opened, qPrintable(opened.reason()));
         Station *station = opened->get();
         QCOMPARE(station->unavailableCount(), 1);
@@ -470,6 +470,9 @@ private slots:
         QVERIFY(!station->module(1).unavailable.isEmpty());
         QCOMPARE(textsOf(station->project()), textsOf(project));
         QCOMPARE(claims(owner), rangesOf(*station));
+        stack.clear();
+        opened->reset();
+        QCOMPARE(claims(owner), QStringList());
     }
 
     void reportsWhatTheCatalogLacks_data()

@@ -100,7 +100,7 @@ std::vector<std::unique_ptr<RecoveryCopy>> RecoveryCopy::abandoned(const QString
         }
         if (const Result<UnsavedStation> station = copy->read()) {
             found.emplace_back(station->time, std::move(copy));
-        } else {
+        } else if (!copy->content()) { // a sound one of another version stays for that version
             copy->drop();
         }
     }
@@ -121,16 +121,20 @@ Result<> RecoveryCopy::write(const UnsavedStation &station)
     return writeFile(file(), bytesOf(station));
 }
 
-Result<UnsavedStation> RecoveryCopy::read() const
+/// The file without its digest; std::nullopt if it does not exist or its digest is wrong.
+std::optional<QByteArray> RecoveryCopy::content() const
 {
     QFile copy(file());
-    if (!copy.open(QIODevice::ReadOnly)) {
-        return Failure{copy.errorString()};
-    }
-    const QByteArray bytes = copy.read(2 * ProjectFile::maximumSize);
+    const QByteArray bytes = copy.open(QIODevice::ReadOnly) ? copy.read(2 * ProjectFile::maximumSize) : QByteArray();
     const QByteArray content = bytes.chopped(std::min(digestSize, bytes.size()));
+    return bytes.mid(content.size()) == digestOf(content) ? std::optional<QByteArray>(content) : std::nullopt;
+}
+
+Result<UnsavedStation> RecoveryCopy::read() const
+{
+    const std::optional<QByteArray> bytes = content();
     UnsavedStation station;
-    if (bytes.mid(content.size()) != digestOf(content) || !readStation(content, station)) {
+    if (!bytes || !readStation(*bytes, station)) {
         return Failure{Texts::tr("The recovery copy is damaged.")};
     }
     return station;

@@ -7,6 +7,7 @@
 #include <QDateTime>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QLockFile;
@@ -44,6 +45,7 @@ public:
 private:
     RecoveryCopy(const QString &folder, const QString &name);
     QString file() const;
+    std::optional<QByteArray> content() const;
 
     QString m_folder; // of this copy only, because a killed writer leaves temporary files
     std::unique_ptr<QLockFile> m_lock;

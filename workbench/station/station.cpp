@@ -232,8 +232,9 @@ bool Station::configure(Place place, QWidget *parent)
         return false;
     }
     m_beforeDialog = stored(index);
-    m_memory.release(rangesOf(handle));
+    const std::vector<MemoryRange> ranges = rangesOf(handle);
     m_exports.config(handle, m_memory.owner(), parent, false);
+    m_memory.release(ranges);
     m_memory.hold(rangesOf(handle), place);
     m_memory.updateReserved();
     const StoredModule before = *std::exchange(m_beforeDialog, std::nullopt);

@@ -110,7 +110,7 @@ std::vector<Place> StationEdits::targets(const std::vector<StoredModule> &module
         return places;
     }
     places.clear();
-    for (int i = at.index(); i < Place::count && places.size() < modules.size(); ++i) {
+    for (int i = std::max(at.index(), 0); i < Place::count && places.size() < modules.size(); ++i) {
         if (!m_station.moduleAt(Place::at(i))) {
             places.push_back(Place::at(i));
         }

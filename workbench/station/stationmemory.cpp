@@ -88,9 +88,7 @@ Result<> StationMemory::setPlcType(quint32 type)
                                     QString::number(size - 1))};
         }
     }
-    while (!m_reserved.empty()) { // the areas have other sizes
-        unreserve(*m_reserved.begin());
-    }
+    unreserveAll(); // the areas have other sizes
     updateReserved();
     return {};
 }
@@ -111,8 +109,8 @@ void StationMemory::release(const std::vector<MemoryRange> &ranges)
 
 void StationMemory::releaseAll()
 {
+    unreserveAll();
     m_holders.clear();
-    m_reserved.clear();
     m_wanted.clear();
 }
 
@@ -142,6 +140,13 @@ void StationMemory::unreserve(const MemoryRange &range)
     m_reserved.erase(MemoryRange(range)); // the argument may be the element
 }
 
+void StationMemory::unreserveAll()
+{
+    while (!m_reserved.empty()) {
+        unreserve(*m_reserved.begin());
+    }
+}
+
 void StationMemory::yieldTo(const std::vector<MemoryRange> &ranges)
 {
     for (auto next = m_reserved.begin(); next != m_reserved.end();) {
@@ -158,9 +163,7 @@ void StationMemory::updateReserved()
     if (m_reserved.size() == m_wanted.size()) {
         return;
     }
-    while (!m_reserved.empty()) {
-        unreserve(*m_reserved.begin());
-    }
+    unreserveAll();
     for (const auto &[index, range] : m_wanted) {
         if (claim(m_owner, range) == simulatedhost::Held) {
             m_reserved.insert(range);

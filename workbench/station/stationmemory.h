@@ -42,6 +42,8 @@ public:
         : m_owner(std::move(owner)), m_describe(std::move(describe))
     {
     }
+    ~StationMemory() { unreserveAll(); }
+    Q_DISABLE_COPY_MOVE(StationMemory)
 
     const QString &owner() const { return m_owner; }
     /// The PLC type defines the sizes of the areas.
@@ -56,6 +58,7 @@ public:
     /// it.
     void want(const std::vector<MemoryRange> &ranges, Place owner);
     void unwant(Place owner);
+    bool hasReserved() const { return !m_reserved.empty(); }
     /// Frees reserved ranges that overlap @p ranges, for a module that is about to claim these.
     void yieldTo(const std::vector<MemoryRange> &ranges);
     /// Reserves the recorded ranges of unavailable modules, in the order of places. Call after each change of the
@@ -85,6 +88,7 @@ private:
     std::optional<Place> occupant(const MemoryRange &range) const;
     Failure whyNotFree(const MemoryRange &range, qint32 code) const;
     void unreserve(const MemoryRange &range);
+    void unreserveAll();
 
     QString m_owner;
     std::function<QString(Place)> m_describe;

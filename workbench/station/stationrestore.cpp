@@ -95,8 +95,10 @@ Result<> Station::addCopy(const QByteArray &state, Place place, Addresses addres
 
 bool Station::put(const StoredModule &module)
 {
-    const auto [in, out] = rangesOfState(module.state);
-    m_memory.yieldTo(memoryRanges(in, out));
+    if (m_memory.hasReserved()) { // decoding the state takes time
+        const auto [in, out] = rangesOfState(module.state);
+        m_memory.yieldTo(memoryRanges(in, out));
+    }
     const bool isAvailable = putUnreserved(module, true);
     m_memory.updateReserved();
     return isAvailable;
