@@ -1,4 +1,5 @@
 // The project file is complete or rejected, also when it is damaged or its writer is killed.
+#include "fastfolder.h"
 #include "files.h"
 #include "projectfile.h"
 #include "projectrecovery.h"
@@ -139,8 +140,7 @@ bool canTrace()
 class TestProjectFile : public QObject {
     Q_OBJECT
 
-    // In memory if possible: the files of a killed program are the same there as on a disk, without waiting for it.
-    QTemporaryDir m_folder{(QFileInfo("/dev/shm").isWritable() ? "/dev/shm" : QDir::tempPath()) + "/XXXXXX"};
+    QTemporaryDir m_folder{fastFolder()};
     QString m_path = m_folder.filePath("test.station");
 
     QStringList content() const { return textsOf(ProjectFile(m_path).read()); }

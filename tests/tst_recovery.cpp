@@ -1,6 +1,7 @@
 // No work is lost: recovery copies of killed programs, changed project files, the modified mark.
 #include "autorecovery.h"
 #include "catalog.h"
+#include "fastfolder.h"
 #include "files.h"
 #include "projecttexts.h"
 #include "rows.h"
@@ -59,8 +60,7 @@ class TestRecovery : public QObject {
     Q_OBJECT
 
     PluginLibrary m_plugin;
-    // In memory if possible, so the time does not depend on a disk that others use.
-    QTemporaryDir m_folder{(QFileInfo("/dev/shm").isWritable() ? "/dev/shm" : QDir::tempPath()) + "/XXXXXX"};
+    QTemporaryDir m_folder{fastFolder()};
     QString m_copies = m_folder.filePath("copies");
 
     UnsavedStation sample() const
