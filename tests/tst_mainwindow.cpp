@@ -97,6 +97,7 @@ class TestMainWindow : public QObject {
     /// Drags the data to the slot and drops it there. False if the view accepts neither.
     bool drop(const QMimeData &data, Place to) const
     {
+        m_racks->scrollTo(at(to));
         const QPoint point = m_racks->visualRect(at(to)).center();
         const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
         QDragEnterEvent enter(point, actions, &data, Qt::LeftButton, Qt::NoModifier);

@@ -209,6 +209,7 @@ private slots:
         row("type code", "13395", {"0/0 SX-AI04-UI  AI 0..7"});
         row("address of a word", "AIW10", {"0/2 AIW10, channel 1"});
         row("address of a bit", "I 3.7", {"0/1 I3.7, channel 31"});
+        row("order number that looks like an address", "AI04", {"0/0 AIW4, channel 2", "0/3 SX-AI04-TC  AI 16..23"});
         row("free address", "I 4.0", {});
         row("several hits up to the limit", "analog", {"0/0 SX-AI04-UI  AI 0..7", "0/2 SX-AM06-UI  AI 8..15, AQ 0..3"});
         row("nothing", "  ", {});

@@ -109,15 +109,24 @@ struct ChannelReader::Fields {
 
 namespace {
 
-/// The range of an analog channel describes its signal best.
-QString signalOf(const QVector<Field> &fields, const QString &kind)
+bool isRange(const Field &field)
 {
-    for (const Field &field : fields) {
-        if (field.name.endsWith(QLatin1String(".inputRange")) || field.name.endsWith(QLatin1String("].range"))) {
-            return parameterText(field);
-        }
+    return field.name.endsWith(QLatin1String(".inputRange")) || field.name.endsWith(QLatin1String("].range"));
+}
+
+/// The range of an analog channel describes its signal best. A channel without a range has the signal @p kind.
+ChannelParameters analogChannel(const QVector<Field> &fields, const QVector<ChannelSetting> &settings,
+                                const QString &kind)
+{
+    const auto *const range = std::find_if(fields.begin(), fields.end(), isRange);
+    if (range == fields.end()) {
+        return {kind, settings};
     }
-    return kind;
+    const QString title = parameterTitle(range->name);
+    const bool isChanged = std::any_of(settings.begin(), settings.end(), [&](const ChannelSetting &setting) {
+        return setting.isChanged && setting.title == title;
+    });
+    return {parameterText(*range), settings, isChanged};
 }
 
 } // namespace
@@ -134,13 +143,15 @@ ChannelParameters ChannelReader::input(const Fields &fields, const Fields &facto
         return {tr("Weighing"), fields.settings(weighing, factory)};
     }
     const QString name = inBrackets("analogInput", channel);
-    QString signal = signalOf(fields.byChannel.value(name), tr("Analog input"));
-    for (const Field &field : fields.byChannel.value(name)) {
-        if (field.name.endsWith(QLatin1String(".family")) && field.value.toInt() == 1) {
-            signal = tr("Thermocouple %1").arg(signal);
-        }
+    const QVector<Field> own = fields.byChannel.value(name);
+    ChannelParameters parameters = analogChannel(own, fields.settings(name, factory), tr("Analog input"));
+    const bool isThermocouple = std::any_of(own.begin(), own.end(), [](const Field &field) {
+        return field.name.endsWith(QLatin1String(".family")) && field.value.toInt() == 1;
+    });
+    if (isThermocouple) {
+        parameters.signal = tr("Thermocouple %1").arg(parameters.signal);
     }
-    return {signal, fields.settings(name, factory)};
+    return parameters;
 }
 
 ChannelParameters ChannelReader::output(const Fields &fields, const Fields &factory, VarArea area, int channel)
@@ -152,7 +163,7 @@ ChannelParameters ChannelReader::output(const Fields &fields, const Fields &fact
         return {tr("Digital output"), {fields.stop(channel, factory)}};
     }
     const QString name = inBrackets("analogOutput", channel);
-    return {signalOf(fields.byChannel.value(name), tr("Analog output")), fields.settings(name, factory)};
+    return analogChannel(fields.byChannel.value(name), fields.settings(name, factory), tr("Analog output"));
 }
 
 std::shared_ptr<const ChannelReader::Fields> ChannelReader::factoryFields(quint32 typeCode)

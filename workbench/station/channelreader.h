@@ -22,6 +22,8 @@ struct ChannelParameters {
     QString signal; ///< range of an analog channel, or its kind
     QVector<ChannelSetting> settings;
 
+    bool isSignalChanged = false; ///< the range in signal is a changed setting
+
     bool isChanged() const;
     /// Such as "Filter time: 10ms, Direction: Upscale".
     QString text() const;

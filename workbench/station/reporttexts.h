@@ -2,7 +2,7 @@
 #pragma once
 
 #include "catalog.h"
-#include "station.h"
+#include "channellist.h"
 
 #include <QDateTime>
 
@@ -22,8 +22,10 @@ QStringList stationHtmlParts(const Station &station, const std::vector<CatalogEn
 /// UTF-8 with a header row, then one row per channel, in the order of racks, slots and channels.
 QByteArray stationCsv(const Station &station);
 
-/// The rows of stationCsv() as cells, with a header row.
+/// The cells of stationCsv(): of its header row, and of one channel.
 QStringList csvHeader();
+QStringList csvCells(const ChannelRow &channel, const ChannelParameters &parameters);
+/// Quotes the cells and joins them to a line.
 QString csvLine(const QStringList &cells);
 
 /// Every field of every module, in the order of racks, slots and fields, one value per line. Two projects with the same

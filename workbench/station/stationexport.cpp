@@ -1,5 +1,4 @@
 #include "blockreport.h"
-#include "channellist.h"
 #include "reporttexts.h"
 
 #include <QCoreApplication>
@@ -58,16 +57,25 @@ QStringList csvHeader()
             Texts::tr("Signal"), Texts::tr("Settings"), Texts::tr("Changed from the factory settings")};
 }
 
+QStringList csvCells(const ChannelRow &channel, const ChannelParameters &parameters)
+{
+    return {QString::number(channel.place.rack),
+            QString::number(channel.place.slot),
+            channel.module,
+            QString::number(channel.typeCode),
+            QString::number(channel.channel),
+            channel.address(),
+            parameters.signal,
+            parameters.text(),
+            changesText(parameters)};
+}
+
 QByteArray stationCsv(const Station &station)
 {
     const ChannelList channels(station);
     QString text = csvLine(csvHeader());
     for (int row = 0; row < channels.count(); ++row) {
-        const ChannelRow channel = channels.at(row);
-        const ChannelParameters &parameters = channels.parameters(row);
-        text += csvLine({QString::number(channel.place.rack), QString::number(channel.place.slot), channel.module,
-                         QString::number(channel.typeCode), QString::number(channel.channel), channel.address(),
-                         parameters.signal, parameters.text(), changesText(parameters)});
+        text += csvLine(csvCells(channels.at(row), channels.parameters(row)));
     }
     return text.toUtf8();
 }

@@ -23,7 +23,7 @@ QString styles()
 {
     return QStringLiteral("body { font-family: 'DejaVu Sans', 'Noto Sans', 'Noto Sans CJK SC', 'Microsoft YaHei', "
                           "sans-serif; color: #1b2733; background-color: #ffffff; }"
-                          "h1 { font-size: 16pt; } h2 { font-size: 12pt; } h3 { font-size: 10pt; }"
+                          "h1 { font-size: 16pt; } h2 { font-size: 12pt; } h3 { font-size: 10pt; margin-top: 10px; }"
                           "th { background-color: #d3dee9; text-align: left; }"
                           "td { background-color: #f2f5f8; }"
                           "td.free { background-color: #ffffff; color: #60707f; }"

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -39,20 +40,24 @@ private:
     SearchResult m_result;
 };
 
-SearchResult findAddress(const Station &station, const Address &address, int limit)
+/// Adds the first channel of each range of a module that has the address. Returns false if there is none.
+bool addAddress(Hits &hits, const ModuleSummary &module, const Address &address)
 {
-    Hits hits(limit);
-    for (int i = 0; i < station.count(); ++i) {
-        const ModuleSummary module = station.module(i);
-        for (const IoMap &range : {module.in, module.out}) {
-            if (const std::optional<int> channel = channelAt(range, address)) {
-                hits.add(module, [&] {
-                    return Texts::tr("%1, channel %2").arg(channelAddress(range, *channel)).arg(*channel);
-                });
-            }
+    bool isFound = false;
+    for (const IoMap &range : {module.in, module.out}) {
+        if (const std::optional<int> channel = channelAt(range, address)) {
+            isFound = true;
+            hits.add(module,
+                     [&] { return Texts::tr("%1, channel %2").arg(channelAddress(range, *channel)).arg(*channel); });
         }
     }
-    return hits.result();
+    return isFound;
+}
+
+bool hasWord(const ModuleSummary &module, const QString &orderNumber, const QString &word)
+{
+    return module.name.contains(word, Qt::CaseInsensitive) || orderNumber.contains(word, Qt::CaseInsensitive) ||
+           QString::number(module.typeCode) == word || module.comment.contains(word, Qt::CaseInsensitive);
 }
 
 } // namespace
@@ -60,21 +65,23 @@ SearchResult findAddress(const Station &station, const Address &address, int lim
 SearchResult searchStation(const Station &station, const std::vector<CatalogEntry> &catalog, const QString &query,
                            int limit)
 {
-    if (const std::optional<Address> address = parseAddress(query)) {
-        return findAddress(station, *address, limit);
-    }
-    const QStringList words = query.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    Hits hits(words.isEmpty() ? 0 : limit);
+    const std::optional<Address> address = parseAddress(query);
+    // A name or an order number may look like an address.
+    const QStringList words =
+        address ? QStringList{query.trimmed()} : query.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    Hits hits(limit);
+    std::vector<ModuleSummary> others;
     for (int i = 0; i < station.count() && !words.isEmpty(); ++i) {
-        const ModuleSummary module = station.module(i);
+        ModuleSummary module = station.module(i);
+        if (!address || !addAddress(hits, module, *address)) {
+            others.push_back(std::move(module));
+        }
+    }
+    for (const ModuleSummary &module : others) {
         const CatalogEntry *entry = findEntry(catalog, module.typeCode);
         const QString orderNumber = entry == nullptr ? QString() : entry->orderNumber;
-        const QString typeCode = QString::number(module.typeCode);
-        const bool isFound = std::all_of(words.begin(), words.end(), [&](const QString &word) {
-            return module.name.contains(word, Qt::CaseInsensitive) || orderNumber.contains(word, Qt::CaseInsensitive) ||
-                   typeCode == word || module.comment.contains(word, Qt::CaseInsensitive);
-        });
-        if (isFound) {
+        if (std::all_of(words.begin(), words.end(),
+                        [&](const QString &word) { return hasWord(module, orderNumber, word); })) {
             hits.add(module, [&] { return QStringList{orderNumber, rangesText(module)}.join(QStringLiteral("  ")); });
         }
     }

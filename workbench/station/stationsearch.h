@@ -17,7 +17,7 @@ struct SearchResult {
     int total = 0;           ///< with those beyond the limit
 };
 
-/// If @p query is an address, finds the modules that have it; else those whose name, order number, type code or comment
-/// contains every word of it. An empty query finds nothing. Returns at most @p limit hits.
+/// Finds the modules that have the address @p query, if it is one; then those whose name, order number, type code or
+/// comment contains every word of it. An empty query finds nothing. Returns at most @p limit hits.
 SearchResult searchStation(const Station &station, const std::vector<CatalogEntry> &catalog, const QString &query,
                            int limit);

@@ -29,6 +29,16 @@
     </message>
 </context>
 <context>
+    <name>CompareDialog</name>
+    <message numerus="yes">
+        <source>%n difference(s)</source>
+        <translation>
+            <numerusform>%n difference</numerusform>
+            <numerusform>%n differences</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>FileCommands</name>
     <message numerus="yes">
         <source>%n module(s) cannot be restored. They stay in the project as they were stored.</source>
@@ -49,6 +59,16 @@
         <translation>
             <numerusform>%n module rebuilt from %1</numerusform>
             <numerusform>%n modules rebuilt from %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>FindDialog</name>
+    <message numerus="yes">
+        <source>%n module(s) found.</source>
+        <translation>
+            <numerusform>%n module found.</numerusform>
+            <numerusform>%n modules found.</numerusform>
         </translation>
     </message>
 </context>
@@ -143,6 +163,13 @@
             <numerusform>Move %n modules</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Paste parameters to %n module(s)</source>
+        <translation>
+            <numerusform>Paste parameters to %n module</numerusform>
+            <numerusform>Paste parameters to %n modules</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>StationMemory</name>
@@ -151,6 +178,37 @@
         <translation>
             <numerusform>The area %1 has no room for %n more byte. Remove modules or choose a larger controller.</numerusform>
             <numerusform>The area %1 has no room for %n more bytes. Remove modules or choose a larger controller.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>StationTools</name>
+    <message numerus="yes">
+        <source>Parameters pasted to %n module(s)</source>
+        <translation>
+            <numerusform>Parameters pasted to %n module</numerusform>
+            <numerusform>Parameters pasted to %n modules</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n had them already</source>
+        <translation>
+            <numerusform>%n had them already</numerusform>
+            <numerusform>%n had them already</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of another type left alone</source>
+        <translation>
+            <numerusform>%n of another type left alone</numerusform>
+            <numerusform>%n of another type left alone</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not available</source>
+        <translation>
+            <numerusform>%n not available</numerusform>
+            <numerusform>%n not available</numerusform>
         </translation>
     </message>
 </context>

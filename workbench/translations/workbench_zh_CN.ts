@@ -196,6 +196,351 @@
     </message>
 </context>
 <context>
+    <name>ChannelModel</name>
+    <message>
+        <source>Rack</source>
+        <translation>机架</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>槽位</translation>
+    </message>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>Signal</source>
+        <translation>信号</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelReader</name>
+    <message>
+        <source>Input filter</source>
+        <translation>输入滤波</translation>
+    </message>
+    <message>
+        <source>In STOP</source>
+        <translation>STOP 时</translation>
+    </message>
+    <message>
+        <source>last state</source>
+        <translation>最后状态</translation>
+    </message>
+    <message>
+        <source>Digital input</source>
+        <translation>数字量输入</translation>
+    </message>
+    <message>
+        <source>Weighing</source>
+        <translation>称重</translation>
+    </message>
+    <message>
+        <source>Analog input</source>
+        <translation>模拟量输入</translation>
+    </message>
+    <message>
+        <source>Thermocouple %1</source>
+        <translation>热电偶%1</translation>
+    </message>
+    <message>
+        <source>Digital output</source>
+        <translation>数字量输出</translation>
+    </message>
+    <message>
+        <source>Analog output</source>
+        <translation>模拟量输出</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelView</name>
+    <message>
+        <source>Save Channels</source>
+        <translation>保存通道</translation>
+    </message>
+    <message>
+        <source>Comma-separated values (*.csv)</source>
+        <translation>逗号分隔值 (*.csv)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written.</source>
+        <translation>无法写入%1。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 channels</source>
+        <translation>%1 / %2个通道</translation>
+    </message>
+    <message>
+        <source>Filter by module, address or setting</source>
+        <translation>按模块、地址或设置筛选</translation>
+    </message>
+    <message>
+        <source>C&amp;hanged only</source>
+        <translation>仅已更改(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Show only channels with a value that differs from the factory settings</source>
+        <translation>仅显示有值与出厂设置不同的通道</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Save as CSV...</source>
+        <translation>另存为 CSV(&amp;S)...</translation>
+    </message>
+</context>
+<context>
+    <name>CompareDialog</name>
+    <message>
+        <source>Controller</source>
+        <translation>控制器</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>标题</translation>
+    </message>
+    <message>
+        <source>Author</source>
+        <translation>作者</translation>
+    </message>
+    <message>
+        <source>Revision</source>
+        <translation>版次</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>备注</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>缺少</translation>
+    </message>
+    <message>
+        <source>Compare %1 with %2</source>
+        <translation>比较%1与%2</translation>
+    </message>
+    <message>
+        <source>The projects have the same content.</source>
+        <translation>两个项目内容相同。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n difference(s)</source>
+        <translation>
+            <numerusform>%n处差异</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Differences</source>
+        <translation>差异</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>差异</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>复制(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Copy the differences as text, one per line</source>
+        <translation>将差异复制为文本，每行一处</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>关闭(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2</source>
+        <translation>机架%1，槽位%2</translation>
+    </message>
+    <message>
+        <source>only here</source>
+        <translation>仅在本站中</translation>
+    </message>
+    <message>
+        <source>only in the other project</source>
+        <translation>仅在另一个项目中</translation>
+    </message>
+</context>
+<context>
+    <name>FieldTexts</name>
+    <message>
+        <source>Channel</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>量程</translation>
+    </message>
+    <message>
+        <source>Filter time</source>
+        <translation>滤波时间</translation>
+    </message>
+    <message>
+        <source>Open wire</source>
+        <translation>断线检测</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>断线方向</translation>
+    </message>
+    <message>
+        <source>Cold junction</source>
+        <translation>冷端补偿</translation>
+    </message>
+    <message>
+        <source>Wiring</source>
+        <translation>接线方式</translation>
+    </message>
+    <message>
+        <source>Temperature scale</source>
+        <translation>温标</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>滤波</translation>
+    </message>
+    <message>
+        <source>Samples</source>
+        <translation>采样数</translation>
+    </message>
+    <message>
+        <source>Deadband</source>
+        <translation>死区</translation>
+    </message>
+    <message>
+        <source>Freeze in STOP</source>
+        <translation>STOP 时冻结</translation>
+    </message>
+    <message>
+        <source>Value in STOP</source>
+        <translation>STOP 时的值</translation>
+    </message>
+    <message>
+        <source>Sensitivity</source>
+        <translation>灵敏度</translation>
+    </message>
+    <message>
+        <source>Limit frequency</source>
+        <translation>截止频率</translation>
+    </message>
+    <message>
+        <source>Filter depth</source>
+        <translation>滤波深度</translation>
+    </message>
+    <message>
+        <source>Sub max</source>
+        <translation>去最大值数</translation>
+    </message>
+    <message>
+        <source>Sub min</source>
+        <translation>去最小值数</translation>
+    </message>
+    <message>
+        <source>Filter mode</source>
+        <translation>滤波模式</translation>
+    </message>
+    <message>
+        <source>Sample frequency</source>
+        <translation>采样频率</translation>
+    </message>
+    <message>
+        <source>Boot clear</source>
+        <translation>开机清零</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>注释</translation>
+    </message>
+    <message>
+        <source>Rack</source>
+        <translation>机架</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>槽位</translation>
+    </message>
+    <message>
+        <source>Input address</source>
+        <translation>输入地址</translation>
+    </message>
+    <message>
+        <source>Input length</source>
+        <translation>输入长度</translation>
+    </message>
+    <message>
+        <source>Output address</source>
+        <translation>输出地址</translation>
+    </message>
+    <message>
+        <source>Output length</source>
+        <translation>输出长度</translation>
+    </message>
+    <message>
+        <source>Outputs in STOP</source>
+        <translation>STOP 时的输出</translation>
+    </message>
+    <message>
+        <source>Input %1</source>
+        <translation>输入%1</translation>
+    </message>
+    <message>
+        <source>Output %1</source>
+        <translation>输出%1</translation>
+    </message>
+    <message>
+        <source>Input filter, row %1</source>
+        <translation>输入滤波，第%1行</translation>
+    </message>
+    <message>
+        <source>States in STOP, byte %1</source>
+        <translation>STOP 时的状态，字节%1</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>开</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>关</translation>
+    </message>
+</context>
+<context>
     <name>FileCommands</name>
     <message>
         <source>Cancel</source>
@@ -375,6 +720,55 @@
     </message>
 </context>
 <context>
+    <name>FindDialog</name>
+    <message>
+        <source>Rack %1, slot %2</source>
+        <translation>机架%1，槽位%2</translation>
+    </message>
+    <message>
+        <source>Type a name, an order number or an address such as I 35.2, AIW40 or QB4.</source>
+        <translation>输入名称、订货号或地址，例如 I 35.2、AIW40 或 QB4。</translation>
+    </message>
+    <message>
+        <source>%1 modules, the first %2 are shown.</source>
+        <translation>%1个模块，显示前%2个。</translation>
+    </message>
+    <message>
+        <source>No module found.</source>
+        <translation>未找到模块。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) found.</source>
+        <translation>
+            <numerusform>找到%n个模块。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Find Module</source>
+        <translation>查找模块</translation>
+    </message>
+    <message>
+        <source>Name, order number or address</source>
+        <translation>名称、订货号或地址</translation>
+    </message>
+    <message>
+        <source>Modules found</source>
+        <translation>找到的模块</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>详细信息</translation>
+    </message>
+</context>
+<context>
     <name>HelpBrowser</name>
     <message>
         <source>en</source>
@@ -391,6 +785,91 @@
     <message>
         <source>Help</source>
         <translation>帮助</translation>
+    </message>
+</context>
+<context>
+    <name>HelpDialogs</name>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>按键</translation>
+    </message>
+    <message>
+        <source>Racks</source>
+        <translation>机架</translation>
+    </message>
+    <message>
+        <source>Move the selection</source>
+        <translation>移动选择</translation>
+    </message>
+    <message>
+        <source>Arrow keys</source>
+        <translation>方向键</translation>
+    </message>
+    <message>
+        <source>Select all modules</source>
+        <translation>选择所有模块</translation>
+    </message>
+    <message>
+        <source>Move the module to the next free slot</source>
+        <translation>将模块移到下一个空槽位</translation>
+    </message>
+    <message>
+        <source>Ctrl+Arrow keys</source>
+        <translation>Ctrl+方向键</translation>
+    </message>
+    <message>
+        <source>Card size</source>
+        <translation>卡片大小</translation>
+    </message>
+    <message>
+        <source>Ctrl+Mouse wheel</source>
+        <translation>Ctrl+鼠标滚轮</translation>
+    </message>
+    <message>
+        <source>Properties of a module</source>
+        <translation>模块属性</translation>
+    </message>
+    <message>
+        <source>Give the value to all channels</source>
+        <translation>将值应用到所有通道</translation>
+    </message>
+    <message>
+        <source>Give the value to the channels below</source>
+        <translation>将值应用到下面的通道</translation>
+    </message>
+    <message>
+        <source>Factory value</source>
+        <translation>出厂值</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>关闭(&amp;L)</translation>
+    </message>
+    <message>
+        <source>About Module Workbench</source>
+        <translation>关于模块工作台</translation>
+    </message>
+    <message>
+        <source>Module Workbench %1</source>
+        <translation>模块工作台%1</translation>
+    </message>
+    <message>
+        <source>Plug-in: %1
+Host libraries: basemodule and helpsharemodule, simulated
+Qt %2, compiled with Qt %3
+Project files: SQLite, through Qt</source>
+        <translation>插件：%1
+主机库：basemodule 和 helpsharemodule（模拟）
+Qt %2，使用 Qt %3编译
+项目文件：SQLite（通过 Qt）</translation>
     </message>
 </context>
 <context>
@@ -578,14 +1057,6 @@
         <source>The station cannot have this controller.</source>
         <translation>该站不能使用此控制器。</translation>
     </message>
-    <message>
-        <source>Undo: %1</source>
-        <translation>撤销：%1</translation>
-    </message>
-    <message>
-        <source>Redo: %1</source>
-        <translation>重做：%1</translation>
-    </message>
     <message numerus="yes">
         <source>%n module(s), controller %1</source>
         <translation>
@@ -642,9 +1113,93 @@
         <source>Paste modules from the current slot on; cut modules keep their addresses, copies get new ones</source>
         <translation>从当前槽位开始粘贴模块；剪切的模块保留地址，副本获得新地址</translation>
     </message>
+    <message>
+        <source>Channels</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Project Proper&amp;ties...</source>
+        <translation>项目属性(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>Edit title, author, revision and notes of the project</source>
+        <translation>编辑项目的标题、作者、版次和备注</translation>
+    </message>
+    <message>
+        <source>Compare &amp;with...</source>
+        <translation>比较(&amp;W)...</translation>
+    </message>
+    <message>
+        <source>Show the differences from another project</source>
+        <translation>显示与另一个项目的差异</translation>
+    </message>
+    <message>
+        <source>Re&amp;port...</source>
+        <translation>报告(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>Show, print or save a document of the station</source>
+        <translation>显示、打印或保存站的文档</translation>
+    </message>
+    <message>
+        <source>Paste Para&amp;meters</source>
+        <translation>粘贴参数(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Give the parameters of the copied module to all selected modules of its type</source>
+        <translation>将所复制模块的参数应用到所有选中的同类型模块</translation>
+    </message>
+    <message>
+        <source>&amp;Find...</source>
+        <translation>查找(&amp;F)...</translation>
+    </message>
+    <message>
+        <source>Find a module by its name, order number or address</source>
+        <translation>按名称、订货号或地址查找模块</translation>
+    </message>
+    <message>
+        <source>All &amp;Racks and Slots</source>
+        <translation>所有机架和槽位(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Show all racks and slots, not only the used ones and one more</source>
+        <translation>显示所有机架和槽位，而不只是已用的和再多一个</translation>
+    </message>
+    <message>
+        <source>&amp;Larger Cards</source>
+        <translation>放大卡片(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Enlarge the cards of the modules</source>
+        <translation>放大模块卡片</translation>
+    </message>
+    <message>
+        <source>S&amp;maller Cards</source>
+        <translation>缩小卡片(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Reduce the cards of the modules</source>
+        <translation>缩小模块卡片</translation>
+    </message>
+    <message>
+        <source>&amp;Shortcuts</source>
+        <translation>快捷键(&amp;S)</translation>
+    </message>
+    <message>
+        <source>List the keys of all commands</source>
+        <translation>列出所有命令的按键</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>关于(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Show the versions of the program and its libraries</source>
+        <translation>显示程序及其库的版本</translation>
+    </message>
 </context>
 <context>
-    <name>MemoryStrip</name>
+    <name>MemoryAreas</name>
     <message>
         <source>Analog inputs</source>
         <translation>模拟量输入</translation>
@@ -665,6 +1220,9 @@
         <source>Variables</source>
         <translation>变量</translation>
     </message>
+</context>
+<context>
+    <name>MemoryStrip</name>
     <message>
         <source>%1 of %2 bytes free, longest gap %3</source>
         <translation>空闲%1/%2字节，最长连续%3</translation>
@@ -680,6 +1238,10 @@
     <message>
         <source>%1, %2: 0..%3</source>
         <translation>%1，%2：0..%3</translation>
+    </message>
+    <message>
+        <source>%1% used, %2</source>
+        <translation>已用%1%，%2</translation>
     </message>
 </context>
 <context>
@@ -903,10 +1465,6 @@
         <translation>文件太大，不可能是一个站。</translation>
     </message>
     <message>
-        <source>The file has version %1; this program reads version %2.</source>
-        <translation>文件的版本为%1；本程序读取版本%2。</translation>
-    </message>
-    <message>
         <source>The file is damaged: %1</source>
         <translation>文件已损坏：%1</translation>
     </message>
@@ -957,6 +1515,41 @@
     <message>
         <source>This is the database of another program, or its header is damaged.</source>
         <translation>这是其他程序的数据库，或其文件头已损坏。</translation>
+    </message>
+    <message>
+        <source>The file has version %1; this program reads the versions up to %2.</source>
+        <translation>该文件的版本为%1；本程序可读取的最高版本为%2。</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectPropertiesDialog</name>
+    <message>
+        <source>Project Properties</source>
+        <translation>项目属性</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Title:</source>
+        <translation>标题(&amp;T)：</translation>
+    </message>
+    <message>
+        <source>&amp;Author:</source>
+        <translation>作者(&amp;A)：</translation>
+    </message>
+    <message>
+        <source>&amp;Revision:</source>
+        <translation>版次(&amp;R)：</translation>
+    </message>
+    <message>
+        <source>&amp;Notes:</source>
+        <translation>备注(&amp;N)：</translation>
     </message>
 </context>
 <context>
@@ -1081,6 +1674,52 @@
     </message>
 </context>
 <context>
+    <name>ReportDialog</name>
+    <message>
+        <source>Preparing the report...</source>
+        <translation>正在准备报告...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>报告</translation>
+    </message>
+    <message>
+        <source>PDF (*.pdf);;HTML (*.html);;Channels, comma-separated values (*.csv);;All fields, JSON (*.json)</source>
+        <translation>PDF (*.pdf);;HTML (*.html);;通道，逗号分隔值 (*.csv);;所有字段，JSON (*.json)</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <translation>保存报告</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written.</source>
+        <translation>无法写入%1。</translation>
+    </message>
+    <message>
+        <source>&amp;Save As...</source>
+        <translation>另存为(&amp;S)...</translation>
+    </message>
+</context>
+<context>
+    <name>ReportFile</name>
+    <message>
+        <source>Page %1</source>
+        <translation>第%1页</translation>
+    </message>
+    <message>
+        <source>The name of a report ends in .html, .pdf, .csv or .json.</source>
+        <translation>报告的文件名须以 .html、.pdf、.csv 或 .json 结尾。</translation>
+    </message>
+    <message>
+        <source>A PDF needs Qt&apos;s fonts, which this program did not load.</source>
+        <translation>PDF 需要 Qt 的字体，而本程序未加载这些字体。</translation>
+    </message>
+</context>
+<context>
     <name>Station</name>
     <message>
         <source>Rack %1, slot %2 is taken by &quot;%3&quot;.</source>
@@ -1185,6 +1824,59 @@
             <numerusform>移动%n个模块</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Paste parameters to %n module(s)</source>
+        <translation>
+            <numerusform>将参数粘贴到%n个模块</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Edit the project properties</source>
+        <translation>编辑项目属性</translation>
+    </message>
+</context>
+<context>
+    <name>StationExport</name>
+    <message>
+        <source>%1: %2 instead of %3</source>
+        <translation>%1：%2（出厂值%3）</translation>
+    </message>
+    <message>
+        <source>Rack</source>
+        <translation>机架</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>槽位</translation>
+    </message>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>Signal</source>
+        <translation>信号</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Changed from the factory settings</source>
+        <translation>与出厂设置不同</translation>
+    </message>
 </context>
 <context>
     <name>StationMemory</name>
@@ -1209,6 +1901,175 @@
     <message>
         <source>%1 lies outside the area %2, which ends at %3. Change the address or choose a larger controller.</source>
         <translation>%1在%2区之外，该区到%3为止。请更改地址或选择更大的控制器。</translation>
+    </message>
+</context>
+<context>
+    <name>StationReport</name>
+    <message>
+        <source>New station</source>
+        <translation>新建站</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Author</source>
+        <translation>作者</translation>
+    </message>
+    <message>
+        <source>Revision</source>
+        <translation>版次</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>日期</translation>
+    </message>
+    <message>
+        <source>Controller</source>
+        <translation>控制器</translation>
+    </message>
+    <message>
+        <source>Modules</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <translation>不可用</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>备注</translation>
+    </message>
+    <message>
+        <source>Racks</source>
+        <translation>机架</translation>
+    </message>
+    <message>
+        <source>Rack %1</source>
+        <translation>机架%1</translation>
+    </message>
+    <message>
+        <source>Slot %1</source>
+        <translation>槽位%1</translation>
+    </message>
+    <message>
+        <source>free</source>
+        <translation>空闲</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>不可用</translation>
+    </message>
+    <message>
+        <source>Addresses</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3 of %4 bytes used</source>
+        <translation>%1，%2：已用%3 / %4字节</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>Bytes</source>
+        <translation>字节</translation>
+    </message>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Rack</source>
+        <translation>机架</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>槽位</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Values that differ from the factory settings are bold and marked with *.</source>
+        <translation>与出厂设置不同的值以粗体显示，并标有 *。</translation>
+    </message>
+    <message>
+        <source>Rack %1, slot %2: %3 (%4)</source>
+        <translation>机架%1，槽位%2：%3（%4）</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Signal</source>
+        <translation>信号</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+</context>
+<context>
+    <name>StationSearch</name>
+    <message>
+        <source>%1, channel %2</source>
+        <translation>%1，通道%2</translation>
+    </message>
+</context>
+<context>
+    <name>StationTools</name>
+    <message>
+        <source>Rack %1, slot %2 has no module any more.</source>
+        <translation>机架%1，槽位%2已没有模块。</translation>
+    </message>
+    <message>
+        <source>Compare with Project</source>
+        <translation>与项目比较</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened.</source>
+        <translation>无法打开%1。</translation>
+    </message>
+    <message>
+        <source>This station</source>
+        <translation>本站</translation>
+    </message>
+    <message>
+        <source>Copy a module, then select the modules that are to get its parameters.</source>
+        <translation>请先复制一个模块，再选择要接收其参数的模块。</translation>
+    </message>
+    <message>
+        <source>The parameters cannot be pasted.</source>
+        <translation>无法粘贴参数。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Parameters pasted to %n module(s)</source>
+        <translation>
+            <numerusform>参数已粘贴到%n个模块</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n had them already</source>
+        <translation>
+            <numerusform>%n个已是这些参数</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of another type left alone</source>
+        <translation>
+            <numerusform>%n个其他类型的模块未更改</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n not available</source>
+        <translation>
+            <numerusform>%n个不可用</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

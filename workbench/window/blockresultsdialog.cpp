@@ -1,5 +1,7 @@
 #include "blockresultsdialog.h"
 
+#include "windowsize.h"
+
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QTreeWidget>
@@ -10,7 +12,7 @@ BlockResultsDialog::BlockResultsDialog(int moduleCount, const std::vector<BlockR
 {
     setObjectName(QStringLiteral("blockResults"));
     setWindowTitle(tr("Decompiled Station"));
-    resize(760, 320);
+    resizeToFit(*this, {760, 320});
 
     auto *summary = new QLabel(tr("%n module(s) were rebuilt. These blocks have problems:", nullptr, moduleCount));
     auto *list = new QTreeWidget;

@@ -2,6 +2,7 @@
 
 #include "filequestions.h"
 #include "files.h"
+#include "windowsize.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -78,7 +79,7 @@ BlockView::BlockView(QWidget *parent)
     setObjectName(QStringLiteral("blockView"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Configuration Blocks"));
-    resize(QSize(1180, 640).boundedTo(screen()->availableSize() - QSize(margin, margin)));
+    resizeToFit(*this, {1180, 640});
 
     m_summary->setObjectName(QStringLiteral("blockSummary"));
     m_missing->setObjectName(QStringLiteral("missingModules"));

@@ -22,7 +22,7 @@ void InterfaceLanguage::set(QLocale::Language language)
         install(QStringLiteral("workbench_en"), ours); // for plurals
         return;
     }
-    install(QStringLiteral("qt_zh_CN"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    install(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     install(QStringLiteral("simpleextend_zh_CN"), ours);
     install(QStringLiteral("workbench_zh_CN"), ours);
 }

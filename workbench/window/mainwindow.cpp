@@ -12,7 +12,9 @@
 #include "recoveryquestion.h"
 #include "simulatedbase.h"
 #include "simulatedhelp.h"
+#include "stationtools.h"
 #include "ui_mainwindow.h"
+#include "windowsize.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -21,7 +23,6 @@
 #include <QLabel>
 #include <QRegularExpression>
 #include <QSettings>
-#include <QStyle>
 #include <QToolButton>
 
 #include <utility>
@@ -54,7 +55,7 @@ MainWindow::MainWindow(const PluginLibrary &plugin, std::vector<CatalogEntry> ca
 {
     m_ui->setupUi(this);
     addViews();
-    addIcons();
+    m_tools = new StationTools(*m_ui, m_document, m_catalog, *m_rackView, *this);
     addControllers();
     connectFileActions();
     connectModuleActions();
@@ -93,18 +94,6 @@ void MainWindow::addViews()
     m_rackView->addActions({m_ui->configureAction, m_ui->placeAction, m_ui->cutAction, m_ui->copyAction,
                             m_ui->pasteAction, m_ui->removeAction});
     m_rackView->setContextMenuPolicy(Qt::ActionsContextMenu);
-}
-
-void MainWindow::addIcons()
-{
-    for (const auto &[action, icon] :
-         {std::pair(m_ui->newAction, QStyle::SP_FileIcon), std::pair(m_ui->openAction, QStyle::SP_DialogOpenButton),
-          std::pair(m_ui->saveAction, QStyle::SP_DialogSaveButton), std::pair(m_ui->undoAction, QStyle::SP_ArrowBack),
-          std::pair(m_ui->redoAction, QStyle::SP_ArrowForward), std::pair(m_ui->compileAction, QStyle::SP_ArrowDown),
-          std::pair(m_ui->configureAction, QStyle::SP_FileDialogDetailedView),
-          std::pair(m_ui->removeAction, QStyle::SP_TrashIcon)}) {
-        action->setIcon(style()->standardIcon(icon));
-    }
 }
 
 void MainWindow::addControllers()
@@ -187,6 +176,7 @@ void MainWindow::connectViews()
     connect(m_rackView, &RackView::dropRefused, this, &MainWindow::showMessage);
     connect(m_rackView->selectionModel(), &QItemSelectionModel::selectionChanged, this, &MainWindow::updateSelection);
     connect(m_rackView->selectionModel(), &QItemSelectionModel::currentChanged, this, &MainWindow::updateCurrent);
+    connect(m_tools, &StationTools::message, this, &MainWindow::showMessage);
     connect(m_memoryView, &MemoryView::moduleSelected, m_rackView, &RackView::setCurrentPlace);
     connect(&m_document, &StationDocument::stationReplaced, this, &MainWindow::showStation);
     connect(&m_document, &StationDocument::fileNameChanged, this, &MainWindow::updateTitle);
@@ -263,6 +253,8 @@ void MainWindow::readSettings()
     m_ui->recentMenu->setFiles(stored.value(QStringLiteral("recentFiles")).toStringList());
     restoreGeometry(stored.value(QStringLiteral("geometry")).toByteArray());
     restoreState(stored.value(QStringLiteral("layout")).toByteArray());
+    m_rackView->setZoom(stored.value(QStringLiteral("cardZoom")).toInt());
+    resizeToFit(*this, size());
 }
 
 void MainWindow::writeSettings() const
@@ -271,6 +263,7 @@ void MainWindow::writeSettings() const
     stored.setValue(QStringLiteral("language"), m_language.get());
     stored.setValue(QStringLiteral("geometry"), saveGeometry());
     stored.setValue(QStringLiteral("layout"), saveState());
+    stored.setValue(QStringLiteral("cardZoom"), m_rackView->zoom());
 }
 
 void MainWindow::setController(quint32 type)
@@ -303,6 +296,7 @@ void MainWindow::showStation()
     m_memoryView->setStation(&m_document.station());
     m_rackView->setStation(&m_document.station());
     m_problems->setStation(&m_document.station());
+    m_tools->showStation();
     connect(&m_document.station(), &Station::plcTypeChanged, this, &MainWindow::updateStation);
     updateStation();
 }
@@ -312,8 +306,7 @@ void MainWindow::updateStation()
 {
     const Station &station = m_document.station();
     m_ui->compileAction->setEnabled(station.count() != station.unavailableCount());
-    m_ui->undoAction->setToolTip(tr("Undo: %1").arg(m_document.undoStack().undoText()));
-    m_ui->redoAction->setToolTip(tr("Redo: %1").arg(m_document.undoStack().redoText()));
+    m_tools->updateToolTips();
     QString controller;
     for (QAction *action : m_controllers->actions()) {
         action->setChecked(action->data().toUInt() == station.plcType());

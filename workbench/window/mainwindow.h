@@ -17,6 +17,7 @@ class QActionGroup;
 class QLabel;
 class QToolButton;
 class RackView;
+class StationTools;
 
 namespace Ui {
 class MainWindow;
@@ -42,7 +43,6 @@ protected:
 
 private:
     void addViews();
-    void addIcons();
     void addControllers();
     void connectFileActions();
     void connectModuleActions();
@@ -79,4 +79,5 @@ private:
     QToolButton *m_problemCount;
     QLabel *m_summary;
     QActionGroup *m_controllers;
+    StationTools *m_tools = nullptr;
 };

@@ -2,14 +2,12 @@
 #pragma once
 
 #include "catalog.h"
-#include "simulatedbase.h"
+#include "memorystrip.h"
 #include "station.h"
 
 #include <QScrollArea>
 #include <QSet>
 #include <QTimer>
-
-class MemoryStrip;
 
 class MemoryView : public QScrollArea {
     Q_OBJECT
@@ -26,6 +24,9 @@ public:
     /// Makes the strips @p zoom times as long as the view is wide. The range of @p zoom is 1 to maximumZoom.
     void setZoom(int zoom);
     int zoom() const { return m_zoom; }
+
+    /// Room for all strips and the scroll bar of a zoomed map.
+    QSize sizeHint() const override;
 
 signals:
     /// The user selected a range of the module at @p place.
@@ -48,52 +49,4 @@ private:
     QSet<int> m_selected; ///< Place::index() of each
     QTimer m_refresh;     ///< combines all changes of a step into one refresh
     int m_zoom = 1;
-};
-
-/// The strip of one area. Its accessible description states how much of the area is free.
-class MemoryStrip : public QWidget {
-    Q_OBJECT
-public:
-    struct Range {
-        qint32 start;  ///< bytes
-        qint32 length; ///< bytes
-        QString text;
-        Place place; ///< invalid for a range that no module holds
-        QColor color;
-    };
-
-    MemoryStrip(VarArea area, QWidget *parent);
-
-    VarArea area() const { return m_area; }
-    /// @p size is the area's size in bytes. @p ranges must be in ascending order.
-    void setRanges(qint32 size, const QVector<Range> &ranges);
-    /// Marks the ranges of modules by Place::index(). Returns the first mark in pixels; an empty rectangle if there is
-    /// none.
-    QRect select(const QSet<int> &places);
-    void retranslate();
-
-    QSize sizeHint() const override;
-
-signals:
-    void moduleSelected(Place place);
-
-protected:
-    bool event(QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-
-private:
-    QRect bar() const;
-    QRectF rectOf(qint32 start, qint32 length) const;
-    /// Index of the range at a point; -1 if the area is free there, std::nullopt outside the bar.
-    std::optional<int> rangeAt(QPoint point) const;
-    QString toolTipAt(QPoint point) const;
-    void selectRange(int index);
-    QString freeText() const;
-
-    VarArea m_area;
-    qint32 m_size = 0;
-    QVector<Range> m_ranges;
-    QSet<int> m_selected;
 };

@@ -75,6 +75,15 @@ bool RackModel::hasModule(const QModelIndex &index) const
     return m_station != nullptr && m_station->moduleAt(placeOf(index));
 }
 
+std::vector<Place> RackModel::modulePlaces() const
+{
+    std::vector<Place> places;
+    for (int i = 0; m_station != nullptr && i < m_station->count(); ++i) {
+        places.push_back(m_station->module(i).place);
+    }
+    return places;
+}
+
 int RackModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : Place::rackCount;

@@ -22,6 +22,8 @@ public:
     bool hasModule(const QModelIndex &index) const;
     /// See Station::checkMove().
     bool canMove(const QVector<Place> &places, Place by) const;
+    /// In ascending order.
+    std::vector<Place> modulePlaces() const;
     /// Null for a type that the catalog lacks.
     const CatalogEntry *entryOf(quint32 typeCode) const { return findEntry(m_catalog, typeCode); }
 

@@ -8,9 +8,11 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -43,13 +45,14 @@ public:
         painter->setRenderHint(QPainter::Antialiasing);
         const QRectF card = QRectF(option.rect).adjusted(margin, margin, -margin, -margin);
         const std::optional<ModuleSummary> module = m_view.m_model->moduleAt(index);
+        painter->fillRect(option.rect, option.palette.base()); // over the selection that the view has painted
         painter->setPen(Qt::NoPen);
         painter->setBrush(option.palette.base());
         painter->drawRoundedRect(card, cornerRadius, cornerRadius);
         if (module) {
             paintCard(*painter, card, option.palette, *module);
         }
-        paintOutline(*painter, card, option, module.has_value());
+        paintOutline(*painter, card, option, module.has_value(), index == m_view.currentIndex());
         if (m_view.state() == DraggingState && (option.state & QStyle::State_MouseOver) != 0) {
             paintDrop(*painter, card, option.palette, m_view.m_isDropWelcome);
         }
@@ -95,18 +98,28 @@ private:
         write(rangeText(module.out), palette.color(QPalette::Text));
     }
 
-    static void paintOutline(QPainter &painter, const QRectF &card, const QStyleOptionViewItem &option, bool isTaken)
+    /// A selected card has a tint and a thick edge, the current slot a second, inner edge. Free slots stay quiet.
+    void paintOutline(QPainter &painter, const QRectF &card, const QStyleOptionViewItem &option, bool isTaken,
+                      bool isCurrent) const
     {
-        const bool isSelected = (option.state & QStyle::State_Selected) != 0;
-        const bool isCurrent = (option.state & QStyle::State_HasFocus) != 0;
+        const bool isSelected = isTaken && (option.state & QStyle::State_Selected) != 0;
+        const QColor highlight = option.palette.color(QPalette::Highlight);
         painter.setClipping(false);
         painter.setBrush(Qt::NoBrush);
-        QPen pen(option.palette.color(isSelected ? QPalette::Highlight : QPalette::Mid), isSelected ? 2.5 : 1);
-        if (!isTaken && !isCurrent) {
-            pen.setStyle(isSelected ? Qt::SolidLine : Qt::DotLine);
+        if (isSelected) {
+            QColor tint = highlight;
+            tint.setAlpha(40);
+            painter.setBrush(tint);
         }
-        painter.setPen(pen);
+        painter.setPen(QPen(isSelected ? highlight : option.palette.color(QPalette::Mid), isSelected ? 2.5 : 1,
+                            isTaken ? Qt::SolidLine : Qt::DotLine));
         painter.drawRoundedRect(card, cornerRadius, cornerRadius);
+        if (isCurrent) {
+            constexpr qreal inset = 2.5;
+            painter.setBrush(Qt::NoBrush);
+            painter.setPen(QPen(option.palette.color(m_view.hasFocus() ? QPalette::Text : QPalette::Mid), 1.2));
+            painter.drawRoundedRect(card.adjusted(inset, inset, -inset, -inset), cornerRadius, cornerRadius);
+        }
     }
 
     static void paintDrop(QPainter &painter, const QRectF &card, const QPalette &palette, bool isWelcome)
@@ -156,39 +169,119 @@ void RackView::fitToFont()
 {
     horizontalHeader()->setDefaultSectionSize(fontMetrics().averageCharWidth() * cardCharacters +
                                               2 * (margin + padding));
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * cardLines + stripeHeight + 3 * margin + padding);
+    const int cardHeight = fontMetrics().height() * cardLines + stripeHeight + 3 * margin + padding;
+    verticalHeader()->setDefaultSectionSize(cardHeight);
+    setMinimumHeight(cardHeight + horizontalHeader()->sizeHint().height() + horizontalScrollBar()->sizeHint().height());
 }
 
 void RackView::setStation(const Station *station)
 {
     m_model->setStation(station);
+    readExtent(*station);
     setCurrentPlace({});
+}
+
+void RackView::readExtent(const Station &station)
+{
+    m_extent.clear();
+    for (int i = 0; i < station.count(); ++i) {
+        m_extent.add(station.module(i).place);
+    }
+    const auto add = [this](Place place) {
+        m_extent.add(place);
+        showExtent();
+    };
+    const auto remove = [this](Place place) {
+        m_extent.remove(place);
+        showExtent();
+    };
+    connect(&station, &Station::moduleAdded, this, add);
+    connect(&station, &Station::moduleRemoved, this, remove);
+    connect(&station, &Station::moduleMoved, this, [=](Place from, Place to) {
+        remove(from);
+        add(to);
+    });
+    showExtent();
+}
+
+void RackView::showExtent()
+{
+    const int racks = m_showsAll ? Place::rackCount : m_extent.racks();
+    const int slotCount = m_showsAll ? Place::slotCount : m_extent.slotCount();
+    const bool changes = m_shownRacks != racks || m_shownSlots != slotCount;
+    for (; m_shownRacks != racks; m_shownRacks += m_shownRacks < racks ? 1 : -1) {
+        const bool grows = m_shownRacks < racks;
+        setRowHidden(grows ? m_shownRacks : m_shownRacks - 1, !grows);
+    }
+    for (; m_shownSlots != slotCount; m_shownSlots += m_shownSlots < slotCount ? 1 : -1) {
+        const bool grows = m_shownSlots < slotCount;
+        setColumnHidden(grows ? m_shownSlots : m_shownSlots - 1, !grows);
+    }
+    if (changes) {
+        updateGeometries(); // at once, because the caller may scroll to a slot that was hidden
+    }
+}
+
+void RackView::setShowsAll(bool showsAll)
+{
+    m_showsAll = showsAll;
+    showExtent();
+}
+
+void RackView::setZoom(int steps)
+{
+    constexpr int maximumSteps = 6;
+    constexpr qreal perStep = 1.15;
+    m_zoom = std::clamp(steps, -maximumSteps, maximumSteps);
+    QFont font = parentWidget() == nullptr ? QFont() : parentWidget()->font();
+    font.setPointSizeF(font.pointSizeF() * std::pow(perStep, m_zoom));
+    setFont(font);
+    scrollTo(currentIndex());
+}
+
+void RackView::wheelEvent(QWheelEvent *event)
+{
+    if ((event->modifiers() & Qt::ControlModifier) == 0) {
+        QTableView::wheelEvent(event);
+        return;
+    }
+    setZoom(m_zoom + (event->angleDelta().y() > 0 ? 1 : -1));
+    event->accept();
 }
 
 void RackView::setCurrentPlace(Place place)
 {
-    setCurrentIndex(m_model->indexOf(place));
-    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
-    scrollTo(currentIndex());
+    selectPlaces({place}, place);
 }
 
-void RackView::selectPlaces(const QVector<Place> &places)
+void RackView::selectPlaces(const QVector<Place> &places, std::optional<Place> current)
 {
-    if (places.isEmpty()) {
+    if (!current && places.isEmpty()) {
         return;
     }
+    const Place shown = current ? *current : places.first();
+    m_extent.require(shown);
+    showExtent();
+    selectionModel()->setCurrentIndex(m_model->indexOf(shown), QItemSelectionModel::NoUpdate);
     QItemSelection selection;
     for (const Place place : places) {
+        const bool continues = !selection.isEmpty() && selection.last().bottom() == place.rack &&
+                               selection.last().right() + 1 == place.slot;
         const QModelIndex index = m_model->indexOf(place);
-        // One range per run of slots, because a selection of many ranges is slow.
-        if (!selection.isEmpty() && selection.last().bottomRight() == index.siblingAtColumn(place.slot - 1)) {
+        if (continues) { // long runs keep the selection small
             selection.last() = QItemSelectionRange(selection.last().topLeft(), index);
         } else {
             selection.append(QItemSelectionRange(index));
         }
     }
-    setCurrentPlace(places.first());
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    scrollTo(currentIndex());
+}
+
+void RackView::selectAll()
+{
+    const std::vector<Place> all = m_model->modulePlaces();
+    selectPlaces(QVector<Place>(all.begin(), all.end()), currentPlace());
 }
 
 QVector<Place> RackView::selectedModules() const

@@ -1,0 +1,278 @@
+// The window's commands that answer questions and edit many modules, driven by keys and mouse.
+#include "catalogfolder.h"
+#include "channelview.h"
+#include "mainwindow.h"
+#include "memoryview.h"
+#include "pagefixture.h"
+#include "projectfile.h"
+#include "rackview.h"
+#include "simulatedhost.h"
+
+#include <QtWidgets>
+
+class TestStationTools : public QObject {
+    Q_OBJECT
+
+    PluginLibrary m_plugin;
+    QTemporaryDir m_folder;
+    std::unique_ptr<MainWindow> m_window;
+    RackView *m_racks = nullptr;
+
+    template <typename Widget>
+    Widget *child(const char *name) const
+    {
+        return ::child<Widget>(*m_window, name);
+    }
+
+    void press(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        QApplication::setActiveWindow(widget->window());
+        widget->setFocus();
+        QTest::keyClick(widget, key, modifiers);
+    }
+
+    /// Runs @p answer on the next modal dialog, which it must close.
+    template <typename Answer>
+    void answerNext(Answer answer)
+    {
+        QTimer::singleShot(0, this, [this, answer] {
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            if (dialog == nullptr) {
+                return answerNext(answer); // not open yet
+            }
+            answer(dialog);
+        });
+    }
+
+    QString cell(int row, int column) const
+    {
+        return child<QTableView>("channelTable")->model()->index(row, column).data().toString();
+    }
+    QString message() const { return m_window->statusBar()->currentMessage(); }
+    std::pair<int, int> shownRacksAndSlots() const
+    {
+        int racks = 0;
+        int slotCount = 0;
+        for (int i = 0; i < Place::rackCount; ++i) {
+            racks += m_racks->isRowHidden(i) ? 0 : 1;
+        }
+        for (int i = 0; i < Place::slotCount; ++i) {
+            slotCount += m_racks->isColumnHidden(i) ? 0 : 1;
+        }
+        return {racks, slotCount};
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+        QVERIFY(QDir::setCurrent(m_folder.path()));
+        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
+    }
+
+    void init()
+    {
+        simulatedhost::reset();
+        auto station = std::make_unique<Station>(m_plugin, "first");
+        const std::vector<std::pair<quint32, Place>> modules{
+            {13395, {0, 0}}, {13395, {0, 1}}, {13652, {0, 6}}, {13395, {2, 0}}};
+        for (const auto &[type, place] : modules) {
+            QVERIFY(station->add(type, place));
+        }
+        m_window = std::make_unique<MainWindow>(m_plugin, readCatalog(), std::move(station));
+        m_window->setLanguage(QLocale::English);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        m_racks = child<RackView>("rackView");
+    }
+    void cleanup()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_window.reset();
+    }
+
+    void findsWhileTyping()
+    {
+        press(m_racks, Qt::Key_F, Qt::ControlModifier);
+        auto *query = child<QLineEdit>("findQuery");
+        const auto *results = child<QTreeWidget>("findResults");
+        QTest::keyClicks(query, "analog");
+        QCOMPARE(results->topLevelItemCount(), 3);
+        QCOMPARE(child<QLabel>("findCount")->text(), QString("3 modules found."));
+        press(query, Qt::Key_Down);
+        press(query, Qt::Key_Return);
+        QCOMPARE(m_racks->currentPlace(), (Place{0, 1}));
+        QVERIFY(!query->isVisible());
+        press(m_racks, Qt::Key_F, Qt::ControlModifier); // the text is selected
+        QTest::keyClicks(query, "I 3.7");
+        QCOMPARE(results->topLevelItem(0)->text(2), QString("I3.7, channel 31"));
+        press(query, Qt::Key_Return);
+        QCOMPARE(m_racks->currentPlace(), (Place{0, 6}));
+    }
+
+    void channelsFollowEdits()
+    {
+        auto *table = child<QTableView>("channelTable");
+        QCOMPARE(table->model()->rowCount(), 0);
+        child<QDockWidget>("channelDock")->raise();
+        QTRY_COMPARE(table->model()->rowCount(), 44);
+        child<QCheckBox>("changedOnlyCheck")->setChecked(true);
+        QCOMPARE(table->model()->rowCount(), 0);
+        child<QCheckBox>("changedOnlyCheck")->setChecked(false);
+        QTest::keyClicks(child<QLineEdit>("channelSearch"), "aiw 10");
+        QCOMPARE(child<QLabel>("channelCount")->text(), QString("1 of 44 channels"));
+        QCOMPARE(cell(0, 4), QString("AIW10"));
+
+        answerNext([](QDialog *dialog) {
+            dialog->findChild<QComboBox *>("inputRange_1")->setCurrentIndex(3);
+            dialog->findChild<QPushButton *>("okButton")->click();
+        });
+        const QPoint point = table->visualRect(table->model()->index(0, 4)).center();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, point);
+        QTest::mouseDClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, point);
+        QCOMPARE(m_racks->currentPlace(), (Place{0, 1}));
+        QCOMPARE(cell(0, 5), QString("4~20mA"));
+        QVERIFY(table->model()->index(0, 5).data(Qt::FontRole).value<QFont>().bold());
+        child<QLineEdit>("channelSearch")->clear();
+        child<QCheckBox>("changedOnlyCheck")->setChecked(true);
+        QCOMPARE(table->model()->rowCount(), 1);
+        press(table, Qt::Key_A, Qt::ControlModifier);
+        press(table, Qt::Key_C, Qt::ControlModifier);
+        QVERIFY(
+            QApplication::clipboard()->text().startsWith("0\t1\tAnalog Input 4 x U/I\t1\tAIW10\t4~20mA\tFilter: on"));
+        m_window->setLanguage(QLocale::Chinese);
+        QTRY_VERIFY(cell(0, 6).contains(QStringLiteral(u"\u91cf\u7a0b")));
+
+        child<QCheckBox>("changedOnlyCheck")->setChecked(false);
+        m_racks->setCurrentPlace({0, 0});
+        press(m_racks, Qt::Key_Delete);
+        QCOMPARE(table->model()->rowCount(), 40);
+        press(m_racks, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(table->model()->rowCount(), 44);
+        child<QDockWidget>("memoryDock")->raise();
+        QTRY_COMPARE(table->model()->rowCount(), 0); // nothing is read while it is hidden
+    }
+
+    void pastesParametersToTheSelection()
+    {
+        m_racks->setCurrentPlace({0, 0});
+        answerNext([](QDialog *dialog) {
+            dialog->findChild<QComboBox *>("inputRange_2")->setCurrentIndex(3);
+            dialog->findChild<QPushButton *>("okButton")->click();
+        });
+        press(m_racks, Qt::Key_Return);
+        press(m_racks, Qt::Key_C, Qt::ControlModifier);
+        press(m_racks, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(m_racks->selectionModel()->selectedIndexes().size(), 4); // no free slots
+        press(m_racks, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(message(),
+                 QString("Parameters pasted to 2 modules; 1 had them already; 1 of another type left alone"));
+        QCOMPARE(m_racks->selectedModules().size(), 4);
+        QVERIFY(child<QAction>("undoAction")->toolTip().contains("Paste parameters to 2 modules (Ctrl+Z)"));
+    }
+
+    void showsUsedRacksAndOneMore()
+    {
+        QVERIFY(shownRacksAndSlots() == std::pair(4, 8));
+        m_racks->setCurrentPlace({2, 0});
+        press(m_racks, Qt::Key_Delete);
+        QVERIFY(shownRacksAndSlots() == std::pair(3, 8)); // the current slot stays
+        m_racks->setCurrentPlace({9, 10});
+        QVERIFY(shownRacksAndSlots() == std::pair(10, 11));
+        child<QAction>("allSlotsAction")->trigger();
+        QVERIFY(shownRacksAndSlots() == std::pair(Place::rackCount, Place::slotCount));
+        child<QAction>("allSlotsAction")->trigger();
+        const int height = m_racks->rowHeight(0);
+        child<QAction>("largerCardsAction")->trigger();
+        QVERIFY(m_racks->rowHeight(0) > height);
+        child<QAction>("undoAction")->trigger(); // nothing to save
+        child<QAction>("newAction")->trigger();
+        QVERIFY(shownRacksAndSlots() == std::pair(1, 4));
+    }
+
+    void comparesWithAProject()
+    {
+        Project other;
+        other.plcType = 1;
+        QVERIFY(ProjectFile("other.station").write(other));
+        answerNext([](QDialog *dialog) {
+            dialog->findChild<QLineEdit *>("fileNameEdit")->setText("other.station");
+            dialog->findChild<QDialogButtonBox *>()->buttons().first()->click();
+        });
+        child<QAction>("compareAction")->trigger();
+        auto *list = child<QTreeWidget>("differenceList");
+        const QList<QTreeWidgetItem *> found = list->findItems("only here", Qt::MatchExactly, 2);
+        QCOMPARE(found.size(), 4);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          list->visualItemRect(found.last()).center());
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                           list->visualItemRect(found.last()).center());
+        QCOMPARE(m_racks->currentPlace(), (Place{2, 0}));
+    }
+
+    void editsPropertiesAndReports()
+    {
+        answerNext([](QDialog *dialog) {
+            QTest::keyClicks(dialog->findChild<QLineEdit *>("titleEdit"), "Plant");
+            dialog->accept();
+        });
+        child<QAction>("projectPropertiesAction")->trigger();
+        QVERIFY(m_window->isWindowModified());
+        int pages = 0;
+        answerNext([&](QDialog *preview) {
+            answerNext([](QDialog *dialog) {
+                dialog->findChild<QLineEdit *>("fileNameEdit")->setText("report.html");
+                dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
+            });
+            preview->findChild<QAction *>("saveReportAction")->trigger();
+            pages = preview->findChild<QLineEdit *>()->isVisible() ? 1 : 0;
+            preview->reject();
+        });
+        press(m_racks, Qt::Key_P, Qt::ControlModifier);
+        QCOMPARE(pages, 1);
+        QFile report("report.html");
+        QVERIFY(report.open(QIODevice::ReadOnly) && report.readAll().contains("<h1>Plant</h1>"));
+    }
+
+    void explainsItsCommands()
+    {
+        QCOMPARE(child<QAction>("findAction")->toolTip(), QString("Find (Ctrl+F)"));
+        QVERIFY(m_window->frameGeometry().width() <= m_window->screen()->availableSize().width());
+        QString listed;
+        answerNext([&](QDialog *dialog) {
+            for (const QTreeWidgetItem *item :
+                 dialog->findChild<QTreeWidget *>("shortcutList")->findItems("Report", Qt::MatchRecursive)) {
+                listed += item->text(1);
+            }
+            dialog->reject();
+        });
+        child<QAction>("shortcutsAction")->trigger();
+        QCOMPARE(listed, QString("Ctrl+P"));
+        answerNext([&](QDialog *dialog) {
+            listed = qobject_cast<QMessageBox *>(dialog)->informativeText();
+            dialog->reject();
+        });
+        child<QAction>("aboutAction")->trigger();
+        QVERIFY(listed.contains("libsimpleextend.so") && listed.contains(qVersion()));
+    }
+
+    void memoryMapHasRoomForEveryStrip()
+    {
+        auto *map = child<MemoryView>("memoryView");
+        const int scrollBar = map->horizontalScrollBar()->sizeHint().height();
+        QVERIFY(map->sizeHint().height() >= map->widget()->minimumSizeHint().height() + scrollBar);
+        auto *strip = child<MemoryStrip>("memoryStrip_AI");
+        const int height = strip->sizeHint().height();
+        QFont larger = strip->font();
+        larger.setPointSizeF(2 * larger.pointSizeF());
+        const int bar = strip->barHeight();
+        strip->setFont(larger);
+        QVERIFY(strip->barHeight() > bar && strip->sizeHint().height() > height);
+        const QImage before = strip->grab().toImage();
+        QTest::mouseMove(strip, QPoint(2, strip->height() / 2));
+        QTRY_VERIFY(strip->grab().toImage() != before); // names the range under the mouse
+    }
+};
+
+QTEST_MAIN(TestStationTools)
+#include "tst_stationtools.moc"

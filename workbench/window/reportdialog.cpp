@@ -1,0 +1,79 @@
+#include "reportdialog.h"
+
+#include "filequestions.h"
+#include "windowsize.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QProgressDialog>
+#include <QToolBar>
+
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ReportDialog)
+};
+
+constexpr int progressDelay = 400; // ms until a long operation shows its progress
+
+/// Returns work(progress). A long operation shows its progress and can be cancelled.
+template <typename Work>
+auto withProgress(QWidget *parent, Work work)
+{
+    QProgressDialog dialog(Texts::tr("Preparing the report..."), Texts::tr("Cancel"), 0, 0, parent);
+    dialog.setWindowTitle(Texts::tr("Report"));
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setMinimumDuration(progressDelay);
+    return work([&dialog](int done, int total) {
+        dialog.setMaximum(total);
+        dialog.setValue(done);
+        return !dialog.wasCanceled();
+    });
+}
+
+void saveReport(const Station &station, const std::vector<CatalogEntry> &catalog, const ReportInfo &info,
+                QWidget *parent)
+{
+    const QFileInfo project(info.fileName);
+    const QString present = info.fileName.isEmpty()
+                                ? QString()
+                                : project.dir().filePath(project.completeBaseName() + QStringLiteral(".pdf"));
+    const QString filter =
+        Texts::tr("PDF (*.pdf);;HTML (*.html);;Channels, comma-separated values (*.csv);;All fields, "
+                  "JSON (*.json)");
+    const QString path = askForNewFile(parent, Texts::tr("Save Report"), present, filter, QStringLiteral("pdf"));
+    if (path.isEmpty()) {
+        return;
+    }
+    const Result<> written = withProgress(
+        parent, [&](const Progress &progress) { return writeReport(path, station, catalog, info, progress); });
+    showFailure(parent, Texts::tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path)), written);
+}
+
+} // namespace
+
+void showReport(const Station &station, const std::vector<CatalogEntry> &catalog, const ReportInfo &info,
+                QWidget *parent)
+{
+    const QStringList parts = stationHtmlParts(station, catalog, info);
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setDocName(Texts::tr("Report"));
+    QPrintPreviewDialog preview(&printer, parent);
+    preview.setObjectName(QStringLiteral("reportPreview"));
+    preview.setWindowTitle(Texts::tr("Report"));
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter *device) {
+        withProgress(parent, [&](const Progress &progress) { return printReport(parts, *device, progress); });
+    });
+    if (auto *bar = preview.findChild<QToolBar *>()) { // the dialog has no other place for commands
+        QAction *save = bar->addAction(Texts::tr("&Save As..."));
+        save->setObjectName(QStringLiteral("saveReportAction"));
+        QObject::connect(save, &QAction::triggered, &preview, [&] { saveReport(station, catalog, info, &preview); });
+    }
+    resizeToFit(preview, {960, 860});
+    preview.exec();
+}
