@@ -301,7 +301,8 @@ private slots:
         m_racks->setCurrentPlace({5, 5});
         child<QToolButton>("problemCount")->click();
         auto *problems = child<QTreeView>("problemView");
-        const QRect row = problems->visualRect(problems->model()->index(0, 2));
+        problems->scrollTo(problems->model()->index(0, 0));
+        const QRect row = problems->visualRect(problems->model()->index(0, 0));
         QTest::mouseClick(problems->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
         QTest::mouseDClick(problems->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
         QCOMPARE(m_racks->currentPlace(), (Place{0, 1}));
@@ -414,8 +415,9 @@ private slots:
     {
         m_window->setLanguage(QLocale::Chinese);
         QTRY_VERIFY(child<QAction>("newAction")->text().contains("(&"));
+        const QRegularExpression mnemonic("&|\\(.\\)");
         for (const auto *button : m_window->findChild<QToolBar *>("toolBar")->findChildren<QToolButton *>()) {
-            QVERIFY2(!button->text().contains('(') && !button->toolTip().contains('('), qPrintable(button->text()));
+            QVERIFY2(!QString(button->text() + button->toolTip()).contains(mnemonic), qPrintable(button->toolTip()));
         }
     }
 

@@ -21,7 +21,6 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QLabel>
-#include <QRegularExpression>
 #include <QSettings>
 #include <QToolButton>
 
@@ -233,13 +232,6 @@ void MainWindow::changeEvent(QEvent *event)
 void MainWindow::retranslate()
 {
     m_ui->retranslateUi(this);
-    for (QAction *action : m_ui->toolBar->actions()) {
-        // Chinese texts have the mnemonic in parentheses, which Qt does not remove.
-        static const QRegularExpression mnemonic(QStringLiteral("\\(&.\\)|&|\\.\\.\\."));
-        const QString label = action->text().remove(mnemonic);
-        action->setIconText(label);
-        action->setToolTip(label);
-    }
     updateStation();
     updateTitle();
     updateProblemCount(m_problems->count());

@@ -82,6 +82,7 @@ void StationTools::updateToolTips()
 {
     for (QAction *action : m_ui.toolBar->actions()) {
         QString tip = plainText(*action);
+        action->setIconText(tip);
         const QUndoStack &stack = m_document.undoStack();
         const QString step = action == m_ui.undoAction   ? stack.undoText()
                              : action == m_ui.redoAction ? stack.redoText()
