@@ -3,10 +3,12 @@
 #include "imagerangetext.h"
 
 #include <QHelpEvent>
+#include <QImage>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPainter>
 #include <QToolTip>
+#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
@@ -32,7 +34,8 @@ QFont rulerFont(QFont font)
 
 } // namespace
 
-MemoryStrip::MemoryStrip(VarArea area, QWidget *parent) : QWidget(parent), m_area(area)
+MemoryStrip::MemoryStrip(VarArea area, std::function<QString(Place)> describe, QWidget *parent)
+    : QWidget(parent), m_area(area), m_describe(std::move(describe))
 {
     setObjectName(QStringLiteral("memoryStrip_%1").arg(name(area)));
     setFocusPolicy(Qt::StrongFocus);
@@ -44,6 +47,22 @@ void MemoryStrip::setRanges(qint32 size, const QVector<Range> &ranges)
 {
     m_size = size;
     m_ranges = ranges;
+    retranslate();
+}
+
+void MemoryStrip::replaceRanges(Place place, const QVector<Range> &ranges)
+{
+    const auto isOld = [place](const Range &range) { return range.place == place; };
+    const auto end = std::remove_if(m_ranges.begin(), m_ranges.end(), isOld);
+    if (end == m_ranges.end() && ranges.isEmpty()) {
+        return;
+    }
+    m_ranges.erase(end, m_ranges.end());
+    for (const Range &range : ranges) {
+        const auto next = std::upper_bound(m_ranges.begin(), m_ranges.end(), range,
+                                           [](const Range &a, const Range &b) { return a.start < b.start; });
+        m_ranges.insert(next, range);
+    }
     retranslate();
 }
 
@@ -73,14 +92,22 @@ qint32 MemoryStrip::usedBytes() const
                            [](qint32 sum, const Range &range) { return sum + range.length; });
 }
 
+const MemoryStrip::Range *MemoryStrip::firstSelected() const
+{
+    const auto found = std::find_if(m_ranges.begin(), m_ranges.end(),
+                                    [&](const Range &range) { return m_selected.contains(range.place.index()); });
+    return found == m_ranges.end() ? nullptr : &*found;
+}
+
 QRect MemoryStrip::select(const QSet<int> &places)
 {
+    const bool wasMarked = firstSelected() != nullptr;
     m_selected = places;
-    update();
-    const auto *const first = std::find_if(m_ranges.cbegin(), m_ranges.cend(), [&](const Range &range) {
-        return m_selected.contains(range.place.index());
-    });
-    return first == m_ranges.cend() ? QRect() : rectOf(first->start, first->length).toAlignedRect();
+    const Range *const first = firstSelected();
+    if (wasMarked || first != nullptr) { // painting a full strip takes long
+        update();
+    }
+    return first == nullptr ? QRect() : rectOf(first->start, first->length).toAlignedRect();
 }
 
 int MemoryStrip::barHeight() const
@@ -130,7 +157,8 @@ QString MemoryStrip::textAt(QPoint point) const
     };
     if (*found >= 0) {
         const Range &range = m_ranges.at(*found);
-        return range.text + QLatin1Char('\n') + text(range.start, range.start + range.length);
+        const QString holder = range.place.isValid() ? m_describe(range.place) : tr("Held by no module");
+        return holder + QLatin1Char('\n') + text(range.start, range.start + range.length);
     }
     qint32 first = 0;
     qint32 end = m_size;
@@ -178,18 +206,33 @@ void MemoryStrip::paintTexts(QPainter &painter, const QRect &visible) const
                      fontMetrics().elidedText(text, Qt::ElideRight, std::max(width, 0)));
 }
 
+/// The colors of the visible part, a pixel high. Filling a rectangle for each of some thousand ranges takes longer.
+QImage MemoryStrip::colors(const QRect &visible) const
+{
+    const double scale = devicePixelRatioF();
+    const int width = qCeil(visible.width() * scale);
+    QImage line(width, 1, QImage::Format_ARGB32_Premultiplied);
+    line.fill(palette().color(QPalette::Base));
+    auto *const pixels = reinterpret_cast<QRgb *>(line.scanLine(0));
+    const QRectF whole = rectOf(0, m_size);
+    const double perByte = whole.width() / std::max(m_size, 1);
+    for (const Range &range : m_ranges) {
+        const double left = whole.left() + range.start * perByte - visible.left();
+        const int first = std::clamp(qRound(left * scale), 0, width);
+        const double length = std::max(range.length * perByte, minimumRangeWidth);
+        std::fill(pixels + first, pixels + std::clamp(qRound((left + length) * scale), first, width),
+                  range.color.rgb());
+    }
+    return line;
+}
+
 void MemoryStrip::paintRanges(QPainter &painter, const QRect &visible) const
 {
     painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
     painter.setBrush(palette().base());
     painter.drawRect(bar());
     painter.setBrush(Qt::NoBrush);
-    for (const Range &range : m_ranges) {
-        const QRectF rect = rectOf(range.start, range.length);
-        if (rect.right() >= visible.left() && rect.left() <= visible.right()) {
-            painter.fillRect(rect, range.color);
-        }
-    }
+    painter.drawImage(QRectF(visible.left(), bar().top() + 1, visible.width(), bar().height() - 1), colors(visible));
     // Marks are wider than their range, because a few bytes of many thousands would be invisible.
     const auto mark = [&](const Range &range, const QPen &pen) {
         painter.setPen(pen);
@@ -269,9 +312,7 @@ void MemoryStrip::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
         return;
     }
-    const auto *const current = std::find_if(m_ranges.cbegin(), m_ranges.cend(), [&](const Range &range) {
-        return m_selected.contains(range.place.index());
-    });
+    const Range *const current = firstSelected();
     const int step = event->key() == Qt::Key_Right ? 1 : -1;
-    selectRange(current == m_ranges.cend() ? 0 : static_cast<int>(current - m_ranges.cbegin()) + step);
+    selectRange(current == nullptr ? 0 : static_cast<int>(current - m_ranges.constData()) + step);
 }

@@ -8,6 +8,7 @@
 #include <QSet>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 /// The strip of one area. Its accessible description states how much of the area is free.
@@ -17,16 +18,18 @@ public:
     struct Range {
         qint32 start;  ///< bytes
         qint32 length; ///< bytes
-        QString text;
-        Place place; ///< invalid for a range that no module holds
+        Place place;   ///< invalid for a range that no module holds
         QColor color;
     };
 
-    MemoryStrip(VarArea area, QWidget *parent);
+    /// @p describe returns the text for the module at a place.
+    MemoryStrip(VarArea area, std::function<QString(Place)> describe, QWidget *parent);
 
     VarArea area() const { return m_area; }
     /// @p size is the area's size in bytes. @p ranges must be in ascending order.
     void setRanges(qint32 size, const QVector<Range> &ranges);
+    /// Replaces the ranges of the module at @p place. This is faster than setRanges() for a strip of many ranges.
+    void replaceRanges(Place place, const QVector<Range> &ranges);
     /// Marks the ranges of modules by Place::index(). Returns the first mark in pixels; an empty rectangle if there is
     /// none.
     QRect select(const QSet<int> &places);
@@ -48,11 +51,14 @@ protected:
 
 private:
     QRect bar() const;
+    /// Null if no range is marked.
+    const Range *firstSelected() const;
     QRectF rectOf(qint32 start, qint32 length) const;
     /// Index of the range at a point; -1 if the area is free there, std::nullopt outside the bar.
     std::optional<int> rangeAt(QPoint point) const;
     QString textAt(QPoint point) const;
     void paintTexts(QPainter &painter, const QRect &visible) const;
+    QImage colors(const QRect &visible) const;
     void paintRanges(QPainter &painter, const QRect &visible) const;
     void paintRuler(QPainter &painter, const QRect &visible) const;
     void hover(std::optional<QPoint> point);
@@ -61,6 +67,7 @@ private:
     qint32 usedBytes() const;
 
     VarArea m_area;
+    std::function<QString(Place)> m_describe;
     qint32 m_size = 0;
     QVector<Range> m_ranges;
     QSet<int> m_selected;

@@ -28,7 +28,8 @@ MemoryView::MemoryView(const std::vector<CatalogEntry> &catalog, QWidget *parent
     layout->setContentsMargins(gap, gap, gap, gap);
     layout->setSpacing(gap);
     for (const VarArea area : memoryAreas) {
-        auto *strip = new MemoryStrip(area, content);
+        auto *strip = new MemoryStrip(
+            area, [this](Place place) { return describe(place); }, content);
         connect(strip, &MemoryStrip::moduleSelected, this, &MemoryView::moduleSelected);
         layout->addWidget(strip);
         m_strips.append(strip);
@@ -36,7 +37,7 @@ MemoryView::MemoryView(const std::vector<CatalogEntry> &catalog, QWidget *parent
     layout->addStretch();
     setWidget(content);
     m_refresh.setSingleShot(true);
-    connect(&m_refresh, &QTimer::timeout, this, &MemoryView::refresh);
+    connect(&m_refresh, &QTimer::timeout, this, &MemoryView::refreshChanged);
     // The texts of the strips are drawn at the edges of the view.
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, content, QOverload<>::of(&QWidget::update));
     retranslate();
@@ -48,34 +49,75 @@ void MemoryView::setStation(const Station *station)
         m_station->disconnect(this);
     }
     m_station = station;
-    const auto later = [this] { m_refresh.start(0); };
+    const auto changes = [this](Place place) {
+        m_changed.append(place);
+        m_refresh.start(0);
+    };
     for (const auto signal : {&Station::moduleAdded, &Station::moduleRemoved, &Station::moduleChanged}) {
-        connect(m_station, signal, this, later);
+        connect(m_station, signal, this, changes);
     }
-    connect(m_station, &Station::moduleMoved, this, later);
-    connect(m_station, &Station::plcTypeChanged, this, later);
+    connect(m_station, &Station::moduleMoved, this, [=](Place from, Place to) {
+        changes(from);
+        changes(to);
+    });
+    connect(m_station, &Station::plcTypeChanged, this, &MemoryView::refresh);
     refresh();
+}
+
+QString MemoryView::describe(Place place) const
+{
+    const std::optional<int> index = m_station->moduleAt(place);
+    const QString name = index ? m_station->module(*index).name : QString();
+    return tr("%1 (rack %2, slot %3)").arg(name, QString::number(place.rack), QString::number(place.slot));
+}
+
+MemoryStrip::Range MemoryView::rangeAt(Place place, qint32 start, qint32 length) const
+{
+    const std::optional<int> index = m_station->moduleAt(place);
+    if (!index) {
+        return {start, length, {-1, -1}, palette().color(QPalette::Mid)};
+    }
+    const CatalogEntry *entry = findEntry(m_catalog, m_station->module(*index).typeCode);
+    const CatalogFamily family = entry == nullptr ? CatalogFamily::Other : entry->family;
+    return {start, length, place, moduleColor(family, place, palette())};
 }
 
 /// The host reports which ranges are claimed, the station which modules hold them.
 void MemoryView::refresh()
 {
+    m_changed.clear();
     const StationMemory &memory = m_station->memory();
     QMap<VarArea, QVector<MemoryStrip::Range>> ranges;
     for (const auto &[area, start, length] : simulatedhost::claimedRanges(memory.owner())) {
-        MemoryStrip::Range range{start, length, tr("Held by no module"), Place{-1, -1}, palette().color(QPalette::Mid)};
-        if (const std::optional<Place> holder = memory.holder({area, start, length})) {
-            const ModuleSummary module = m_station->module(*m_station->moduleAt(*holder));
-            const CatalogEntry *entry = findEntry(m_catalog, module.typeCode);
-            range.text = tr("%1 (rack %2, slot %3)")
-                             .arg(module.name, QString::number(holder->rack), QString::number(holder->slot));
-            range.place = *holder;
-            range.color = moduleColor(entry == nullptr ? CatalogFamily::Other : entry->family, *holder, palette());
-        }
-        ranges[area].append(range);
+        const Place holder = memory.holder({area, start, length}).value_or(Place{-1, -1});
+        ranges[area].append(rangeAt(holder, start, length));
     }
     for (MemoryStrip *strip : qAsConst(m_strips)) {
         strip->setRanges(simulatedhost::areaSize(memory.owner(), strip->area()), ranges.value(strip->area()));
+    }
+    markSelection();
+}
+
+/// Shows the changes of an edit. After an edit of many modules, and if a change of one module can reserve or free
+/// ranges of others, reading the whole map is faster or necessary.
+void MemoryView::refreshChanged()
+{
+    constexpr int maximumSteps = 32;
+    if (m_changed.size() > maximumSteps || m_station->unavailableCount() > 0) {
+        refresh();
+        return;
+    }
+    for (const Place place : qExchange(m_changed, {})) {
+        QMap<VarArea, QVector<MemoryStrip::Range>> ranges;
+        if (const std::optional<int> index = m_station->moduleAt(place)) {
+            const ModuleSummary module = m_station->module(*index);
+            for (const auto &[area, start, length] : memoryRanges(module.in, module.out)) {
+                ranges[area].append(rangeAt(place, start, length));
+            }
+        }
+        for (MemoryStrip *strip : qAsConst(m_strips)) {
+            strip->replaceRanges(place, ranges.value(strip->area()));
+        }
     }
     markSelection();
 }

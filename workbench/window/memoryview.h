@@ -38,7 +38,10 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    QString describe(Place place) const;
+    MemoryStrip::Range rangeAt(Place place, qint32 start, qint32 length) const;
     void refresh();
+    void refreshChanged();
     void markSelection();
     void retranslate();
     void fitStrips();
@@ -46,7 +49,8 @@ private:
     const std::vector<CatalogEntry> &m_catalog;
     const Station *m_station = nullptr;
     QVector<MemoryStrip *> m_strips;
-    QSet<int> m_selected; ///< Place::index() of each
-    QTimer m_refresh;     ///< combines all changes of a step into one refresh
+    QSet<int> m_selected;     ///< Place::index() of each
+    QVector<Place> m_changed; ///< since the last refresh
+    QTimer m_refresh;         ///< combines all changes of a step into one refresh
     int m_zoom = 1;
 };
