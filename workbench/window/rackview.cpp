@@ -32,6 +32,18 @@ QColor faded(const QPalette &palette)
                            (2 * text.blue() + base.blue()) / 3);
 }
 
+/// Measures only its last section, whose text is the longest. The base class measures up to 200 sections at each change
+/// of the racks.
+class NumberHeader : public QHeaderView {
+public:
+    using QHeaderView::QHeaderView;
+
+    QSize sizeHint() const override
+    {
+        return count() == 0 ? QHeaderView::sizeHint() : sectionSizeFromContents(count() - 1);
+    }
+};
+
 } // namespace
 
 /// Paints a slot: a card, or the outline of a free slot.
@@ -142,6 +154,8 @@ RackView::RackView(const std::vector<CatalogEntry> &catalog, QWidget *parent)
     : QTableView(parent), m_model(new RackModel(catalog, this))
 {
     setObjectName(QStringLiteral("rackView"));
+    setHorizontalHeader(new NumberHeader(Qt::Horizontal, this));
+    setVerticalHeader(new NumberHeader(Qt::Vertical, this));
     setModel(m_model);
     setItemDelegate(new CardPainter(*this));
     setShowGrid(false);
