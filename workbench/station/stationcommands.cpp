@@ -5,7 +5,7 @@
 #include <QUndoCommand>
 #include <QUndoStack>
 
-#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -32,12 +32,26 @@ private:
     bool m_isExecuted = false;
 };
 
+/// Takes modules, the last one first, because the modules behind a taken one move up.
+std::vector<StoredModule> takeAll(Station &station, QVector<Place> places)
+{
+    std::sort(places.begin(), places.end(), [](Place a, Place b) { return a.index() < b.index(); });
+    std::vector<StoredModule> taken;
+    taken.reserve(static_cast<std::size_t>(places.size()));
+    std::transform(places.rbegin(), places.rend(), std::back_inserter(taken),
+                   [&station](Place place) { return station.take(place); });
+    std::reverse(taken.begin(), taken.end());
+    return taken;
+}
+
 /// Takes all present modules before it puts the first wanted one, which may need their addresses.
 void replace(Station &station, const std::vector<StoredModule> &present, const std::vector<StoredModule> &wanted)
 {
+    QVector<Place> places;
     for (const StoredModule &module : present) {
-        station.take(module.place);
+        places.append(module.place);
     }
+    takeAll(station, places);
     for (const StoredModule &module : wanted) {
         station.put(module);
     }
@@ -236,11 +250,7 @@ void StationEdits::remove(const QVector<Place> &places)
     }
     const QString text = places.size() == 1 ? tr("Remove %1").arg(nameAt(places.first()))
                                             : tr("Remove %n module(s)", nullptr, places.size());
-    std::vector<StoredModule> removed;
-    for (const Place place : places) {
-        removed.push_back(m_station.take(place));
-    }
-    pushReplacement(removed, {}, text);
+    pushReplacement(takeAll(m_station, places), {}, text);
 }
 
 void StationEdits::configure(Place place, QWidget *parent)
