@@ -95,11 +95,15 @@ std::optional<int> Station::moduleAt(Place place) const
 
 std::optional<Place> Station::freePlace(Place wanted) const
 {
-    for (int i = 0; i < Place::count; ++i) {
-        const Place place = Place::at((wanted.index() + i) % Place::count);
-        if (!moduleAt(place)) {
-            return place;
+    int index = wanted.index();
+    auto next = lowerBound(wanted);
+    for (int i = 0; i < Place::count; ++i) { // along the modules, because a search for each place takes longer
+        next = next == m_modules.end() ? m_modules.begin() : next;
+        if (next == m_modules.end() || next->place.index() != index) {
+            return Place::at(index);
         }
+        ++next;
+        index = (index + 1) % Place::count;
     }
     return std::nullopt;
 }
