@@ -88,6 +88,19 @@ void selectAllAndRemove(const Workbench &workbench)
     workbench.trigger("removeAction");
 }
 
+void cutAll(const Workbench &workbench)
+{
+    selectAll(workbench);
+    workbench.trigger("cutAction");
+    workbench.racks().setCurrentPlace({0, 0});
+}
+
+void undoTwice(const Workbench &workbench)
+{
+    workbench.trigger("undoAction");
+    workbench.trigger("undoAction");
+}
+
 const std::array edits = {
     Edit{"place", true, goes({0, 0}), triggers("addAction"), triggers("undoAction")},
     Edit{"undo of a placement", true, triggers("addAction"), triggers("undoAction"), goes({0, 0})},
@@ -95,6 +108,7 @@ const std::array edits = {
     Edit{"select all", false, goes({0, 0}), selectAll, goes({0, 0})},
     Edit{"remove all", false, selectAll, triggers("removeAction"), triggers("undoAction")},
     Edit{"undo of removing all", false, selectAllAndRemove, triggers("undoAction"), goes({0, 0})},
+    Edit{"paste all", false, cutAll, triggers("pasteAction"), undoTwice},
 };
 
 QString nameOf(const Edit &edit, int modules)
