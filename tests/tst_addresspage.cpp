@@ -211,6 +211,7 @@ private slots:
         row("OK moved the input, the host the output", "ok 20 4, host 20 70", "2 70");
         row("OK moved the output, the host the input", "ok 2 30, host 60 30", "60 4");
         row("OK moved both, then the host", "ok 20 30, host 60 70", "60 70");
+        row("OK moved both, the host, OK again", "ok 20 30, host 60 70, ok 40 50", "60 70");
         row("OK moved both twice", "ok 20 30, ok 40 50", "2 4");
         row("the latest open snapshot", "ok 20 4, ok 40 4", "20 4");
         row("a closed snapshot after an open one", "ok 20 4, ok 40 30", "2 4");
@@ -237,6 +238,18 @@ private slots:
         }
         page.discard();
         QTEST(QStringLiteral("%1 %2").arg(par.inMap.start).arg(par.outMap.start), "starts");
+    }
+
+    void rollBackEndsTheSnapshotsOfThePage()
+    {
+        SimpleExtendPar par = moduleWith({6, 2, 4, 1, 2}, {7, 4, 2, 1, 2});
+        SAddrMapWgt page(&par, nullptr, nullptr);
+        edit(page, "inputStart=20");
+        QVERIFY(page.saveData());
+        recordingHost().calls.clear();
+        page.rollBack();
+        QCOMPARE(recordingHost().takeCalls(), QStringList("restore plc")); // not also the one of config()
+        QCOMPARE(int(par.inMap.start), 2);
     }
 
     void isHeard()

@@ -131,6 +131,17 @@ private slots:
         }
     }
 
+    void rowHeadersFitTheLastNumber()
+    {
+        QVector<int> widths;
+        for (const int channels : {1, 10, 11}) {
+            Par par = aiRange<13395>.record(QString("0:- ").repeated(channels));
+            const PagePtr page = aiRange<13395>.make(par, nullptr, m_dialog.get());
+            widths.append(page->findChild<QTableWidget *>()->verticalHeader()->sizeHint().width());
+        }
+        QVERIFY(widths[0] == widths[1] && widths[1] < widths[2]);
+    }
+
     void rangeChangeWithoutSenderUpdatesTheFirstChannel()
     {
         Par par = aiRange<13395>.record("0:0/0/3/1 0:0/0/3/1");

@@ -25,6 +25,7 @@ private slots:
         par.objName = letters(30); // longer than the maximum length of the editor
         SGeneralWgt page(&par, nullptr, nullptr);
         child<QTextEdit>(page, "commentEdit")->setPlainText("new");
+        QTest::keyClick(child(page, "commentEdit"), Qt::Key_Tab); // goes to the next field
         QVERIFY(page.saveData());
         QCOMPARE(par.objName + par.comment, letters(30) + "new");
         // One unpaired surrogate, and one pair split by the maximum length.

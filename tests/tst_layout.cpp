@@ -91,6 +91,16 @@ QString placeIn(const QGridLayout &grid, int index)
     return span == QSize(1, 1) ? place : place + QStringLiteral(" %1x%2").arg(span.height()).arg(span.width());
 }
 
+/// The stretch factors of all columns, if one is not 0.
+QStringList stretchOf(const QGridLayout &grid)
+{
+    QStringList factors;
+    for (int column = 0; column < grid.columnCount(); ++column) {
+        factors << QString::number(grid.columnStretch(column));
+    }
+    return factors.count("0") == factors.size() ? QStringList() : QStringList("stretch " + factors.join(','));
+}
+
 QString describeItems(QLayout *layout)
 {
     QStringList items;
@@ -98,7 +108,7 @@ QString describeItems(QLayout *layout)
     for (int i = 0; i < layout->count(); ++i) {
         items << describe(layout->itemAt(i)) + (grid == nullptr ? QString() : placeIn(*grid, i));
     }
-    return items.join("; ");
+    return (items + (grid == nullptr ? QStringList() : stretchOf(*grid))).join("; ");
 }
 
 QString describe(QLayoutItem *item)
@@ -133,11 +143,11 @@ private slots:
             "descriptionLabel; defaultsButton right; 'Information'['&Name:' 0,0; nameEdit 0,1; "
             "'&Comment:' top 1,0; commentEdit expanding 1,1]");
         const QString range = "'%1'['Address' 0,0; 'Start:' 0,1; %2Start 0,2; 'End:' 0,3; %2End 0,4; 'Length' 1,1; "
-                              "%2Length 1,2; 'Unit' 1,3; %2Unit 1,4; 'Memory:' 2,1; %2Memory 2,2]; ";
+                              "%2Length 1,2; 'Unit' 1,3; %2Unit 1,4; 'Memory:' 2,1; %2Memory 2,2; stretch 0,0,1,0,1]; ";
         row("address", make<SAddrMapWgt>, range.arg("Input", "input") + range.arg("Output", "output") + "spacer 0mx0e");
         row("digital input filter", make<SDIFilterWgt>,
             "area[defaultsButton right; 'Input Filter Delays'[margins 50,9,50,9; descriptionLabel; "
-            "[filterLabel_0 0,0; filter_0 0,1; filterLabel_1 1,0; filter_1 1,1]]]");
+            "[filterLabel_0 0,0; filter_0 0,1; filterLabel_1 1,0; filter_1 1,1; stretch 0,1]]]");
         QString digits;
         QString firstRow;
         for (int i = 0; i < 8; ++i) {
@@ -148,11 +158,13 @@ private slots:
             "area['States on transition from RUN to STOP'[descriptionLabel; [freezeCheck; defaultsButton right]; "
             "'Selected output will be ON when the PLC transitions from RUN to STOP mode.'; [" +
                 digits + "'Q0.x' w14 h14 centred 1,0; " + firstRow +
-                "'Q1.x' w14 h14 centred 2,0; output_8 centred 2,1]; [selectAllButton; clearAllButton; spacer 0ex0m]]]");
+                "'Q1.x' w14 h14 centred 2,0; output_8 centred 2,1; stretch 0,0,0,0,0,0,0,0,0,1]; "
+                "[selectAllButton; clearAllButton; spacer 0ex0m]]]");
         row("analog input filter", make<SAIFilterWgt>,
             "area[descriptionLabel; defaultsButton right; area[['Whether to Filter' 0,0; "
             "'Number of Samples' 0,1; 'Deadband(16 - 4080, 0 = forbid)' 0,2; filterOn_0 1,0; samples_0 1,1; "
-            "deadband_0 1,2; filterOn_1 2,0; samples_1 2,1; deadband_1 2,2; spacer 10mx10e 4,2] 0,0 8x4; "
+            "deadband_0 1,2; filterOn_1 2,0; samples_1 2,1; deadband_1 2,2; spacer 10mx10e 4,2; "
+            "stretch 2,2,3] 0,0 8x4; "
             "selectAllButton 8,1; clearAllButton 8,2] expanding]");
         row("analog range", make<SAIRangeWgt>, "descriptionLabel; defaultsButton right; rangeTable expanding");
         row("analog output table", make<SAQOutTblWgt>,
