@@ -42,72 +42,68 @@ private slots:
     // and "apply", "fill" and "reset" press the shortcut. The default record is null for "none".
     void changesChannels_data()
     {
-        const Rows<const Kind *, QString, QString, QString, QString, QString> row("kind", "record", "defaults", "steps",
-                                                                                  "saved", "message");
-        const QString all3 = "Applied to 3 of 3 channels.";
+        const Rows<const Kind *, QString, QString, QString, QString, QString> rows("kind", "record", "steps", "saved",
+                                                                                   "message", "defaults");
+        const auto row = [&rows](const char *name, const Kind &kind, const char *record, const char *steps,
+                                 const char *saved, const QString &message, const char *defaults = "none") {
+            rows(name, &kind, record, steps, saved, message, defaults);
+        };
         const QString reset = "Reset to the default value.";
-        const Kind *const range = &aiRange<13395>;
+        const QString noValue = "There is no valid value to apply.";
+        const QString all2 = "Applied to 2 of 2 channels.";
+        const QString all3 = "Applied to 3 of 3 channels.";
+        const QString all4 = "Applied to 4 of 4 channels.";
+        const Kind &range = aiRange<13395>;
 
-        row("a choice to all", &aqType, "0/0 1/2 0/3", "none", "range_1=1 @range_1 apply", "0/1 1/1 0/1", all3);
-        row("a choice to those below", &aqType, "0/0 1/2 0/3", "none", "@range_1 fill", "0/0 1/2 0/2",
-            "Applied to 2 of 2 channels.");
-        row("fill from the last", &aqType, "0/0 1/2", "none", "@range_1 fill", "0/0 1/2",
-            "Applied to 1 of 1 channels.");
-        row("a choice that no row shows", &aqType, "0/9 1/2", "none", "@range_0 apply", "0/255 1/2",
-            "There is no valid value to apply.");
-        row("a default choice", &aqType, "0/0 1/2 0/3", "1/0 1/1 1/2", "@range_2 reset", "0/0 1/2 0/2", reset);
-        row("no default record", &aqType, "0/0 1/2", "none", "@range_1 reset", "0/0 1/2", "There is no default value.");
-        row("no editor has the focus", &aqType, "0/0 1/2", "none", "@defaultsButton apply fill reset", "0/0 1/2", "");
+        row("a choice to all", aqType, "0/0 1/2 0/3", "range_1=1 @range_1 apply", "0/1 1/1 0/1", all3);
+        row("a choice to those below", aqType, "0/0 1/2 0/3", "@range_1 fill", "0/0 1/2 0/2", all2);
+        row("fill from the last", aqType, "0/0 1/2", "@range_1 fill", "0/0 1/2", "Applied to 1 of 1 channels.");
+        row("a choice that no row shows", aqType, "0/9 1/2", "@range_0 apply", "0/255 1/2", noValue);
+        row("a default choice", aqType, "0/0 1/2 0/3", "@range_2 reset", "0/0 1/2 0/2", reset, "1/0 1/1 1/2");
+        row("one request for all defaults", aqType, "0/0 1/2", "@range_0 reset @range_1 reset defaultsButton",
+            "1/3 1/3", "", "1/3 1/3");
+        row("no default record", aqType, "0/0 1/2", "@range_1 reset", "0/0 1/2", "There is no default value.");
+        row("no editor has the focus", aqType, "0/0 1/2", "@defaultsButton apply fill reset", "0/0 1/2", "");
 
-        row("a check box", &aiFilter, "0/0/0 1/1/16 0/2/32", "none", "@filterOn_1 apply", "1/0/0 1/1/16 1/2/32", all3);
-        row("a number", &aiFilter, "0/0/0 1/1/16 0/2/32", "none", "@deadband_2 apply", "0/0/32 1/1/32 0/2/32", all3);
-        row("a number that is being typed", &aiFilter, "0/0/0 1/1/16", "none", "deadband_0=4080 apply",
-            "0/0/4080 1/1/4080", "Applied to 2 of 2 channels.");
-        row("a default number", &aiFilter, "1/1/16 1/1/16", "0/0/320 0/0/480", "@deadband_1 reset", "1/1/16 1/1/480",
-            reset);
+        row("a check box", aiFilter, "0/0/0 1/1/16 0/2/32", "@filterOn_1 apply", "1/0/0 1/1/16 1/2/32", all3);
+        row("a number", aiFilter, "0/0/0 1/1/16 0/2/32", "@deadband_2 apply", "0/0/32 1/1/32 0/2/32", all3);
+        row("a typed number", aiFilter, "0/0/0 1/1/16", "deadband_0=4080 apply", "0/0/4080 1/1/4080", all2);
+        row("a default number", aiFilter, "1/1/16 1/1/16", "@deadband_1 reset", "1/1/16 1/1/480", reset, "0 0/0/480");
 
-        row("open wire follows the range", range, "0:0/0/0/2 0:0/0/1/2 0:0/0/3/0/1", "none",
-            "inputRange_0=3 @inputRange_0 apply", "0/0/3/1/0/0/0/0 0/0/3/1/0/0/0/0 0/0/3/0/1/0/0/0", all3);
-        row("disabled editors stay", range, "0:0/0/3/0 0:0/0/0/2 0:0/0/3/1 0:0/0/1/2", "none", "@openWire_0 apply",
-            "0/0/3/0/0/0/0/0 0/0/0/2/0/0/0/0 0/0/3/0/0/0/0/0 0/0/1/2/0/0/0/0",
-            "Applied to 2 of 4 channels. 2 are disabled.");
-        row("other signal families stay", range, "0:0/0/2/2 1:0/0/4/1 2:0/0/5/1 0:0/0/0/2", "none",
-            "@inputRange_0 apply", "0/0/2/2/0/0/0/0 0/0/4/1/0/0/0/0 0/0/5/1/0/0/0/0 0/0/2/2/0/0/0/0",
-            "Applied to 2 of 4 channels. 2 do not offer this value.");
-        row("the same text has another code in another family", range, "0:0/4/0/2 1:0/3/4/1", "none",
-            "@filterTime_0 apply", "0/4/0/2/0/0/0/0 0/0/4/1/0/0/0/0", "Applied to 2 of 2 channels.");
-        row("the default of the channel's own family", range, "0:0/0/3/1 1:0/4/4/1", "0:0/1/2/2 1:0/2/8/0",
-            "@filterTime_1 reset", "0/0/3/1/0/0/0/0 0/2/4/1/0/0/0/0", reset);
-        row("open wire follows a default range", range, "0:0/0/3/1 0:0/0/3/1", "0:0/1/2/2 0:0/1/1/2",
-            "@inputRange_1 reset", "0/0/3/1/0/0/0/0 0/0/1/2/0/0/0/0", reset);
-        row("selected channels", range, "0:1/0/0/2 0:0/0/0/2 0:0/0/0/2 0:0/0/0/2", "none", "@enable_0 #2,+3 apply",
-            "1/0/0/2/0/0/0/0 0/0/0/2/0/0/0/0 1/0/0/2/0/0/0/0 1/0/0/2/0/0/0/0", "Applied to 2 of 2 channels.");
-        row("a block of selected channels", &weighing, "0 1 1 1", "none", "@enable_0 #1,-3 apply", "0 0 0 0", all3);
-        row("one selected channel is no selection", &weighing, "0 1 1", "none", "@enable_0 #1 apply", "0 0 0", all3);
-        row("fill ignores the selection", &weighing, "1 0 1 1", "none", "@enable_1 #0,+1 fill", "1 0 0 0", all3);
+        row("open wire follows the range", range, "0:0/0/0/2 0:0/0/1/2 0:0/0/3/0/1",
+            "inputRange_0=3 @inputRange_0 apply", "0/0/3/1 0/0/3/1 0/0/3/0/1", all3);
+        row("disabled editors stay", range, "0:0/0/3/0 0:0/0/0/2 0:0/0/3/1 0:0/0/1/2", "@openWire_0 apply",
+            "0/0/3/0 0/0/0/2 0/0/3/0 0/0/1/2", "Applied to 2 of 4 channels. 2 are disabled.");
+        row("other signal families stay", range, "0:0/0/2/2 1:0/0/4/1 2:0/0/5/1 0:0/0/0/2", "@inputRange_0 apply",
+            "0/0/2/2 0/0/4/1 0/0/5/1 0/0/2/2", "Applied to 2 of 4 channels. 2 do not offer this value.");
+        row("the same text has another code in another family", range, "0:0/4/0/2 1:0/3/4/1", "@filterTime_0 apply",
+            "0/4/0/2 0/0/4/1", all2);
+        row("the default of the channel's own family", range, "0:0/0/3/1 1:0/4/4/1", "@filterTime_1 reset",
+            "0/0/3/1 0/2/4/1", reset, "0:0/1/2/2 1:0/2/8/0");
+        row("open wire follows a default range", range, "0:0/0/3/1 0:0/0/3/1", "@inputRange_1 reset", "0/0/3/1 0/0/1/2",
+            reset, "0:0/1/2/2 0:0/1/1/2");
+        row("selected channels", range, "0:1/0/0/2 0:0/0/0/2 0:0/0/0/2 0:0/0/0/2", "@enable_0 #2,+3 apply",
+            "1/0/0/2 0/0/0/2 1/0/0/2 1/0/0/2", all2);
+        row("a block of selected channels", weighing, "0 1 1 1", "@enable_0 #1,-3 apply", "0 0 0 0", all3);
+        row("one selected channel is no selection", weighing, "0 1 1", "@enable_0 #1 apply", "0 0 0", all3);
+        row("fill ignores the selection", weighing, "1 0 1 1", "@enable_1 #0,+1 fill", "1 0 0 0", all3);
 
-        row("a stop value", &aqTable, "0/5 0/6 1/7", "none", "stopValue_0=-12 apply", "0/-12 0/-12 1/7",
+        row("a stop value", aqTable, "0/5 0/6 1/7", "stopValue_0=-12 apply", "0/-12 0/-12 1/7",
             "Applied to 2 of 3 channels. 1 is disabled.");
-        row("half a stop value", &aqTable, "0/5 0/6", "none", "stopValue_0=- apply", "0/0 0/6",
-            "There is no valid value to apply.");
-        row("freezing disables the stop values", &aqTable, "1/5 0/6", "none", "@freeze_0 apply @stopValue_1 fill",
-            "1/5 1/6", "");
-        row("a default stop value", &aqTable, "0/5 0/6", "0/70 0/-80", "@stopValue_1 reset", "0/5 0/-80", reset);
+        row("half a stop value", aqTable, "0/5 0/6", "stopValue_0=- apply", "0/0 0/6", noValue);
+        row("freezing disables", aqTable, "1/5 0/6", "@freeze_0 apply @stopValue_1 fill", "1/5 1/6", "");
+        row("a default stop value", aqTable, "0/5 0/6", "@stopValue_1 reset", "0/5 0/-80", reset, "0/70 0/-80");
 
-        row("a sensitivity replaces one that is no number", &weighing, "1/0 1/nan 1/3", "none", "@sensitivity_0 apply",
-            "1/0 1/0 1/0", all3);
-        row("the weighing page has its own defaults", &weighing, "0/3/1/7 0/3/1/8", "none", "@filterDepth_1 reset",
-            "0/3/1/7 0/3/1/15", reset);
+        row("a sensitivity replaces NaN", weighing, "1/0 1/nan 1/3", "@sensitivity_0 apply", "1/0 1/0 1/0", all3);
+        row("a weighing default", weighing, "0/3/1/7 0/3/1/8", "@filterDepth_1 reset", "0/3/1/7 0/3/1/15", reset);
 
-        row("input delays", &diFilter, "16 5312", "none", "filter_1=6 @filter_1 apply", "6666",
-            "Applied to 4 of 4 channels.");
-        row("input delays below", &diFilter, "16 5312", "none", "@filter_2 fill", "5322",
-            "Applied to 2 of 2 channels.");
-        row("a default delay of an odd row", &diFilter, "16 0000", "16 1234", "@filter_3 reset", "0030", reset);
-        row("a delay without a default", &diFilter, "16 0000", "16 12", "@filter_3 reset", "0050", reset);
-        row("outputs", &dqTable, "10 A000", "none", "@output_2 fill", "2:bfc0", "Applied to 8 of 8 channels.");
-        row("a default output", &dqTable, "10 0000", "10 0040", "@output_9 reset", "2:0040", reset);
-        row("frozen outputs stay", &dqTable, "10 0000 1", "10 FFC0", "@output_9 reset apply", "1:0000", "");
+        row("input delays", diFilter, "16 5312", "filter_1=6 @filter_1 apply", "6666", all4);
+        row("input delays below", diFilter, "16 5312", "@filter_2 fill", "5322", all2);
+        row("a default delay of an odd row", diFilter, "16 0000", "@filter_3 reset", "0030", reset, "16 1234");
+        row("a delay without a default", diFilter, "16 0000", "@filter_3 reset", "0050", reset, "16 12");
+        row("outputs", dqTable, "10 A000", "@output_2 fill", "2:bfc0", "Applied to 8 of 8 channels.");
+        row("a default output", dqTable, "10 0000", "@output_9 reset", "2:0040", reset, "10 0040");
+        row("frozen outputs stay", dqTable, "10 0000 1", "@output_9 reset apply", "1:0000", "", "10 FFC0");
     }
     void changesChannels()
     {
@@ -131,15 +127,6 @@ private slots:
         }
     }
 
-    void oneRequestServesDefaultsAndReset()
-    {
-        openPage(&aqType, "0/0 1/2", "1/3 1/3");
-        for (const QString step : {"@range_0", "reset", "@range_1", "reset", "defaultsButton"}) {
-            take(step);
-        }
-        QCOMPARE(m_requests, 1);
-    }
-
     void applyIsNamedAfterTheSelection()
     {
         openPage(&weighing, "1 1 1", "none");
@@ -155,13 +142,13 @@ private slots:
 
     void contextMenuHasTheActions_data()
     {
-        const Rows<const Kind *, QString, QString, QString> row("kind", "record", "editor", "own");
-        row("choice", &aqType, "0/0 1/2", "range_1", "");
-        row("check box", &aiFilter, "0/0/0 1/1/16", "filterOn_1", "");
         const QString edits = "Undo,Redo,Cut,Copy,Paste,Delete,Select All,";
-        row("number at its minimum", &aiFilter, "0/0/0 1/1/0", "deadband_1", edits + "Step up,(Step down),");
-        row("number", &aiFilter, "0/0/0 1/1/32", "deadband_1", edits + "Step up,Step down,");
-        row("text", &aqTable, "0/5 0/6", "stopValue_1", edits);
+        const Rows<const Kind *, QString, QString, QString, int> row("kind", "record", "editor", "own", "steppedDown");
+        row("choice", &aqType, "0/0 1/2", "range_1", "", 0);
+        row("check box", &aiFilter, "0/0/0 1/1/16", "filterOn_1", "", 0);
+        row("number at its minimum", &aiFilter, "0/0/0 1/1/0", "deadband_1", edits + "Step up,(Step down),", 0);
+        row("number", &aiFilter, "0/0/0 1/1/32", "deadband_1", edits + "Step up,Step down,", 16);
+        row("text", &aqTable, "0/5 0/6", "stopValue_1", edits, 0);
     }
     void contextMenuHasTheActions()
     {
@@ -174,34 +161,21 @@ private slots:
         auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY(menu != nullptr);
         QString entries;
-        for (const QAction *action : menu->actions()) {
+        for (QAction *action : menu->actions()) {
             if (!action->isSeparator() && action->parent() != m_page.get()) {
                 const QString text = action->text().section('\t', 0, 0).remove('&');
                 entries += QString(action->isEnabled() || !text.startsWith("Step") ? "%1," : "(%1),").arg(text);
+                if (text == "Step down") {
+                    action->trigger();
+                }
             }
         }
         QCOMPARE(entries, own);
-        QTest::keyClick(menu, Qt::Key_Up); // the last entry
-        QTest::keyClick(menu, Qt::Key_Up);
-        QTest::keyClick(menu, Qt::Key_Up);
-        QTest::keyClick(menu, Qt::Key_Return);
-        QCOMPARE(widget->accessibleDescription(), QString("Applied to 2 of 2 channels."));
-    }
-
-    void contextMenuSteps()
-    {
-        openPage(&aiFilter, "0/0/0 1/1/32", "none");
-        auto *const number = child(*m_page, "deadband_1");
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
-        QApplication::sendEvent(number, &event);
-        const auto *const menu = QApplication::activePopupWidget();
-        QVERIFY(menu != nullptr);
-        for (auto *action : menu->actions()) {
-            if (action->text().contains("down")) {
-                action->trigger();
-            }
+        QTEST(widget->property("value").toInt(), "steppedDown");
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Return}) { // up to the last entries
+            QTest::keyClick(menu, key);
         }
-        QCOMPARE(number->property("value").toInt(), 16);
+        QCOMPARE(widget->accessibleDescription(), QString("Applied to 2 of 2 channels."));
     }
 
     // Keys from the editor with the focus: ^ up, v down, < first, > last channel, all with Ctrl; | is Tab.
