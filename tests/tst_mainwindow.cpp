@@ -4,33 +4,16 @@
 #include "catalogview.h"
 #include "helpdock.h"
 #include "helpsharemodule.h"
-#include "mainwindow.h"
 #include "memoryview.h"
-#include "pagefixture.h"
 #include "projectfile.h"
-#include "rackview.h"
 #include "recoverycopy.h"
 #include "rows.h"
-#include "simulatedhost.h"
 #include "statepatch.h"
+#include "windowfixture.h"
 
-#include <QtWidgets>
-
-class TestMainWindow : public QObject {
+class TestMainWindow : public WindowFixture {
     Q_OBJECT
 
-    PluginLibrary m_plugin;
-    QTemporaryDir m_folder;
-    std::unique_ptr<MainWindow> m_window;
-    RackView *m_racks = nullptr;
-
-    template <typename Widget>
-    Widget *child(const char *name) const
-    {
-        return ::child<Widget>(*m_window, name);
-    }
-
-    void trigger(const char *action) const { child<QAction>(action)->trigger(); }
     QString cell(Place place) const { return m_racks->model()->data(at(place), Qt::AccessibleTextRole).toString(); }
     QModelIndex at(Place place) const { return m_racks->model()->index(place.rack, place.slot); }
     static QStringList settingsFiles()
@@ -40,46 +23,11 @@ class TestMainWindow : public QObject {
     QString summary() const { return child<QLabel>("stationSummary")->text(); }
     QString freeText(const char *strip) const { return child<MemoryStrip>(strip)->accessibleDescription(); }
 
-    /// Activates the window first, because keys reach shortcuts only in the active window.
-    void press(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
-    {
-        QApplication::setActiveWindow(m_window.get());
-        widget->setFocus();
-        QTest::keyClick(widget, key, modifiers);
-    }
-
     void add(const QString &search) const
     {
         auto *field = child<QLineEdit>("catalogSearch");
         field->setText(search);
         press(field, Qt::Key_Return);
-    }
-
-    /// Runs @p answer on the next modal dialog. The dialog must be a Dialog, and the answer must close it.
-    template <typename Dialog, typename Answer>
-    void answerNext(Answer answer)
-    {
-        QTimer::singleShot(0, this, [this, answer] {
-            auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-            if (dialog == nullptr) {
-                return answerNext<Dialog>(answer); // not open yet
-            }
-            answer(dialog);
-        });
-    }
-
-    /// Clicks a button of the next message box, which must have this object name.
-    void clickNext(const char *box, const QString &button)
-    {
-        answerNext<QMessageBox>([=](QMessageBox *dialog) {
-            const auto buttons = dialog->buttons();
-            const auto found = std::find_if(buttons.begin(), buttons.end(),
-                                            [&](const QAbstractButton *each) { return each->text() == button; });
-            if (dialog->objectName() != QLatin1String(box) || found == buttons.end()) {
-                qFatal("%s: %s", qPrintable(dialog->objectName()), qPrintable(dialog->text()));
-            }
-            (*found)->click();
-        });
     }
 
     /// A project with a module of a type that the catalog lacks, in rack 0, slot 1.
@@ -110,33 +58,9 @@ class TestMainWindow : public QObject {
     }
 
 private slots:
-    void initTestCase()
-    {
-        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path())); // for recovery copies, also of other programs
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
-        QVERIFY(QDir::setCurrent(m_folder.path()));
-        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
-    }
-
-    void init()
-    {
-        simulatedhost::reset();
-        m_window = std::make_unique<MainWindow>(m_plugin, readCatalog(), std::make_unique<Station>(m_plugin, "first"));
-        m_window->setLanguage(QLocale::English);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        m_racks = child<RackView>("rackView");
-    }
-
-    void cleanup()
-    {
-        // The search field's clear button fades in. Wait for the animation, because it deletes itself only at its end.
-        const auto *search = child<QLineEdit>("catalogSearch");
-        const auto *button = search->findChild<QToolButton *>();
-        QTRY_COMPARE(button->property("opacity").toDouble(), search->text().isEmpty() ? 0.0 : 1.0);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        m_window.reset();
-    }
+    void initTestCase() { loadPlugin(); }
+    void init() { show(); }
+    void cleanup() { close(); }
 
     void editsSavesAndOpens()
     {
@@ -148,20 +72,13 @@ private slots:
         QVERIFY(m_window->isWindowModified());
 
         m_racks->setCurrentPlace({0, 0});
-        answerNext<QDialog>([](QDialog *dialog) {
-            dialog->findChild<QLineEdit *>("nameEdit")->setText("Furnace");
-            dialog->findChild<QSpinBox *>("inputStart")->setValue(100);
-            dialog->findChild<QPushButton *>("okButton")->click();
-        });
+        answerNext([](QDialog *dialog) { edit(*dialog, "nameEdit=Furnace inputStart=100 okButton"); });
         press(m_racks, Qt::Key_Return);
         const QString edited = "Rack 0, slot 0: Furnace, Type 13396, order number SX-AI04-TC, AI 100..107";
         QCOMPARE(cell({0, 0}), edited);
         QTRY_COMPARE(freeText("memoryStrip_AI"), QString("2,040 of 2,048 bytes free, longest gap 1,940"));
 
-        answerNext<QFileDialog>([](QFileDialog *dialog) {
-            dialog->findChild<QLineEdit *>("fileNameEdit")->setText("walk.station");
-            dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
-        });
+        chooseNext("walk.station");
         trigger("saveAction");
         QVERIFY(!m_window->isWindowModified());
         QCOMPARE(m_window->windowTitle(), QString("walk.station[*] - Module Workbench"));
@@ -186,12 +103,11 @@ private slots:
         QVERIFY(cell({0, 1}).endsWith("Q 2..3"));
         press(m_racks, Qt::Key_Down, Qt::ControlModifier); // the pasted module is current
         QVERIFY(cell({1, 1}).endsWith("Q 2..3"));
-        answerNext<QDialog>([](QDialog *dialog) {
+        answerNext([](QDialog *dialog) {
             const auto *ok = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
-            dialog->findChild<QSpinBox *>("rackSpin")->setValue(0);
-            dialog->findChild<QSpinBox *>("slotSpin")->setValue(0);
+            edit(*dialog, "rackSpin=0 slotSpin=0");
             const bool offersTakenSlot = ok->isEnabled();
-            dialog->findChild<QSpinBox *>("slotSpin")->setValue(5);
+            edit(*dialog, "slotSpin=5");
             dialog->done(ok->isEnabled() && !offersTakenSlot ? QDialog::Accepted : QDialog::Rejected);
         });
         trigger("placeAction");
@@ -217,7 +133,7 @@ private slots:
         type.setData(CatalogView::mimeType(), "13395");
         QVERIFY(drop(type, {0, 1}));
         QVERIFY(!drop(type, {0, 1}));
-        QVERIFY(m_window->statusBar()->currentMessage().contains("slot 1 is taken by \"Analog"));
+        QVERIFY(message().contains("slot 1 is taken by \"Analog"));
         static_cast<RackModel *>(m_racks->model())->setGrabbed({0, 1});
         const std::unique_ptr<QMimeData> module(m_racks->model()->mimeData({at({0, 1})}));
         QVERIFY(!drop(*module, {0, 1}));
@@ -244,17 +160,16 @@ private slots:
         trigger("undoAction");
         QVERIFY(cell({0, 0}).contains("TC") && cell({0, 1}).contains("Digital"));
         QCOMPARE(m_racks->selectedModules().size(), 2);
-        QVERIFY2(m_window->statusBar()->currentMessage().startsWith("Undone: Move"),
-                 qPrintable(m_window->statusBar()->currentMessage()));
+        QVERIFY2(message().startsWith("Undone: Move"), qPrintable(message()));
 
         press(m_racks, Qt::Key_X, Qt::ControlModifier);
         m_racks->setCurrentPlace({4, 4});
         press(m_racks, Qt::Key_V, Qt::ControlModifier);
         QVERIFY(cell({4, 4}).endsWith("AI 0..7") && cell({4, 5}).endsWith("I 0"));
-        QVERIFY(m_window->statusBar()->currentMessage().endsWith("with their former addresses."));
+        QVERIFY(message().endsWith("with their former addresses."));
         QCOMPARE(m_racks->selectedModules().size(), 2);
         press(m_racks, Qt::Key_Delete);
-        QCOMPARE(m_window->statusBar()->currentMessage(), QString());
+        QCOMPARE(message(), QString());
     }
 
     void selectsInBothDirections()
@@ -302,9 +217,7 @@ private slots:
         child<QToolButton>("problemCount")->click();
         auto *problems = child<QTreeView>("problemView");
         problems->scrollTo(problems->model()->index(0, 0));
-        const QRect row = problems->visualRect(problems->model()->index(0, 0));
-        QTest::mouseClick(problems->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
-        QTest::mouseDClick(problems->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
+        doubleClick(problems->viewport(), problems->visualRect(problems->model()->index(0, 0)).center());
         QCOMPARE(m_racks->currentPlace(), (Place{0, 1}));
         press(m_racks, Qt::Key_Delete);
         QTRY_COMPARE(child<QToolButton>("problemCount")->text(), QString("No problems"));
@@ -325,10 +238,7 @@ private slots:
     void asksBeforeItOverwritesAChangedFile()
     {
         add("4 x TC");
-        answerNext<QFileDialog>([](QFileDialog *dialog) {
-            dialog->findChild<QLineEdit *>("fileNameEdit")->setText("changed.station");
-            dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
-        });
+        chooseNext("changed.station");
         trigger("saveAction");
         QCOMPARE(settingsFiles().value(0), m_folder.filePath("changed.station")); // a killed program loses none
         QVERIFY(ProjectFile("changed.station").write(partlyUnavailable()));
@@ -373,7 +283,7 @@ private slots:
         add("4 x TC");
         QString page;
         bool hasScrolled = false;
-        answerNext<QDialog>([&](QDialog *dialog) {
+        answerNext([&](QDialog *dialog) {
             dialog->findChild<QPushButton *>("helpButton")->click();
             auto *browser = child<QTextBrowser>("helpDialogBrowser");
             browser->window()->resize(200, 100);

@@ -1,54 +1,16 @@
 // The window's commands that answer questions and edit many modules, driven by keys and mouse.
-#include "catalogfolder.h"
 #include "channelview.h"
-#include "mainwindow.h"
 #include "memoryview.h"
-#include "pagefixture.h"
 #include "projectfile.h"
-#include "rackview.h"
-#include "simulatedhost.h"
+#include "windowfixture.h"
 
-#include <QtWidgets>
-
-class TestStationTools : public QObject {
+class TestStationTools : public WindowFixture {
     Q_OBJECT
-
-    PluginLibrary m_plugin;
-    QTemporaryDir m_folder;
-    std::unique_ptr<MainWindow> m_window;
-    RackView *m_racks = nullptr;
-
-    template <typename Widget>
-    Widget *child(const char *name) const
-    {
-        return ::child<Widget>(*m_window, name);
-    }
-
-    void press(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
-    {
-        QApplication::setActiveWindow(widget->window());
-        widget->setFocus();
-        QTest::keyClick(widget, key, modifiers);
-    }
-
-    /// Runs @p answer on the next modal dialog, which it must close.
-    template <typename Answer>
-    void answerNext(Answer answer)
-    {
-        QTimer::singleShot(0, this, [this, answer] {
-            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-            if (dialog == nullptr) {
-                return answerNext(answer); // not open yet
-            }
-            answer(dialog);
-        });
-    }
 
     QString cell(int row, int column) const
     {
         return child<QTableView>("channelTable")->model()->index(row, column).data().toString();
     }
-    QString message() const { return m_window->statusBar()->currentMessage(); }
     std::pair<int, int> shownRacksAndSlots() const
     {
         int racks = 0;
@@ -63,33 +25,9 @@ class TestStationTools : public QObject {
     }
 
 private slots:
-    void initTestCase()
-    {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
-        QVERIFY(QDir::setCurrent(m_folder.path()));
-        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
-    }
-
-    void init()
-    {
-        simulatedhost::reset();
-        auto station = std::make_unique<Station>(m_plugin, "first");
-        const std::vector<std::pair<quint32, Place>> modules{
-            {13395, {0, 0}}, {13395, {0, 1}}, {13652, {0, 6}}, {13395, {2, 0}}};
-        for (const auto &[type, place] : modules) {
-            QVERIFY(station->add(type, place));
-        }
-        m_window = std::make_unique<MainWindow>(m_plugin, readCatalog(), std::move(station));
-        m_window->setLanguage(QLocale::English);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        m_racks = child<RackView>("rackView");
-    }
-    void cleanup()
-    {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        m_window.reset();
-    }
+    void initTestCase() { loadPlugin(); }
+    void init() { show({{13395, {0, 0}}, {13395, {0, 1}}, {13652, {0, 6}}, {13395, {2, 0}}}); }
+    void cleanup() { close(); }
 
     void findsWhileTyping()
     {
@@ -123,13 +61,8 @@ private slots:
         QCOMPARE(child<QLabel>("channelCount")->text(), QString("1 of 44 channels"));
         QCOMPARE(cell(0, 4), QString("AIW10"));
 
-        answerNext([](QDialog *dialog) {
-            dialog->findChild<QComboBox *>("inputRange_1")->setCurrentIndex(3);
-            dialog->findChild<QPushButton *>("okButton")->click();
-        });
-        const QPoint point = table->visualRect(table->model()->index(0, 4)).center();
-        QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, point);
-        QTest::mouseDClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, point);
+        answerNext([](QDialog *dialog) { edit(*dialog, "inputRange_1=3 okButton"); });
+        doubleClick(table->viewport(), table->visualRect(table->model()->index(0, 4)).center());
         QCOMPARE(m_racks->currentPlace(), (Place{0, 1}));
         QCOMPARE(cell(0, 5), QString("4~20mA"));
         QVERIFY(table->model()->index(0, 5).data(Qt::FontRole).value<QFont>().bold());
@@ -156,10 +89,7 @@ private slots:
     void pastesParametersToTheSelection()
     {
         m_racks->setCurrentPlace({0, 0});
-        answerNext([](QDialog *dialog) {
-            dialog->findChild<QComboBox *>("inputRange_2")->setCurrentIndex(3);
-            dialog->findChild<QPushButton *>("okButton")->click();
-        });
+        answerNext([](QDialog *dialog) { edit(*dialog, "inputRange_2=3 okButton"); });
         press(m_racks, Qt::Key_Return);
         press(m_racks, Qt::Key_C, Qt::ControlModifier);
         press(m_racks, Qt::Key_A, Qt::ControlModifier);
@@ -179,14 +109,14 @@ private slots:
         QVERIFY(shownRacksAndSlots() == std::pair(3, 8)); // the current slot stays
         m_racks->setCurrentPlace({9, 10});
         QVERIFY(shownRacksAndSlots() == std::pair(10, 11));
-        child<QAction>("allSlotsAction")->trigger();
+        trigger("allSlotsAction");
         QVERIFY(shownRacksAndSlots() == std::pair(Place::rackCount, Place::slotCount));
-        child<QAction>("allSlotsAction")->trigger();
+        trigger("allSlotsAction");
         const int height = m_racks->rowHeight(0);
-        child<QAction>("largerCardsAction")->trigger();
+        trigger("largerCardsAction");
         QVERIFY(m_racks->rowHeight(0) > height);
-        child<QAction>("undoAction")->trigger(); // nothing to save
-        child<QAction>("newAction")->trigger();
+        trigger("undoAction"); // nothing to save
+        trigger("newAction");
         QVERIFY(shownRacksAndSlots() == std::pair(1, 4));
     }
 
@@ -195,18 +125,12 @@ private slots:
         Project other;
         other.plcType = 1;
         QVERIFY(ProjectFile("other.station").write(other));
-        answerNext([](QDialog *dialog) {
-            dialog->findChild<QLineEdit *>("fileNameEdit")->setText("other.station");
-            dialog->findChild<QDialogButtonBox *>()->buttons().first()->click();
-        });
-        child<QAction>("compareAction")->trigger();
+        chooseNext("other.station");
+        trigger("compareAction");
         auto *list = child<QTreeWidget>("differenceList");
         const QList<QTreeWidgetItem *> found = list->findItems("only here", Qt::MatchExactly, 2);
         QCOMPARE(found.size(), 4);
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          list->visualItemRect(found.last()).center());
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                           list->visualItemRect(found.last()).center());
+        doubleClick(list->viewport(), list->visualItemRect(found.last()).center());
         QCOMPARE(m_racks->currentPlace(), (Place{2, 0}));
     }
 
@@ -216,14 +140,11 @@ private slots:
             QTest::keyClicks(dialog->findChild<QLineEdit *>("titleEdit"), "Plant");
             dialog->accept();
         });
-        child<QAction>("projectPropertiesAction")->trigger();
+        trigger("projectPropertiesAction");
         QVERIFY(m_window->isWindowModified());
         int pages = 0;
         answerNext([&](QDialog *preview) {
-            answerNext([](QDialog *dialog) {
-                dialog->findChild<QLineEdit *>("fileNameEdit")->setText("report.html");
-                dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Save)->click();
-            });
+            chooseNext("report.html");
             preview->findChild<QAction *>("saveReportAction")->trigger();
             pages = preview->findChild<QLineEdit *>()->isVisible() ? 1 : 0;
             preview->reject();
@@ -246,13 +167,13 @@ private slots:
             }
             dialog->reject();
         });
-        child<QAction>("shortcutsAction")->trigger();
+        trigger("shortcutsAction");
         QCOMPARE(listed, QString("Ctrl+P"));
         answerNext([&](QDialog *dialog) {
             listed = qobject_cast<QMessageBox *>(dialog)->informativeText();
             dialog->reject();
         });
-        child<QAction>("aboutAction")->trigger();
+        trigger("aboutAction");
         QVERIFY(listed.contains("libsimpleextend.so") && listed.contains(qVersion()));
     }
 
