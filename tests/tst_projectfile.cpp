@@ -39,12 +39,6 @@ Project projectOf(int modules, char fill)
     return project;
 }
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 void overwrite(const QString &path, const QByteArray &content)
 {
     QFile file(path);
@@ -73,9 +67,9 @@ const Project oldProject = projectOf(150, 'o');
 const Project newProject = projectOf(200, 'n');
 
 /// Saves in a child process that is killed at its stop number @p last. The child stops before and after each system
-/// call, so every state of the disk that it can leave occurs at a stop. Returns the number of stops, or -1 if it did
-/// not save.
-int saveUntil(int last, const QString &path, const Project &project)
+/// call, so every state of the disk that it can leave occurs at a stop. Calls @p onStop at each. Returns the number of
+/// stops, or -1 if the child did not save.
+int saveUntil(int last, const QString &path, const Project &project, const std::function<void(int)> &onStop = {})
 {
     const pid_t child = fork();
     if (child == 0) {
@@ -86,6 +80,9 @@ int saveUntil(int last, const QString &path, const Project &project)
     int status = 0;
     int stops = 0;
     while (waitpid(child, &status, 0) == child && WIFSTOPPED(status)) {
+        if (onStop) {
+            onStop(stops);
+        }
         if (stops < last) {
             ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
             ++stops;
@@ -146,6 +143,14 @@ class TestProjectFile : public QObject {
     QStringList content() const { return textsOf(ProjectFile(m_path).read()); }
     QStringList backup() const { return textsOf(ProjectFile(ProjectFile(m_path).backupPath()).read()); }
     QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden); }
+    QByteArray folderState() const
+    {
+        QByteArray state;
+        for (const QString &file : files()) {
+            state += file.toUtf8() + ':' + contentOf(m_folder.filePath(file));
+        }
+        return state;
+    }
 
 private slots:
     void cleanup()
@@ -221,34 +226,25 @@ private slots:
 
     void rejectsDamagedFiles_data()
     {
-        const Rows<QString, Damage, int> row("reason", "damage", "recovered"); // of 150 modules
+        const Rows<QString, int, Damage> row("reason", "recovered", "damage"); // of 150 modules
         const auto sql = [&row](const char *name, const QStringList &statements, const char *reason, int recovered) {
-            row(
-                name, reason, [statements](const QString &path) { execute(path, statements); }, recovered);
+            row(name, reason, recovered, [statements](const QString &path) { execute(path, statements); });
         };
-        const auto bytes = [&row](const char *name, const char *reason,
-                                  const std::function<QByteArray(QByteArray)> &change, int recovered = 0) {
-            row(
-                name, reason, [change](const QString &path) { overwrite(path, change(contentOf(path))); }, recovered);
+        const auto bytes = [&row](const char *name, const char *reason, int recovered,
+                                  const std::function<QByteArray(QByteArray)> &change) {
+            row(name, reason, recovered, [change](const QString &path) { overwrite(path, change(contentOf(path))); });
         };
-        bytes("an empty file", "not a station file", [](const QByteArray &) { return QByteArray(); });
-        bytes(
-            "a file of another format", "not a station file",
-            [](QByteArray f) { return f.replace(0, 8, "\x89PNG\r\n\x1a\n"); }, 150);
-        bytes("truncated in its header", "not a station file", [](const QByteArray &f) { return f.left(99); });
-        bytes(
-            "truncated to its half", "damaged", [](const QByteArray &f) { return f.left(f.size() / 2); }, 55);
-        bytes(
-            "a page of zeros", "damaged", [](QByteArray f) { return f.replace(16384, 4096, QByteArray(4096, 0)); },
-            120);
-        bytes(
-            "a changed state", "checksum", [](QByteArray f) { return f.replace(f.lastIndexOf("oooooooo"), 1, "p"); },
-            150);
-        row(
-            "a file that is too large", "too large", [](const QString &path) { QFile::resize(path, 65 << 20); },
-            0); // takes no space
-        row(
-            "a folder", "directory", [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); }, 0);
+        bytes("an empty file", "not a station file", 0, [](const QByteArray &) { return QByteArray(); });
+        bytes("another format", "not a station file", 150,
+              [](QByteArray f) { return f.replace(0, 8, "\x89PNG\r\n\x1a\n"); });
+        bytes("truncated in its header", "not a station file", 0, [](const QByteArray &f) { return f.left(99); });
+        bytes("truncated to its half", "damaged", 55, [](const QByteArray &f) { return f.left(f.size() / 2); });
+        bytes("a page of zeros", "damaged", 120,
+              [](QByteArray f) { return f.replace(16384, 4096, QByteArray(4096, 0)); });
+        bytes("a changed state", "checksum", 150,
+              [](QByteArray f) { return f.replace(f.lastIndexOf("oooooooo"), 1, "p"); });
+        row("too large", "too large", 0, [](const QString &path) { QFile::resize(path, 65 << 20); }); // takes no space
+        row("a folder", "directory", 0, [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); });
         sql("another program's database", {"PRAGMA application_id = 0"}, "another program", 150);
         sql("another version", {"PRAGMA user_version = 3"}, "version 3", 150);
         sql("a missing table", {"DROP TABLE module"}, "tables", 0);
@@ -259,11 +255,10 @@ private slots:
         sql("an older version number", {"PRAGMA user_version = 1"}, "tables", 150);
         sql("a missing module", {"DELETE FROM module WHERE place = 5"}, "checksum", 149);
         sql("a module at another place", {"UPDATE module SET place = 1, slot = 1 WHERE place = 0"}, "checksum", 150);
-        sql("an invalid place", {"PRAGMA ignore_check_constraints = ON", "UPDATE module SET slot = 32 WHERE place = 0"},
-            "CHECK", 149);
-        sql("an empty state", {"PRAGMA ignore_check_constraints = ON", "UPDATE module SET state = x''"}, "CHECK", 0);
+        const QString unchecked = "PRAGMA ignore_check_constraints = ON";
+        sql("an invalid place", {unchecked, "UPDATE module SET slot = 32 WHERE place = 0"}, "CHECK", 149);
+        sql("an empty state", {unchecked, "UPDATE module SET state = x''"}, "CHECK", 0);
     }
-
     void rejectsDamagedFiles()
     {
         QFETCH(Damage, damage);
@@ -353,13 +348,21 @@ private slots:
         }
         QVERIFY(asNewFile || ProjectFile(m_path).write(oldProject));
         const QByteArray before = contentOf(m_path);
-        const int stops = saveUntil(std::numeric_limits<int>::max(), m_path, newProject);
-        QVERIFY(stops > 100 && content() == textsOf(newProject));
-        QRandomGenerator random(500);
+        // Kills at each stop after which the folder has changed; at the others the disk is as at the previous one.
+        QByteArray state;
+        QVector<int> changes;
+        const int stops = saveUntil(std::numeric_limits<int>::max(), m_path, newProject, [&](int stop) {
+            const QByteArray now = folderState();
+            if (state != now || changes.isEmpty()) {
+                changes.append(stop);
+                state = now;
+            }
+        });
+        QVERIFY(stops > 100 && changes.size() > 20 && content() == textsOf(newProject));
         QMap<QByteArray, int> outcomes;
-        for (int kill = 0; kill < 500; ++kill) {
+        for (const int stop : changes) {
             QVERIFY(asNewFile ? QFile::remove(m_path) : (overwrite(m_path, before), true));
-            QVERIFY(saveUntil(random.bounded(stops), m_path, newProject) >= 0);
+            QVERIFY(saveUntil(stop, m_path, newProject) >= 0);
             ++outcomes[files().filter(QRegularExpression("tmp|journal")).isEmpty() ? "clean" : "midway"];
             QVERIFY(!files().contains("test.station.bak") || backup() == textsOf(oldProject));
             const QStringList found = content();
