@@ -1,208 +1,37 @@
 // The appearance of the properties dialog: no truncated text and no misplaced widget in any language and font size.
+#include "looks.h"
 #include "rows.h"
 #include "samplemodules.h"
 #include "simpleextendcfgdlg.h"
 #include "simulatedbase.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QScrollBar>
-#include <QStyleOptionComboBox>
-#include <QTabBar>
-#include <QTabWidget>
-#include <QTableWidget>
-#include <QTreeWidget>
+using namespace looks;
 
 namespace {
 
-constexpr QSize largeWindow(1400, 900);
-
-/// A text of a widget, the size that it needs and the size that it has.
-struct Shown {
-    QString text;
-    QSize needed;
-    QSize given;
-};
-
-/// Returns the size of the painted text, because the height of QFontMetrics does not include the Chinese fallback font.
-QSize inkSize(const QFontMetrics &metrics, const QString &text)
+QTreeWidgetItem &pagesOf(const QWidget &dialog)
 {
-    return {metrics.horizontalAdvance(text), metrics.tightBoundingRect(text).height()};
+    return *dialog.findChild<QTreeWidget *>("tree")->topLevelItem(0);
 }
 
-Shown shownOf(const QLabel &label)
+/// Shows the page with the given position in the tree. Returns its name.
+QString showPage(const QWidget &dialog, int page)
 {
-    const int width = label.wordWrap() ? 0 : label.sizeHint().width();
-    return {label.text(),
-            {width, label.wordWrap() ? label.heightForWidth(label.width()) : label.sizeHint().height()},
-            label.size()};
-}
-
-Shown shownOf(const QComboBox &box)
-{
-    QStyleOptionComboBox option;
-    option.initFrom(&box);
-    const QRect field = box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box);
-    QSize needed;
-    QStringList texts;
-    for (int i = 0; i < box.count(); ++i) {
-        needed = needed.expandedTo(inkSize(box.fontMetrics(), box.itemText(i)));
-        texts.append(box.itemText(i));
-    }
-    return {texts.join('|'), needed, field.size()};
-}
-
-Shown shownOf(const QLineEdit &edit)
-{
-    constexpr int margins = 5; // of QLineEdit, and its cursor
-    QStyleOptionFrame option;
-    option.initFrom(&edit);
-    option.lineWidth = edit.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &edit);
-    return {edit.text(), inkSize(edit.fontMetrics(), edit.text()) + QSize(margins, 0),
-            edit.style()->subElementRect(QStyle::SE_LineEditContents, &option, &edit).size()};
-}
-
-Shown shownOf(const QAbstractButton &button)
-{
-    return {button.text(), button.minimumSizeHint(), button.size()};
-}
-
-Shown shownOf(const QGroupBox &group)
-{
-    return {group.title(), {group.minimumSizeHint().width(), 0}, group.size()};
-}
-
-Shown shownOf(const QTabBar &bar)
-{
-    return {bar.tabText(0), bar.sizeHint(), bar.size()};
-}
-
-Shown shownOf(const QTreeWidget &tree)
-{
-    QStringList texts{tree.topLevelItem(0)->text(0)};
-    for (int i = 0; i < tree.topLevelItem(0)->childCount(); ++i) {
-        texts.append(tree.topLevelItem(0)->child(i)->text(0));
-    }
-    const QAbstractItemView &items = tree;
-    return {texts.join('|'), {items.sizeHintForColumn(0), 0}, tree.viewport()->size()};
-}
-
-template <typename Widget>
-void append(const QWidget &widget, QVector<Shown> &shown)
-{
-    if (const auto *const known = qobject_cast<const Widget *>(&widget); known != nullptr && known->isVisible()) {
-        shown.append(shownOf(*known));
-    }
-}
-
-/// Returns the texts of all visible widgets of these classes, and the titles of tables.
-template <typename... Widgets>
-QVector<Shown> textsOf(const QWidget &dialog)
-{
-    QVector<Shown> shown;
-    for (const auto *widget : dialog.findChildren<QWidget *>()) {
-        (append<Widgets>(*widget, shown), ...);
-    }
-    for (const auto *table : dialog.findChildren<QTableWidget *>()) {
-        for (int column = 0; column < table->columnCount(); ++column) {
-            shown.append({table->horizontalHeaderItem(column)->text(),
-                          {table->horizontalHeader()->sectionSizeHint(column), 0},
-                          {table->columnWidth(column), 0}});
-        }
-    }
-    return shown;
-}
-
-/// Returns the buddy of the label if it is not at the right of it in the same row, else null.
-const QWidget *missedBuddy(const QLabel *label)
-{
-    const QWidget *const buddy = label != nullptr ? label->buddy() : nullptr;
-    if (buddy == nullptr) {
-        return nullptr;
-    }
-    const QRect led = buddy->geometry();
-    const QRect place = label->geometry();
-    const int middle = place.center().y();
-    return led.left() <= place.right() || middle < led.top() || middle > led.bottom() ? buddy : nullptr;
-}
-
-/// Returns the misplaced widgets: outside a parent that does not scroll, or over a sibling; labels that are not in
-/// front of their buddies; areas that scroll although the window has room for them.
-QString misplacedWidgets(const QWidget &dialog)
-{
-    QString misplaced;
-    const bool hasRoom = dialog.height() >= largeWindow.height();
-    for (const auto *widget : dialog.findChildren<QWidget *>()) {
-        if (!widget->isVisible() || widget->isWindow()) {
-            continue;
-        }
-        const auto note = [&](bool isWrong, const char *what, const QWidget *other) {
-            if (isWrong) {
-                QDebug(&misplaced) << widget << what << other << ';';
-            }
-        };
-        const QWidget *const parent = widget->parentWidget();
-        const bool scrolls = qobject_cast<const QAbstractScrollArea *>(parent->parentWidget()) != nullptr;
-        note(!scrolls && !parent->rect().contains(widget->geometry()), "is not inside of", parent);
-        const auto *const area = qobject_cast<const QAbstractScrollArea *>(widget);
-        const bool canScroll = area != nullptr && area->verticalScrollBar()->maximum() > 0;
-        note(hasRoom && canScroll && area->height() < dialog.height() / 2, "scrolls in the large", &dialog);
-        const auto *const label = qobject_cast<const QLabel *>(widget);
-        const auto *const missed = missedBuddy(label);
-        note(missed != nullptr, "is not in front of", missed);
-        for (const QObject *child : parent->children()) {
-            const auto *const other = qobject_cast<const QWidget *>(child);
-            const bool counts = other > widget && other->isVisible() && (label == nullptr || !label->text().isEmpty());
-            note(counts && other->geometry().intersects(widget->geometry()), "covers", other);
-        }
-    }
-    return misplaced;
-}
-
-QVector<Shown> shownTexts(const QWidget &dialog)
-{
-    return textsOf<QLabel, QAbstractButton, QGroupBox, QComboBox, QLineEdit, QTabBar, QTreeWidget>(dialog);
-}
-
-QString cutTexts(const QWidget &dialog)
-{
-    QString cut;
-    for (const Shown &shown : shownTexts(dialog)) {
-        if (shown.needed.width() > shown.given.width() || shown.needed.height() > shown.given.height()) {
-            QDebug(&cut) << shown.text << "needs" << shown.needed << "has" << shown.given << ';';
-        }
-    }
-    return cut;
-}
-
-/// Returns the place of the painted text inside of @p widget, in pixels of @p image.
-QRect inkOf(const QImage &image, const QWidget &widget)
-{
-    constexpr int frame = 4; // of fields
-    const QRect inside =
-        QRect(widget.mapTo(widget.window(), QPoint()), widget.size()).adjusted(0, frame, -frame, -frame);
-    const int background = qGray(image.pixel(inside.bottomRight()));
-    QRect ink;
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left() + frame; x <= inside.right(); ++x) {
-            if (qAbs(qGray(image.pixel(x, y)) - background) > 100) {
-                ink |= QRect(x, y, 1, 1);
-            }
-        }
-    }
-    return ink;
-}
-
-/// Shows the page with the given position in the tree.
-void showPage(const QWidget &dialog, int page)
-{
-    auto *tree = dialog.findChild<QTreeWidget *>("tree");
-    tree->setCurrentItem(tree->topLevelItem(0)->child(page));
+    QTreeWidgetItem *item = pagesOf(dialog).child(page);
+    item->treeWidget()->setCurrentItem(item);
     QCoreApplication::processEvents();
+    return item->text(0);
+}
+
+QFont enlarged(QFont font, double factor)
+{
+    font.setPointSizeF(font.pointSizeF() * factor);
+    return font;
+}
+
+QPalette grayPalette(int shade)
+{
+    return QColor(shade, shade, shade);
 }
 
 } // namespace
@@ -217,6 +46,7 @@ private slots:
     }
     void cleanup()
     {
+        m_dialog.reset();
         QCoreApplication::removeTranslator(&m_chinese);
         QApplication::setFont(m_font);
         simulatedhost::resetBase();
@@ -238,31 +68,25 @@ private slots:
         QFETCH(bool, chinese);
         QFETCH(double, fontFactor);
         QFETCH(bool, whileOpen);
-        QFont font = m_font;
-        font.setPointSizeF(font.pointSizeF() * fontFactor);
+        const QFont font = enlarged(m_font, fontFactor);
         if (chinese) {
             QCoreApplication::installTranslator(&m_chinese);
         }
         auto samples = samplemodules::factoryModules(true);
-        for (auto &sample : samplemodules::wideModules(16)) {
-            samples.push_back(std::move(sample));
-        }
-        for (const auto &sample : samples) {
+        auto wide = samplemodules::wideModules(16);
+        std::move(wide.begin(), wide.end(), std::back_inserter(samples));
+        for (auto &sample : samples) {
             QApplication::setFont(whileOpen ? m_font : font);
-            SimpleExtendcfgdlg dialog(sample.par.get(), sample.par->memoryOwner, nullptr, false);
-            dialog.show();
+            auto &dialog = show(std::move(sample.par));
             QApplication::setFont(font);
-            auto *tree = dialog.findChild<QTreeWidget *>("tree");
             for (const QSize &size : {dialog.size(), QSize(0, 0), largeWindow}) {
                 dialog.resize(size);
-                for (int i = 0; i < tree->topLevelItem(0)->childCount(); ++i) {
-                    tree->setCurrentItem(tree->topLevelItem(0)->child(i));
-                    QCoreApplication::processEvents();
+                for (int i = 0; i < pagesOf(dialog).childCount(); ++i) {
+                    const QString page = showPage(dialog, i);
                     const QString cut = cutTexts(dialog) + misplacedWidgets(dialog);
-                    QVERIFY2(cut.isEmpty(), qPrintable(QStringLiteral("%1, %2, %3 pixels wide: %4")
-                                                           .arg(sample.name, tree->currentItem()->text(0))
-                                                           .arg(dialog.width())
-                                                           .arg(cut)));
+                    const QString where =
+                        QString("%1, %2, %3 pixels wide: ").arg(sample.name, page).arg(dialog.width());
+                    QVERIFY2(cut.isEmpty(), qPrintable(where + cut));
                 }
             }
         }
@@ -280,17 +104,14 @@ private slots:
     {
         QFETCH(int, window);
         QFETCH(int, background);
-        const auto par = samplemodules::withChannels(0x3459, 4);
-        SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
-        dialog.show();
+        auto &dialog = show(samplemodules::withChannels(0x3459, 4));
         auto *note = dialog.findChild<QLabel *>("noteLabel");
-        QCOMPARE(
-            note->text(),
-            QStringLiteral("<font color=\"#0000FF\">Configuration must be downloaded before taking effect.</font>"));
+        const QString text = "Configuration must be downloaded before taking effect.";
+        QCOMPARE(note->text(), "<font color=\"#0000FF\">" + text + "</font>");
         const auto shownBackground = [&dialog, note] { return dialog.grab().toImage().pixelColor(note->pos()); };
         const QPalette before = dialog.palette();
-        dialog.setPalette(QPalette(QColor(window, window, window)));
-        QCOMPARE(shownBackground(), QColor(background, background, background));
+        dialog.setPalette(grayPalette(window));
+        QCOMPARE(shownBackground(), grayPalette(background).color(QPalette::Window));
         dialog.setPalette(before);
         QCOMPARE(shownBackground(), before.color(QPalette::Window));
 
@@ -309,14 +130,11 @@ private slots:
     void rowsShareABaseLine()
     {
         QFETCH(double, fontFactor);
-        QFont font = m_font;
-        font.setPointSizeF(font.pointSizeF() * fontFactor);
-        QApplication::setFont(font);
-        const auto par = samplemodules::withChannels(0x3459, 4);
+        QApplication::setFont(enlarged(m_font, fontFactor));
+        auto par = samplemodules::withChannels(0x3459, 4);
         par->inMap = {6, 2, 4, 1, 2};
         par->comment = "Comment";
-        SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
-        dialog.show();
+        auto &dialog = show(std::move(par));
         const auto ink = [&dialog](const QWidget *widget) { return inkOf(dialog.grab().toImage(), *widget); };
         const auto labelOf = [&dialog](const QWidget *field) {
             const auto labels = dialog.findChildren<QLabel *>();
@@ -343,10 +161,8 @@ private slots:
     void readOnlyFieldsAndCheckBoxesAreTold()
     {
         QFETCH(int, window);
-        const auto par = samplemodules::withChannels(0x3558, 8);
-        SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
-        dialog.setPalette(QPalette(QColor(window, window, window)));
-        dialog.show();
+        auto &dialog = show(samplemodules::withChannels(0x3558, 8));
+        dialog.setPalette(grayPalette(window));
         showPage(dialog, 1);
         const auto gray = [&dialog](const QImage &image, const QWidget *widget, QPoint place) {
             return qGray(image.pixel(widget->mapTo(&dialog, place)));
@@ -383,12 +199,8 @@ private slots:
         QFETCH(quint32, typeCode);
         QFETCH(int, page);
         QFETCH(QString, heading);
-        QFont font = m_font;
-        font.setPointSizeF(font.pointSizeF() * 2);
-        QApplication::setFont(font);
-        const auto par = samplemodules::withChannels(typeCode, 255);
-        SimpleExtendcfgdlg dialog(par.get(), QString(), nullptr, false);
-        dialog.show();
+        QApplication::setFont(enlarged(m_font, 2));
+        auto &dialog = show(samplemodules::withChannels(typeCode, 255));
         showPage(dialog, page);
         QVector<QScrollBar *> bars;
         for (const auto *area : dialog.findChildren<QAbstractScrollArea *>()) {
@@ -407,16 +219,16 @@ private slots:
                 }
             }
             QVERIFY2(rows.size() >= 3, qPrintable(QString::number(rows.size())));
+            int found = 0;
             for (const auto *label : dialog.findChildren<QLabel *>()) {
                 if (!heading.isEmpty() && label->text() == heading && label->isVisible()) {
                     QCOMPARE(label->visibleRegion().boundingRect(), label->rect());
-                    QVERIFY(label->mapTo(&dialog, label->rect().bottomLeft()).y() <
-                            *std::min_element(rows.begin(), rows.end()));
-                    heading.append(" found");
+                    const int bottom = label->mapTo(&dialog, label->rect().bottomLeft()).y();
+                    QVERIFY(bottom < *std::min_element(rows.begin(), rows.end()));
+                    ++found;
                 }
             }
-            QVERIFY(heading.isEmpty() || heading.endsWith(" found"));
-            heading.remove(" found");
+            QVERIFY(heading.isEmpty() || found > 0);
         }
     }
 
@@ -434,16 +246,14 @@ private slots:
         QVERIFY(english.size() > 70);
         QCoreApplication::installTranslator(&m_chinese);
         QSet<QString> untranslated;
-        for (const auto &sample : samplemodules::factoryModules()) {
-            SimpleExtendcfgdlg dialog(sample.par.get(), sample.par->memoryOwner, nullptr, false);
-            QStringList texts{dialog.windowTitle().replace(sample.par->objName, "%1")};
+        for (auto &sample : samplemodules::factoryModules()) {
+            auto &dialog = show(std::move(sample.par));
+            QStringList texts{dialog.windowTitle().replace(m_par->objName, "%1")};
             for (const auto *tab : dialog.findChildren<QTabWidget *>()) {
                 texts += tab->tabText(0);
             }
-            dialog.show();
-            auto *tree = dialog.findChild<QTreeWidget *>("tree");
-            for (int i = 0; i < tree->topLevelItem(0)->childCount(); ++i) {
-                tree->setCurrentItem(tree->topLevelItem(0)->child(i));
+            for (int i = 0; i < pagesOf(dialog).childCount(); ++i) {
+                showPage(dialog, i);
                 for (const Shown &shown : shownTexts(dialog)) {
                     texts += shown.text == "Default|Disable" ? QStringList() : shown.text.split('|');
                 }
@@ -458,6 +268,17 @@ private slots:
     }
 
 private:
+    SimpleExtendcfgdlg &show(std::unique_ptr<SimpleExtendPar> par)
+    {
+        m_dialog.reset();
+        m_par = std::move(par);
+        m_dialog = std::make_unique<SimpleExtendcfgdlg>(m_par.get(), m_par->memoryOwner, nullptr, false);
+        m_dialog->show();
+        return *m_dialog;
+    }
+
+    std::unique_ptr<SimpleExtendPar> m_par;
+    std::unique_ptr<SimpleExtendcfgdlg> m_dialog;
     QTranslator m_chinese;
     const QFont m_font = QApplication::font();
 };
