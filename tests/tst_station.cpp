@@ -15,7 +15,6 @@
 class TestStation : public QObject, private SampleStations {
     Q_OBJECT
 
-    QTemporaryDir m_folder;
     QString m_output; // of the latest batch task
 
     /// Runs a batch task on files of the test's folder.
@@ -34,9 +33,9 @@ class TestStation : public QObject, private SampleStations {
 private slots:
     void initTestCase()
     {
-        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
-        QVERIFY(QDir::setCurrent(m_folder.path()));
+        loadPlugin();
         QCOMPARE(batch({"--new", "batch.station", "--modules", "40"}), NoFindings);
+        QCOMPARE(batch({"--new", "fewer.station", "--modules", "39"}), NoFindings);
         QCOMPARE(batch({"batch.station", "--compile", "batch.blk"}), NoFindings);
         Project part = stationOf({13655})->project();
         part.modules.push_back(unavailableModule({0, 1}, part.modules[0].state));
@@ -232,30 +231,54 @@ private slots:
 
     void runsBatchTasks_data()
     {
-        const Rows<QStringList, int, QString> row("arguments", "status", "output"); // the project has 40 modules
-        row("list", {"batch.station", "--list"}, NoFindings, "^(.*\n){19}rack 0, slot 19: 13395, (.*\n){21}40 modules");
-        row("verify", {"batch.station", "--verify"}, NoFindings, "40 modules, 0 findings\n$");
-        row("compile", {"batch.station", "--compile", "x.blk"}, NoFindings, "^40 of 40 modules compiled\n$");
-        row("compile an unavailable module", {"part.station", "--compile", "x.blk"}, Findings,
-            "^rack 0, slot 1: \"absent\" left out: .*hw00000001.met.*\n1 of 2 modules compiled\n$");
-        row("decompile", {"x.station", "--decompile", "batch.blk"}, NoFindings, "40 modules");
-        row("create over a file", {"--new", "batch.station", "--modules", "40"}, UsageOrUnreadable,
+        // The project has 40 modules. The last column is the file x.* that is written, with its first bytes.
+        const Rows<QStringList, int, QString, QByteArray> rows("arguments", "status", "output", "written");
+        const auto row = [&rows](const char *name, const char *arguments, int status, const char *output,
+                                 const char *written = "") {
+            rows(name, QString(arguments).split(' '), status, output, written);
+        };
+        row("list", "batch.station --list", NoFindings, "^(.*\n){19}rack 0, slot 19: 13395, (.*\n){21}40 modules");
+        row("verify", "batch.station --verify", NoFindings, "40 modules, 0 findings\n$");
+        row("compile", "batch.station --compile x.blk", NoFindings, "^40 of 40 modules compiled\n$", "x.blk:");
+        row("compile an unavailable module", "part.station --compile x.blk", Findings,
+            "^rack 0, slot 1: \"absent\" left out: .*hw00000001.met.*\n1 of 2 modules compiled\n$", "x.blk:");
+        row("decompile", "x.station --decompile batch.blk", NoFindings, "40 modules", "x.station:SQLite");
+        row("create over a file", "--new batch.station --modules 40", UsageOrUnreadable,
             "^batch.station: The file already exists\\.\n$");
-        row("create too many modules", {"--new", "x.station", "--modules", "5000"}, Findings, "does not fit");
-        row("decompile a file of another kind", {"x.station", "--decompile", "batch.station"}, Findings, "No project");
-        row("decompile an endless device", {"x.station", "--decompile", "/dev/zero"}, UsageOrUnreadable, "larger than");
-        row("list without a project", {"none.station", "--list"}, UsageOrUnreadable, "^none.station: ");
-        row("two tasks", {"batch.station", "--list", "--verify"}, UsageOrUnreadable, "^--batch needs");
+        row("create too many modules", "--new x.station --modules 5000", Findings, "does not fit");
+        row("decompile a file of another kind", "x.station --decompile batch.station", Findings, "No project");
+        row("decompile an endless device", "x.station --decompile /dev/zero", UsageOrUnreadable, "larger than");
+        row("list without a project", "none.station --list", UsageOrUnreadable, "^none.station: ");
+        row("two tasks", "batch.station --list --verify", UsageOrUnreadable, "^--batch needs");
+
+        row("compare", "batch.station --compare batch.station", NoFindings, "^$");
+        row("compare with another", "fewer.station --compare batch.station", Findings,
+            "^rack 1, slot 7: \".*\" \\(type 13396\\) is only in batch\\.station\n$");
+        row("compare with no file", "batch.station --compare none", UsageOrUnreadable, "^none: ");
+        row("compare with another kind", "batch.station --compare batch.blk", UsageOrUnreadable, "^batch.blk: ");
+        row("compare no file", "none --compare batch.station", UsageOrUnreadable, "^none: ");
+        const char *const complete = "^40 modules, 0 findings\n$";
+        row("HTML report", "batch.station --report x.html", NoFindings, complete, "x.html:<!DOCTYPE html>");
+        row("PDF report", "batch.station --report x.pdf", NoFindings, complete, "x.pdf:%PDF-");
+        row("CSV report", "batch.station --report x.csv", NoFindings, complete, "x.csv:Rack,Slot,Module,");
+        row("JSON report", "batch.station --report x.JSON", NoFindings, complete, "x.JSON:{\n");
+        row("unknown report", "batch.station --report x.doc", UsageOrUnreadable, "^x\\.doc: The name of a report");
+        row("report without a project", "none --report x.csv", UsageOrUnreadable, "^none: ");
     }
     void runsBatchTasks()
     {
         QFETCH(QStringList, arguments);
         QFETCH(int, status);
         QFETCH(QString, output);
-        QFile::remove("x.station");
+        QFETCH(QByteArray, written);
         QCOMPARE(int{batch(arguments)}, status);
         QVERIFY2(m_output.contains(QRegularExpression(output)), qPrintable(m_output));
-        QCOMPARE(QFile::exists("x.station"), arguments.first() == "x.station" && status == NoFindings);
+        QByteArray found;
+        for (const QString &file : QDir().entryList({"x.*"})) {
+            found += file.toUtf8() + ':' + contentOf(file);
+            QVERIFY(QFile::remove(file));
+        }
+        QCOMPARE(found.left(qMax(1, written.size())), written);
     }
 
     void reportsAMissingExport()
@@ -270,5 +293,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestStation)
+QTEST_MAIN(TestStation)
 #include "tst_station.moc"

@@ -1,5 +1,4 @@
 // Undoable edits of a station: random ones compared with a plain model, failures, moving and pasting.
-#include "fastfolder.h"
 #include "projectfile.h"
 #include "projecttexts.h"
 #include "rows.h"
@@ -23,14 +22,8 @@ Place shifted(Place place, Place by)
 class TestStationEdits : public QObject, private SampleStations {
     Q_OBJECT
 
-    QTemporaryDir m_folder{fastFolder()};
-
 private slots:
-    void initTestCase()
-    {
-        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
-        QVERIFY(QDir::setCurrent(m_folder.path()));
-    }
+    void initTestCase() { loadPlugin(); }
     void init() { simulatedhost::resetBase(); }
 
     void randomEditsMatchAPlainModel_data()
@@ -233,7 +226,6 @@ private slots:
         QFETCH(Place, at);
         QFETCH(QString, reason);
         QFETCH(QString, text);
-        simulatedhost::resetBase();
         auto station = stationOf({14848, 14848, 14848, 14848});
         std::vector<StoredModule> copied;
         for (const quint32 type : types) {

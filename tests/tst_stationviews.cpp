@@ -1,26 +1,20 @@
 // What the workbench answers about a station: channels, search, differences, reports; and the edits on many modules.
-#include "batch.h"
 #include "channeladdress.h"
 #include "channellist.h"
-#include "files.h"
 #include "projectcompare.h"
-#include "projectfile.h"
 #include "projecttexts.h"
 #include "reportfile.h"
 #include "rows.h"
-#include "simulatedbase.h"
+#include "samplestations.h"
 #include "stationcommands.h"
 #include "stationsearch.h"
 
-#include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QUndoStack>
 
 namespace {
-
-const QString owner = QStringLiteral("owner");
 
 /// A saved state with another byte in the last byte of a field.
 QByteArray withByte(QByteArray state, const QString &field, int value)
@@ -40,24 +34,10 @@ using Bytes = QMap<QString, int>; // fields and their last bytes
 Q_DECLARE_METATYPE(Bytes)
 Q_DECLARE_METATYPE(IoMap)
 
-class TestStationViews : public QObject {
+class TestStationViews : public QObject, private SampleStations {
     Q_OBJECT
 
-    PluginLibrary m_plugin;
-    QTemporaryDir m_folder;
     QUndoStack m_stack;
-    QString m_output; // of the latest batch task
-
-    std::unique_ptr<Station> stationOf(const QVector<quint32> &types, const QString &memoryOwner = owner)
-    {
-        auto station = std::make_unique<Station>(m_plugin, memoryOwner);
-        for (const quint32 type : types) {
-            if (const Result<> added = station->add(type, Place::at(station->count())); !added) {
-                qFatal("%s", qPrintable(added.reason()));
-            }
-        }
-        return station;
-    }
 
     /// Changes bytes of the module at a place.
     void change(Station &station, Place place, const Bytes &bytes)
@@ -71,30 +51,8 @@ class TestStationViews : public QObject {
         }
     }
 
-    BatchExit batch(const QStringList &arguments)
-    {
-        QCommandLineParser parser;
-        parser.addPositionalArgument("file", {});
-        const BatchOptions options;
-        options.addTo(parser);
-        m_output.clear();
-        QTextStream stream(&m_output);
-        const bool isValid = parser.parse(QStringList{"workbench", "--batch"} + arguments);
-        return isValid ? runBatch(parser, options, m_plugin, stream, stream) : UsageOrUnreadable;
-    }
-
-    QByteArray written(const QString &file) const
-    {
-        QFile read(file);
-        return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray();
-    }
-
 private slots:
-    void initTestCase()
-    {
-        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
-        QVERIFY(QDir::setCurrent(m_folder.path()));
-    }
+    void initTestCase() { loadPlugin(); }
     void init()
     {
         m_stack.clear();
@@ -235,7 +193,7 @@ private slots:
         QCOMPARE(compareProjects(same, same).size(), 0);
         change(*right, {0, 0}, {{"analogInput[2].inputRange", 3}});
         QVERIFY(right->move({0, 1}, {5, 6}) && right->add(13654, {0, 1})); // another type in the place
-        right->setLargestPlcType();
+        QVERIFY(right->setPlcType(1));
         right->setProperties({"A\nB", {}, {}, {}});
         QStringList lines;
         for (const ProjectDifference &difference : compareProjects(left->project(), right->project())) {
@@ -298,10 +256,8 @@ private slots:
         const auto station = stationOf({13401, 13652, 14848});
         change(*station, {0, 0}, {{"analogInput[1].inputRange", 2}});
         station->setProperties({"Plant <1>", "Me", "7", "First\nSecond"});
-        QVERIFY(station->move({0, 1}, {2, 3}));
-        const std::vector<CatalogEntry> catalog = readCatalog();
-        const ReportInfo info{"plant.station", {}};
-        const QString html = stationHtml(*station, catalog, info);
+        QVERIFY(station->move({0, 1}, {2, 3}) && station->setPlcType(2));
+        const QString html = stationHtml(*station, readCatalog(), {"plant.station", {}});
         for (const char *text :
              {"<h1>Plant &lt;1&gt;</h1>", "First<br>Second", "plant.station", "<h3>Rack 2</h3>",
               "<b>Digital Input 32 x 24 V</b><br>SX-DI32-DC<br>I 0..3", "AI, Analog inputs: 8 of 2048", "AI 8..2047",
@@ -319,68 +275,25 @@ private slots:
 
         const QJsonObject json = QJsonDocument::fromJson(stationJson(*station)).object();
         QCOMPARE(json.value("title").toString(), QString("Plant <1>"));
-        const QJsonObject module = json.value("modules").toArray().at(0).toObject();
-        QByteArrayList names;
+        QStringList names;
         const QByteArray state = station->stored(0).state;
         for (const blockdecoder::Part &part : blockdecoder::decodeSavedState(state).parts) {
             for (const blockdecoder::Field &field : part.fields) {
-                names += field.name.toUtf8();
+                names += field.name;
             }
         }
-        const QJsonArray fields = module.value("fields").toArray();
-        QCOMPARE(fields.size(), names.size());
-        for (int i = 0; i < fields.size(); ++i) {
-            QCOMPARE(fields.at(i).toObject().value("name").toString().toUtf8(), names.at(i));
+        QStringList written;
+        for (const QJsonValue field : json.value("modules").toArray().at(0).toObject().value("fields").toArray()) {
+            written += field.toObject().value("name").toString();
         }
+        QCOMPARE(written, names);
         QCOMPARE(stationJson(**Station::opened(m_plugin, "again", station->project())), stationJson(*station));
-    }
-
-    void batchTasks_data()
-    {
-        const Rows<QStringList, int, QString> row("arguments", "status", "output");
-        row("same", {"a.station", "--compare", "a.station"}, NoFindings, "^$");
-        row("different", {"a.station", "--compare", "b.station"}, Findings,
-            "^rack 0, slot 2: \".*\" \\(type 13397\\) is only in b\\.station\n$");
-        row("other file missing", {"a.station", "--compare", "x"}, UsageOrUnreadable, "^x: ");
-        row("other file of another kind", {"a.station", "--compare", "text"}, UsageOrUnreadable, "^text: ");
-        row("first file missing", {"x", "--compare", "a.station"}, UsageOrUnreadable, "^x: ");
-        for (const char *suffix : {"html", "pdf", "csv", "JSON"}) {
-            row(suffix, {"a.station", "--report", QString("out.") + suffix}, NoFindings, "^2 modules, 0 findings\n$");
-        }
-        row("unknown form", {"a.station", "--report", "out.doc"}, UsageOrUnreadable,
-            "^out\\.doc: The name of a report");
-        row("report without a file", {"x", "--report", "out.csv"}, UsageOrUnreadable, "^x: ");
-    }
-    void batchTasks()
-    {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, status);
-        QFETCH(QString, output);
-        for (const char *file : {"a.station", "b.station", "out.html", "out.pdf", "out.csv", "out.JSON"}) {
-            QFile::remove(file);
-        }
-        QCOMPARE(batch({"--new", "a.station", "--modules", "2"}), NoFindings);
-        QCOMPARE(batch({"--new", "b.station", "--modules", "3"}), NoFindings);
-        QVERIFY(writeFile("text", "text"));
-        QCOMPARE(int{batch(arguments)}, status);
-        QVERIFY2(m_output.contains(QRegularExpression(output)), qPrintable(m_output));
-        const QMap<QString, QByteArray> starts{{"out.html", "<!DOCTYPE html>"},
-                                               {"out.pdf", "%PDF-"},
-                                               {"out.csv", "Rack,Slot,Module,"},
-                                               {"out.JSON", "{\n"}};
-        const QByteArray start = status == NoFindings ? starts.value(arguments.last()) : QByteArray();
-        QCOMPARE(written(arguments.last()).left(start.size()), start);
     }
 
     /// 4,000 modules: all channels in 300 ms, a search in a frame of 16 ms. The limits leave room for a busy machine.
     void isFastEnough()
     {
-        const auto station = std::make_unique<Station>(m_plugin, owner);
-        station->setLargestPlcType();
-        const std::vector<CatalogEntry> catalog = readCatalog();
-        for (int i = 0; i < 4000; ++i) {
-            QVERIFY(station->add(catalog[static_cast<std::size_t>(i) % catalog.size()].typeCode, Place::at(i)));
-        }
+        const auto station = stationOf(allTypes(4000));
         QElapsedTimer timer;
         timer.start();
         const ChannelList list(*station);
@@ -389,7 +302,7 @@ private slots:
             changed += list.parameters(row).isChanged() ? 1 : 0;
         }
         const qint64 channelTime = timer.restart();
-        const SearchResult found = searchStation(*station, catalog, "digital no such", 100);
+        const SearchResult found = searchStation(*station, readCatalog(), "digital no such", 100);
         const qint64 searchTime = timer.elapsed();
         qInfo("%d channels in %lld ms, search in %lld ms", list.count(), channelTime, searchTime);
         QCOMPARE(changed + found.total, 0);

@@ -3,8 +3,12 @@
 
 #include "catalog.h"
 #include "claims.h"
+#include "fastfolder.h"
 #include "statepatch.h"
 #include "station.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
 
 const QString owner = QStringLiteral("owner");
 const QString otherOwner = QStringLiteral("other");
@@ -32,9 +36,15 @@ inline StoredModule unavailableModule(Place place, const QByteArray &state)
     return {place, 1, "absent", withPlace(withFields(state, {{"objId", {"\0\0\0\1", 4}}}), place), {}};
 }
 
-/// The base of a test class that loads the plug-in.
+/// The base of a test class, whose files are in a temporary folder.
 class SampleStations {
 protected:
+    void loadPlugin()
+    {
+        QVERIFY(QDir::setCurrent(m_folder.path()));
+        QCOMPARE(m_plugin.load(SIMPLEEXTEND_LIBRARY_PATH).reason(), QString());
+    }
+
     std::unique_ptr<Station> stationOf(const std::vector<quint32> &types, const QString &memoryOwner = owner) const
     {
         auto station = std::make_unique<Station>(m_plugin, memoryOwner);
@@ -59,4 +69,5 @@ protected:
     }
 
     PluginLibrary m_plugin;
+    QTemporaryDir m_folder{fastFolder()};
 };
