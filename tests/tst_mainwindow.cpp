@@ -227,8 +227,7 @@ private slots:
     {
         CatalogFolder catalog;
         catalog.writeDescription(13652, "; comment\n[MODULE START]\nObjName=Unended\n");
-        m_window = std::make_unique<MainWindow>(m_plugin, readCatalog(), std::make_unique<Station>(m_plugin, "first"));
-        m_window->show();
+        show();
         auto *problems = child<QTreeView>("problemView");
         emit problems->activated(problems->model()->index(0, 0));
         const auto cursor = child<QPlainTextEdit>("fileText")->textCursor();

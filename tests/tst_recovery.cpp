@@ -1,13 +1,12 @@
 // No work is lost: recovery copies of killed programs, changed project files, the modified mark.
 #include "autorecovery.h"
-#include "catalog.h"
 #include "fastfolder.h"
 #include "files.h"
 #include "projecttexts.h"
 #include "rows.h"
 #include "stationdocument.h"
 
-#include <csignal>
+#include <array>
 #include <iostream>
 
 namespace {
@@ -79,25 +78,29 @@ private slots:
 
     void killedProgramsLoseAtMostTwoSeconds()
     {
-        constexpr int count = 6;
+        struct Program {
+            QString path; // empty: the program never saves
+            QProcess process;
+            qint64 death = 0;
+        };
+        std::array<Program, 6> programs;
+        const int count = int(programs.size());
         QRandomGenerator random(6);
-        std::vector<std::unique_ptr<QProcess>> programs;
-        QMap<int, int> plan; // program by the moment of its death
+        QMap<int, Program *> plan; // by the moment of their deaths
         for (int i = 0; i < count; ++i) {
-            const QString path = i == 0 ? QString() : m_folder.filePath(QString("%1.station").arg(i));
-            programs.push_back(std::make_unique<QProcess>());
-            programs.back()->start(QCoreApplication::applicationFilePath(),
-                                   {"--edit", m_copies, path, QString::number(i)});
-            plan[1000 + 600 * (count - 1 - i) + random.bounded(600)] = i;
+            Program &program = programs.at(std::size_t(i));
+            program.path = i == 0 ? QString() : m_folder.filePath(QString("%1.station").arg(i));
+            program.process.start(QCoreApplication::applicationFilePath(),
+                                  {"--edit", m_copies, program.path, QString::number(i)});
+            plan[1000 + 600 * (count - 1 - i) + random.bounded(600)] = &program;
         }
         QElapsedTimer elapsed;
         elapsed.start();
-        QVector<qint64> deaths(count);
         for (auto next = plan.begin(); next != plan.end(); ++next) {
             QTest::qWait(std::max<int>(0, next.key() - static_cast<int>(elapsed.elapsed())));
-            deaths[next.value()] = QDateTime::currentMSecsSinceEpoch();
-            programs[std::size_t(next.value())]->kill();
-            programs[std::size_t(next.value())]->waitForFinished();
+            next.value()->death = QDateTime::currentMSecsSinceEpoch();
+            next.value()->process.kill();
+            next.value()->process.waitForFinished();
         }
         QMap<QString, QString> recovered; // checksums by file name
         for (const auto &copy : RecoveryCopy::abandoned(m_copies)) {
@@ -105,24 +108,21 @@ private slots:
             QVERIFY(station && !recovered.contains(station->fileName));
             recovered[station->fileName] = projectChecksum(station->project);
         }
-        QVERIFY(recovered.contains(QString())); // the first program never saves
+        QVERIFY(recovered.contains(QString())); // of the first program
         QCOMPARE(recovered.size(), filesIn(m_copies).size());
-        for (int i = 0; i < count; ++i) {
-            const QStringList log = QString::fromLatin1(programs[std::size_t(i)]->readAllStandardOutput()).split('\n');
+        for (Program &program : programs) {
+            const QStringList log = QString::fromLatin1(program.process.readAllStandardOutput()).split('\n');
             QVERIFY(log.size() > 20);
-            const QString path = i == 0 ? QString() : m_folder.filePath(QString("%1.station").arg(i));
-            const Result<Project> saved = path.isEmpty() ? Failure() : ProjectFile(path).read();
-            QStringList candidates{saved ? projectChecksum(*saved) : QString()};
-            if (recovered.contains(path)) {
-                candidates += recovered.value(path);
-            }
-            const qint64 firstEdit = log.first().section(' ', 0, 0).toLongLong();
-            bool isRecent = deaths.at(i) - firstEdit < longestLoss; // nothing had to be copied
-            for (const QString &line : log) {
-                isRecent = isRecent || (candidates.contains(line.section(' ', 1)) &&
-                                        line.section(' ', 0, 0).toLongLong() >= deaths.at(i) - longestLoss);
-            }
-            QVERIFY2(isRecent, qPrintable(log.value(log.size() - 2) + " at " + QString::number(deaths.at(i))));
+            const Result<Project> saved = program.path.isEmpty() ? Failure() : ProjectFile(program.path).read();
+            const QStringList candidates{saved ? projectChecksum(*saved) : "none",
+                                         recovered.value(program.path, "none")};
+            const auto timeOf = [](const QString &line) { return line.section(' ', 0, 0).toLongLong(); };
+            const bool isRecent =
+                program.death - timeOf(log.first()) < longestLoss || // nothing had to be copied
+                std::any_of(log.begin(), log.end(), [&](const QString &line) {
+                    return candidates.contains(line.section(' ', 1)) && timeOf(line) >= program.death - longestLoss;
+                });
+            QVERIFY2(isRecent, qPrintable(log.value(log.size() - 2) + " at " + QString::number(program.death)));
         }
     }
 
@@ -154,9 +154,8 @@ private slots:
         const QString folder = m_folder.filePath("damaged");
         QVERIFY(RecoveryCopy(folder).write(sample()));
         const QString file = QDir(folder).filePath(filesIn(folder).first() + "/station");
-        QFile copy(file);
-        QVERIFY(copy.open(QIODevice::ReadOnly));
-        const QByteArray bytes = copy.readAll();
+        const QByteArray bytes = contentOf(file);
+        QVERIFY(bytes.size() > 100);
         for (int size = 0; size < bytes.size(); size += 7) {
             QVERIFY(QDir().mkpath(QFileInfo(file).path()) && writeFile(file, bytes.left(size)));
             QVERIFY(RecoveryCopy::abandoned(folder).empty());
@@ -186,32 +185,28 @@ private slots:
         connect(&document, &StationDocument::fileNameChanged, this, show);
         connect(&document.undoStack(), &QUndoStack::cleanChanged, this, show);
         const auto hasCopy = [&] { return filesIn(folder).size() == 2; };
-        const auto add = [&] { return document.edits().add(13650, *document.station().freePlace({})); };
-        const auto step = [&](const char *name, bool isDone, bool isModified) {
+        const auto step = [&](bool isDone, bool isModified) {
             const bool isRight = isDone && document.isModified() == isModified && shownMark == isModified;
             if (isModified) {
                 static_cast<void>(recovery->write());
             }
-            return isRight && hasCopy() == isModified ? QString() : QString(name);
+            return isRight && hasCopy() == isModified;
         };
-        const auto save = [&](const char *path) {
-            const auto written = document.save(path);
-            return written && *written == ProjectFile::Written::Yes;
-        };
-        QCOMPARE(step("add", bool(add()), true), QString());
-        QCOMPARE(step("save", save("steps.station"), false), QString());
-        QCOMPARE(step("add", bool(add()), true), QString());
-        QCOMPARE(step("undo", (document.undoStack().undo(), true), false), QString());
-        QCOMPARE(step("redo", (document.undoStack().redo(), true), true), QString());
-        QCOMPARE(step("open", bool(document.open("steps.station")), false), QString());
+        const auto add = [&] { return bool(document.edits().add(13650, *document.station().freePlace({}))); };
+        QVERIFY(step(add(), true));
+        QVERIFY(step(*document.save("steps.station") == ProjectFile::Written::Yes, false));
+        QVERIFY(step(add(), true));
+        QVERIFY(step((document.undoStack().undo(), true), false));
+        QVERIFY(step((document.undoStack().redo(), true), true));
+        QVERIFY(step(bool(document.open("steps.station")), false));
         QVERIFY(writeFile("steps.blk", *document.station().compiled()));
-        QCOMPARE(step("decompile", bool(document.readBlocks("steps.blk")), true), QString());
-        QCOMPARE(step("open", bool(document.open("steps.station")), false), QString());
-        QCOMPARE(step("decompile", bool(document.readBlocks("steps.blk")), true), QString());
-        QCOMPARE(step("create", (document.create(), true), false), QString());
-        QCOMPARE(step("recover", bool(document.recover("steps.station")), true), QString());
+        QVERIFY(step(bool(document.readBlocks("steps.blk")), true));
+        QVERIFY(step(bool(document.open("steps.station")), false));
+        QVERIFY(step(bool(document.readBlocks("steps.blk")), true));
+        QVERIFY(step((document.create(), true), false));
+        QVERIFY(step(bool(document.recover("steps.station")), true));
         QVERIFY(document.fileName().isEmpty());
-        QCOMPARE(step("restore", bool(document.restore(sample())), true), QString());
+        QVERIFY(step(bool(document.restore(sample())), true));
         recovery.reset(); // the program ends, and the user discards the changes
         QCOMPARE(filesIn(folder), QStringList());
     }

@@ -137,7 +137,7 @@ private slots:
     void editsPropertiesAndReports()
     {
         answerNext([](QDialog *dialog) {
-            QTest::keyClicks(dialog->findChild<QLineEdit *>("titleEdit"), "Plant");
+            edit(*dialog, "titleEdit=Plant");
             dialog->accept();
         });
         trigger("projectPropertiesAction");
@@ -151,8 +151,7 @@ private slots:
         });
         press(m_racks, Qt::Key_P, Qt::ControlModifier);
         QCOMPARE(pages, 1);
-        QFile report("report.html");
-        QVERIFY(report.open(QIODevice::ReadOnly) && report.readAll().contains("<h1>Plant</h1>"));
+        QVERIFY(contentOf("report.html").contains("<h1>Plant</h1>"));
     }
 
     void explainsItsCommands()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalog.h"
+#include "fastfolder.h"
 #include "mainwindow.h"
 #include "pagefixture.h"
 #include "rackview.h"
@@ -106,7 +107,7 @@ protected:
     }
 
     PluginLibrary m_plugin;
-    QTemporaryDir m_folder;
+    QTemporaryDir m_folder{fastFolder()};
     std::unique_ptr<MainWindow> m_window;
     RackView *m_racks = nullptr;
 };
