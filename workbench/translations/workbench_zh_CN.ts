@@ -1243,13 +1243,13 @@ Qt %2，使用 Qt %3编译
         <source>%1% used, %2</source>
         <translation>已用%1%，%2</translation>
     </message>
-</context>
-<context>
-    <name>MemoryView</name>
     <message>
         <source>Held by no module</source>
         <translation>不属于任何模块</translation>
     </message>
+</context>
+<context>
+    <name>MemoryView</name>
     <message>
         <source>%1 (rack %2, slot %3)</source>
         <translation>%1（机架%2，槽位%3）</translation>
