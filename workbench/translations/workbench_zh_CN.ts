@@ -288,8 +288,8 @@
         <translation>按模块、地址或设置筛选</translation>
     </message>
     <message>
-        <source>C&amp;hanged only</source>
-        <translation>仅已更改(&amp;H)</translation>
+        <source>Changed &amp;only</source>
+        <translation>仅已更改(&amp;O)</translation>
     </message>
     <message>
         <source>Show only channels with a value that differs from the factory settings</source>
@@ -1142,8 +1142,8 @@ Qt %2，使用 Qt %3编译
         <translation>显示、打印或保存站的文档</translation>
     </message>
     <message>
-        <source>Paste Para&amp;meters</source>
-        <translation>粘贴参数(&amp;M)</translation>
+        <source>Paste P&amp;arameters</source>
+        <translation>粘贴参数(&amp;A)</translation>
     </message>
     <message>
         <source>Give the parameters of the copied module to all selected modules of its type</source>
@@ -1166,8 +1166,8 @@ Qt %2，使用 Qt %3编译
         <translation>显示所有机架和槽位，而不只是已用的和再多一个</translation>
     </message>
     <message>
-        <source>&amp;Larger Cards</source>
-        <translation>放大卡片(&amp;L)</translation>
+        <source>Lar&amp;ger Cards</source>
+        <translation>放大卡片(&amp;G)</translation>
     </message>
     <message>
         <source>Enlarge the cards of the modules</source>

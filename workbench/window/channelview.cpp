@@ -205,7 +205,7 @@ void ChannelView::retranslate()
 {
     m_search->setPlaceholderText(tr("Filter by module, address or setting"));
     m_search->setAccessibleName(m_search->placeholderText());
-    m_changedOnly->setText(tr("C&hanged only"));
+    m_changedOnly->setText(tr("Changed &only"));
     m_changedOnly->setToolTip(tr("Show only channels with a value that differs from the factory settings"));
     m_table->setAccessibleName(tr("Channels"));
     m_copy->setText(tr("&Copy"));
