@@ -13,15 +13,8 @@ class TestStationTools : public WindowFixture {
     }
     std::pair<int, int> shownRacksAndSlots() const
     {
-        int racks = 0;
-        int slotCount = 0;
-        for (int i = 0; i < Place::rackCount; ++i) {
-            racks += m_racks->isRowHidden(i) ? 0 : 1;
-        }
-        for (int i = 0; i < Place::slotCount; ++i) {
-            slotCount += m_racks->isColumnHidden(i) ? 0 : 1;
-        }
-        return {racks, slotCount};
+        return {Place::rackCount - m_racks->verticalHeader()->hiddenSectionCount(),
+                Place::slotCount - m_racks->horizontalHeader()->hiddenSectionCount()};
     }
 
 private slots:

@@ -14,23 +14,7 @@
 #include <QJsonObject>
 #include <QUndoStack>
 
-namespace {
-
-/// A saved state with another byte in the last byte of a field.
-QByteArray withByte(QByteArray state, const QString &field, int value)
-{
-    const blockdecoder::DecodedBlock decoded = blockdecoder::decodeSavedState(state);
-    const blockdecoder::Field *found = decoded.find(field);
-    if (found == nullptr) {
-        qFatal("%s is missing", qPrintable(field));
-    }
-    state[found->offset + found->raw.size() - 1] = static_cast<char>(value);
-    return state;
-}
-
 using Bytes = QMap<QString, int>; // fields and their last bytes
-
-} // namespace
 Q_DECLARE_METATYPE(Bytes)
 Q_DECLARE_METATYPE(IoMap)
 
@@ -44,11 +28,14 @@ class TestStationViews : public QObject, private SampleStations {
     {
         QByteArray state = station.stored(*station.moduleAt(place)).state;
         for (auto each = bytes.begin(); each != bytes.end(); ++each) {
-            state = withByte(state, each.key(), each.value());
+            const blockdecoder::DecodedBlock decoded = blockdecoder::decodeSavedState(state);
+            const blockdecoder::Field *field = decoded.find(each.key());
+            QVERIFY2(field != nullptr, qPrintable(each.key()));
+            const int last = field->offset + field->raw.size() - 1;
+            state[last] = static_cast<char>(each.value());
         }
-        if (const Result<> replaced = StationEdits(station, m_stack).replaceState(place, state); !replaced) {
-            qFatal("%s", qPrintable(replaced.reason()));
-        }
+        const Result<> replaced = StationEdits(station, m_stack).replaceState(place, state);
+        QVERIFY2(replaced, qPrintable(replaced.reason()));
     }
 
 private slots:
