@@ -121,67 +121,58 @@ private slots:
         QVERIFY(ok->x() - note->geometry().right() > largeWindow.width() / 4);
     }
 
-    void rowsShareABaseLine_data()
-    {
-        const Rows<double> row("fontFactor");
-        row("default font", 1);
-        row("large font", 2);
-    }
     void rowsShareABaseLine()
     {
-        QFETCH(double, fontFactor);
-        QApplication::setFont(enlarged(m_font, fontFactor));
-        auto par = samplemodules::withChannels(0x3459, 4);
-        par->inMap = {6, 2, 4, 1, 2};
-        par->comment = "Comment";
-        auto &dialog = show(std::move(par));
-        const auto ink = [&dialog](const QWidget *widget) { return inkOf(dialog.grab().toImage(), *widget); };
-        const auto labelOf = [&dialog](const QWidget *field) {
-            const auto labels = dialog.findChildren<QLabel *>();
-            return *std::find_if(labels.begin(), labels.end(), [=](auto *label) { return label->buddy() == field; });
-        };
-        const auto *comment = dialog.findChild<QWidget *>("commentEdit");
-        QCOMPARE(ink(comment).top(), ink(labelOf(comment)).top()); // a mnemonic may be underlined
-        showPage(dialog, 1);
-        const auto *start = dialog.findChild<QWidget *>("inputStart");
-        const auto *end = dialog.findChild<QWidget *>("inputEnd");
-        const int baseLine = ink(start->findChild<QLineEdit *>()).bottom();
-        for (const QWidget *widget : std::initializer_list<const QWidget *>{labelOf(start), labelOf(end), end}) {
-            QCOMPARE(ink(widget).bottom(), baseLine);
+        for (const double fontFactor : {1.0, 2.0}) {
+            QApplication::setFont(enlarged(m_font, fontFactor));
+            auto par = samplemodules::withChannels(0x3459, 4);
+            par->inMap = {6, 2, 4, 1, 2};
+            par->comment = "Comment";
+            auto &dialog = show(std::move(par));
+            const auto ink = [&dialog](const QWidget *widget) { return inkOf(dialog.grab().toImage(), *widget); };
+            const auto labelOf = [&dialog](const QWidget *field) {
+                const auto labels = dialog.findChildren<QLabel *>();
+                return *std::find_if(labels.begin(), labels.end(),
+                                     [=](auto *label) { return label->buddy() == field; });
+            };
+            const auto *comment = dialog.findChild<QWidget *>("commentEdit");
+            QCOMPARE(ink(comment).top(), ink(labelOf(comment)).top()); // a mnemonic may be underlined
+            showPage(dialog, 1);
+            const auto *start = dialog.findChild<QWidget *>("inputStart");
+            const auto *end = dialog.findChild<QWidget *>("inputEnd");
+            const int baseLine = ink(start->findChild<QLineEdit *>()).bottom();
+            for (const QWidget *widget : std::initializer_list<const QWidget *>{labelOf(start), labelOf(end), end}) {
+                QCOMPARE(ink(widget).bottom(), baseLine);
+            }
         }
     }
 
-    void readOnlyFieldsAndCheckBoxesAreTold_data()
-    {
-        const Rows<int> row("window"); // shade of gray
-        row("light", 0xEF);
-        row("dark", 0x35);
-        row("almost black", 0x18);
-    }
     void readOnlyFieldsAndCheckBoxesAreTold()
     {
-        QFETCH(int, window);
-        auto &dialog = show(samplemodules::withChannels(0x3558, 8));
-        dialog.setPalette(grayPalette(window));
-        showPage(dialog, 1);
-        const auto gray = [&dialog](const QImage &image, const QWidget *widget, QPoint place) {
-            return qGray(image.pixel(widget->mapTo(&dialog, place)));
-        };
-        const QImage addresses = dialog.grab().toImage();
-        const auto *end = dialog.findChild<QWidget *>("inputEnd");
-        const auto *start = dialog.findChild<QWidget *>("inputStart")->findChild<QLineEdit *>();
-        const int page = gray(addresses, end, {-2, end->height() / 2});
-        QCOMPARE(gray(addresses, end, end->rect().center()), page);
-        QVERIFY(gray(addresses, start, start->rect().center()) != page);
+        for (const int window : {0xEF, 0x35, 0x18}) { // shades of gray: light, dark, almost black
+            auto &dialog = show(samplemodules::withChannels(0x3558, 8));
+            dialog.setPalette(grayPalette(window));
+            showPage(dialog, 1);
+            const auto gray = [&dialog](const QImage &image, const QWidget *widget, QPoint place) {
+                return qGray(image.pixel(widget->mapTo(&dialog, place)));
+            };
+            const QImage addresses = dialog.grab().toImage();
+            const auto *end = dialog.findChild<QWidget *>("inputEnd");
+            const auto *start = dialog.findChild<QWidget *>("inputStart")->findChild<QLineEdit *>();
+            const int page = gray(addresses, end, {-2, end->height() / 2});
+            QCOMPARE(gray(addresses, end, end->rect().center()), page);
+            QVERIFY(gray(addresses, start, start->rect().center()) != page);
 
-        showPage(dialog, 3);
-        const QImage outputs = dialog.grab().toImage();
-        const auto *box = dialog.findChild<QWidget *>("output_0");
-        int contrast = 0;
-        for (int x = 0; x < box->width(); ++x) {
-            contrast = qMax(contrast, qAbs(gray(outputs, box, {x, box->height() / 2}) - gray(outputs, box, {-1, 0})));
+            showPage(dialog, 3);
+            const QImage outputs = dialog.grab().toImage();
+            const auto *box = dialog.findChild<QWidget *>("output_0");
+            int contrast = 0;
+            for (int x = 0; x < box->width(); ++x) {
+                contrast =
+                    qMax(contrast, qAbs(gray(outputs, box, {x, box->height() / 2}) - gray(outputs, box, {-1, 0})));
+            }
+            QVERIFY2(contrast > 60, qPrintable(QString::number(contrast)));
         }
-        QVERIFY2(contrast > 60, qPrintable(QString::number(contrast)));
     }
 
     // A page scrolls in one area, in which several rows are visible in a large font, and below their headings.

@@ -207,10 +207,9 @@ private slots:
         // The modules of types are copied and pasted at a place of a station whose slots 0 to 3 are taken.
         using Types = QVector<quint32>;
         const Rows<Types, bool, Place, QString, QString, QString> row("types", "cut", "at", "places", "text", "reason");
-        row("in their arrangement", {13650, 13651}, false, {1, 5}, "37 38",
-            "2 of 2 module(s) pasted, with new addresses.", "");
-        row("into free slots", {13650, 13651}, false, {0, 2}, "4 5", "2 of 2 module(s) pasted, with new addresses.",
-            "");
+        const QString fresh = "2 of 2 module(s) pasted, with new addresses.";
+        row("in their arrangement", {13650, 13651}, false, {1, 5}, "37 38", fresh, "");
+        row("into free slots", {13650, 13651}, false, {0, 2}, "4 5", fresh, "");
         row("at the end", {13650, 13651, 13650}, false, {127, 30}, "4094 4095", "2 of 3 module(s) pasted",
             "1 module(s): No free slot follows.");
         row("into a full area", {13652, 13650, 13651}, false, {2, 0}, "65 66", "2 of 3 module(s) pasted",
