@@ -234,13 +234,14 @@ private slots:
         sql("a view in place of a table", {"DROP TABLE module", "CREATE VIEW module AS SELECT 1"}, "tables", 0);
         sql("a trigger", {"CREATE TRIGGER t AFTER DELETE ON module BEGIN DELETE FROM station; END"}, "tables", 150);
         sql("a missing station", {"DELETE FROM station"}, "checksum", 150);
+        sql("a changed name", {"UPDATE module SET name = 'x' WHERE place = 5"}, "checksum", 150);
         sql("changed properties", {"UPDATE properties SET notes = 'x'"}, "checksum", 150);
         sql("an older version number", {"PRAGMA user_version = 1"}, "tables", 150);
         sql("a missing module", {"DELETE FROM module WHERE place = 5"}, "checksum", 149);
         sql("a module at another place", {"UPDATE module SET place = 1, slot = 1 WHERE place = 0"}, "checksum", 150);
         const QString unchecked = "PRAGMA ignore_check_constraints = ON";
-        sql("an invalid place", {unchecked, "UPDATE module SET slot = 32 WHERE place = 0"}, "CHECK", 149);
-        sql("an empty state", {unchecked, "UPDATE module SET state = x''"}, "CHECK", 0);
+        sql("an invalid place", {unchecked, "UPDATE module SET slot = 32 WHERE place = 0"}, "invalid values", 149);
+        sql("an empty state", {unchecked, "UPDATE module SET state = x''"}, "invalid values", 0);
     }
     void rejectsDamagedFiles()
     {

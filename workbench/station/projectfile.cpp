@@ -37,8 +37,9 @@ QString complaintOf(ProjectDatabase &database, int version)
     database.select(QStringLiteral("PRAGMA integrity_check(1)"),
                     [&](const QSqlQuery &query) { findings += query.value(0).toString(); });
     findings.removeAll(QStringLiteral("ok"));
-    return database.errorString().isEmpty() && !findings.isEmpty() ? damaged(findings.join(QLatin1Char(' ')))
-                                                                   : database.errorString();
+    return database.errorString().isEmpty() && !findings.isEmpty()
+               ? damaged(ProjectFile::tr("it has unreadable pages or invalid values."))
+               : database.errorString();
 }
 
 /// The project of an open transaction.
@@ -121,7 +122,11 @@ QString projectChecksum(const Project &project, int version)
         hash.addData(module.state);
     }
     if (version != ProjectFile::versionWithoutProperties) {
-        for (const QString &text : textsOf(project.properties)) {
+        QStringList texts = textsOf(project.properties);
+        for (const StoredModule &module : project.modules) {
+            texts += module.name;
+        }
+        for (const QString &text : qAsConst(texts)) {
             hash.addData(' ' + QByteArray::number(text.toUtf8().size()) + ':' + text.toUtf8());
         }
     }

@@ -335,10 +335,6 @@
         <translation>缺少</translation>
     </message>
     <message>
-        <source>Compare %1 with %2</source>
-        <translation>比较%1与%2</translation>
-    </message>
-    <message>
         <source>The projects have the same content.</source>
         <translation>两个项目内容相同。</translation>
     </message>
@@ -391,6 +387,10 @@
     <message>
         <source>only in the other project</source>
         <translation>仅在另一个项目中</translation>
+    </message>
+    <message>
+        <source>Compare: %1, %2</source>
+        <translation>比较：%1、%2</translation>
     </message>
 </context>
 <context>
@@ -1519,6 +1519,10 @@ Qt %2，使用 Qt %3编译
     <message>
         <source>The file has version %1; this program reads the versions up to %2.</source>
         <translation>该文件的版本为%1；本程序可读取的最高版本为%2。</translation>
+    </message>
+    <message>
+        <source>it has unreadable pages or invalid values.</source>
+        <translation>其中有无法读取的页或无效的值。</translation>
     </message>
 </context>
 <context>

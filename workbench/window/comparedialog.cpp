@@ -49,7 +49,7 @@ CompareDialog::CompareDialog(const Project &left, const QString &leftName, const
 {
     setObjectName(QStringLiteral("compareDialog"));
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(tr("Compare %1 with %2").arg(leftName, rightName));
+    setWindowTitle(tr("Compare: %1, %2").arg(leftName, rightName));
     auto *summary = new QLabel(m_differences.isEmpty() ? tr("The projects have the same content.")
                                                        : tr("%n difference(s)", nullptr, m_differences.size()));
     summary->setObjectName(QStringLiteral("compareSummary"));
