@@ -220,7 +220,7 @@ private:
     {
         m_kind = kind;
         m_par = kind->record(record);
-        m_defaults = kind->record(defaults == "none" ? "" : defaults);
+        m_defaults = defaults == "none" ? Par() : kind->record(defaults);
         m_page = kind->make(m_par, nullptr, nullptr);
         m_requests = 0;
         if (auto *const page = qobject_cast<RecordDefaultsPage *>(m_page.get())) {
