@@ -96,7 +96,15 @@ void ChannelActions::add(const char *stem, int channel, QWidget *editor)
         found = m_columns.insert(found, Column{stem, {}});
     }
     found->cells.append({channel, editor});
-    editor->installEventFilter(this);
+}
+
+void ChannelActions::watchEditors()
+{
+    for (const Column &column : m_columns) {
+        for (const Cell &cell : column.cells) {
+            cell.editor->installEventFilter(this);
+        }
+    }
 }
 
 void ChannelActions::connectTable(QTableWidget *table)

@@ -32,6 +32,10 @@ public:
     /// ascending order. @p editor must live as long as the page.
     void add(const char *stem, int channel, QWidget *editor);
 
+    /// Starts to handle the menus and keys of all editors. Called once, when they are in their layout, because they
+    /// receive many events before.
+    void watchEditors();
+
     /// Restricts "Apply to All Channels" to the selected rows of @p table while two or more are selected.
     void connectTable(QTableWidget *table);
 

@@ -166,6 +166,9 @@ void DefaultsPage::registerTable(QTableWidget *table)
 void DefaultsPage::initConnect()
 {
     connect(m_btnDefault, &QPushButton::clicked, this, &DefaultsPage::slot_btnDefault_clicked);
+    if (m_channelActions != nullptr) {
+        m_channelActions->watchEditors();
+    }
 }
 
 void DefaultsPage::addDefaultsButton(QBoxLayout *layout)
