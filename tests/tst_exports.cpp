@@ -35,6 +35,10 @@ struct Fault {
         return fails;
     }
     bool has(HostCall call) const { return (failed & (1 << int(call))) != 0; }
+    QString textFor(quint32 type) const
+    {
+        return QString::asprintf("%u, %d, %d, %d: ", type, kinds, first, int(lasts));
+    }
 };
 
 /// Calls @p run with faults at all numbers at which they strike, single ones and lasting ones of each kind and of any.
@@ -194,10 +198,7 @@ class TestExports : public QObject {
         const bool isFreed = exists ? left == others : (QStringList(all) << left).removeDuplicates() == left.size();
         wrong << (isFreed ? "" : "claims left");
         wrong.removeAll("");
-        return wrong.isEmpty()
-                   ? QString()
-                   : QString::asprintf("%u, %d, %d, %d: ", type, fault.kinds, fault.first, int(fault.lasts)) +
-                         wrong.join(", ");
+        return wrong.isEmpty() ? QString() : operation + ", " + fault.textFor(type) + wrong.join(", ");
     }
 
 private slots:
@@ -277,25 +278,17 @@ private slots:
                 const QString found = changesBy(type, steps, {}, fails);
                 const bool staysRefused =
                     fault.has(HostCall::TakeMemory) && (fault.lasts || !steps.endsWith("okButton okButton"));
-                const QString text =
-                    QString::asprintf("%u, %d, %d, %d: ", type, fault.kinds, fault.first, int(fault.lasts));
-                QCOMPARE(text + found, text + (staysRefused ? QString() : changes));
+                QCOMPARE(fault.textFor(type) + found, fault.textFor(type) + (staysRefused ? QString() : changes));
             });
         }
     }
 
-    void operationFails_data()
-    {
-        const Rows<QString> row("operation");
-        for (const char *operation : {"createObject", "restore", "recompile", "autoMalloc"}) {
-            row(operation, operation);
-        }
-    }
     void operationFails()
     {
-        QFETCH(QString, operation);
-        for (const quint32 type : {13401U, 13396U, 13400U, 13655U, 13650U, 14421U, 14419U, 14848U}) {
-            forEachFault([&](Fault &fault) { QCOMPARE(wrongAfter(operation, type, fault), QString()); });
+        for (const char *operation : {"createObject", "restore", "recompile", "autoMalloc"}) {
+            for (const quint32 type : {13401U, 13396U, 13400U, 13655U, 13650U, 14421U, 14419U, 14848U}) {
+                forEachFault([&](Fault &fault) { QCOMPARE(wrongAfter(operation, type, fault), QString()); });
+            }
         }
     }
 
@@ -325,12 +318,8 @@ private slots:
             throwingHost().calls.clear();
             const qint32 answer = configure(module.get(), parent, [&edits, byKey](QDialog &dialog) {
                 edit(dialog, edits);
-                auto *name = child(dialog, "nameEdit");
-                if (byKey) {
-                    QTest::keyPress(name, Qt::Key_Return);
-                } else {
-                    QTest::mouseClick(child(dialog, "okButton"), Qt::LeftButton);
-                }
+                byKey ? QTest::keyPress(child(dialog, "nameEdit"), Qt::Key_Return)
+                      : QTest::mouseClick(child(dialog, "okButton"), Qt::LeftButton);
             });
             QVERIFY(parent.isNull());
             QCOMPARE(answer, 0);
@@ -342,7 +331,8 @@ private slots:
 
     void gettersSettersAndBlocks()
     {
-        SimpleExtendPar *module = host().createObject(13650, owner);
+        ModuleHandle handle = m_plugin.own(host().createObject(13650, owner));
+        SimpleExtendPar *module = handle.get();
         module->comment = "remark";
         host().setRackId(module, 2);
         host().setSlotId(module, 3);
@@ -353,16 +343,16 @@ private slots:
         QCOMPARE(host().compile(module, block, list), 0);
         QVERIFY(list.isEmpty());
         QVERIFY(block.startsWith("before\x02"));
-        host().releaseObject(module);
 
-        module = host().restore(state, owner);
-        QCOMPARE(host().getName(module), module->objName);
-        QCOMPARE(host().getComment(module), QStringLiteral("remark"));
+        handle.reset();
+        handle = m_plugin.own(host().restore(state, owner));
+        module = handle.get();
+        QCOMPARE(QStringList({host().getName(module), host().getComment(module)}),
+                 QStringList({module->objName, "remark"}));
         QCOMPARE(host().getPosition(module), QPoint(30, 20));
         QCOMPARE((QList<int>{host().getNodeId(module), host().getRackId(module), host().getSlotId(module)}),
                  (QList<int>{13650, 2, 3}));
         QCOMPARE(host().save(module), state);
-        host().releaseObject(module);
     }
 
     /// The same calls fail for invalid arguments and then for a host that throws.
