@@ -85,7 +85,7 @@ private slots:
     {
         QFETCH(int, index);
         QFETCH(bool, saved);
-        const Golden &golden = goldens().at(index);
+        Golden golden = goldens().at(index);
         const QByteArray bytes = goldenBlock(golden, saved);
         const auto read = blockcheck::read(bytes, owner, formatOf(saved));
         QVERIFY(read);
@@ -111,23 +111,16 @@ private slots:
         recordingHost().calls.clear();
         QVERIFY(blockcheck::read(bytes, QString(), formatOf(saved)));
         QVERIFY(recordingHost().calls.isEmpty());
-    }
 
-    void randomChannelsSurvive_data() { golden_data(); }
-    void randomChannelsSurvive()
-    {
-        QFETCH(int, index);
-        QFETCH(bool, saved);
-        Golden golden = goldens().at(index);
         QRandomGenerator random(static_cast<quint32>(index));
         for (QByteArray &section : golden.sections) {
             section = filled(section, random);
         }
-        const QByteArray bytes = goldenBlock(golden, saved);
-        const auto read = blockcheck::read(bytes, owner, formatOf(saved));
-        QVERIFY(read);
-        read->inMap.unit = read->outMap.unit = static_cast<quint8>(golden.unit);
-        QCOMPARE(blockcheck::write(*read, formatOf(saved)).toHex(), bytes.toHex());
+        const QByteArray randomBytes = goldenBlock(golden, saved);
+        const auto randomRead = blockcheck::read(randomBytes, owner, formatOf(saved));
+        QVERIFY(randomRead);
+        randomRead->inMap.unit = randomRead->outMap.unit = static_cast<quint8>(golden.unit);
+        QCOMPARE(blockcheck::write(*randomRead, formatOf(saved)).toHex(), randomBytes.toHex());
     }
 
     void headerLength_data()
@@ -266,18 +259,15 @@ private slots:
 
     void analogWriterGivesUpButCounts()
     {
-        struct Case {
-            quint8 inputs, outputs;
-            int bytes, sections;
-        };
         const int bytesWithoutSections = goldenBlock(goldens().last(), true).size();
         SimpleExtendPar par = recordOf(goldens().first()); // has one channel of each kind
-        for (const Case &each : {Case{1, 1, 22 + 18, 3}, {1, 2, 0, 3}, {2, 2, 0, 2}}) {
-            par.aiCount = each.inputs;
-            par.aqCount = each.outputs;
+        for (const auto &[inputs, outputs, bytes, sections] :
+             {std::tuple{1, 1, 22 + 18, 3}, {1, 2, 0, 3}, {2, 2, 0, 2}}) {
+            par.aiCount = quint8(inputs);
+            par.aqCount = quint8(outputs);
             const QByteArray state = saveModule(par);
-            QCOMPARE(state.size() - bytesWithoutSections, each.bytes);
-            QCOMPARE(int(state[0]), each.sections);
+            QCOMPARE(state.size() - bytesWithoutSections, bytes);
+            QCOMPARE(int(state[0]), sections);
         }
     }
 
@@ -295,29 +285,23 @@ private slots:
         QCOMPARE(saveModule(weighing).right(9).toHex(), hex("00000009 00 29 0000 02").toHex());
     }
 
-    void markerZeroClearsTheInterruptTable()
-    {
-        QByteArray bytes = goldenBlock(goldens().last(), true);
-        bytes[bytes.size() - 14] = 0;
-        QCOMPARE(int(restoreModule(bytes, owner)->intEnableTbl[4]), 0);
-    }
-
-    void rangesNeedModuleInfo()
+    void moduleInfoDecidesOnTheRanges()
     {
         Golden golden = goldens().at(3);
         golden.moduleInfo = 0;
-        const auto read = restoreModule(goldenBlock(golden, true), owner);
-        QCOMPARE((QList<int>{read->inMap.area, read->outMap.area}), (QList<int>{0, 0}));
+        QByteArray bytes = goldenBlock(golden, true);
+        auto read = restoreModule(bytes, owner);
+        QCOMPARE((QList<int>{read->inMap.area, read->outMap.area, read->intEnableTbl[4]}), (QList<int>{0, 0, 0xE5}));
         QCOMPARE(recordingHost().calls, QStringList());
-        QCOMPARE(int(read->intEnableTbl[4]), 0xE5);
-    }
 
-    void doubleWordOutputsAreCountedAsDigital()
-    {
-        Golden golden = goldens().at(4);
+        golden = goldens().at(4); // outputs of double words are counted as digital
         golden.moduleInfo = 0x07060504;
-        const auto read = restoreModule(goldenBlock(golden, true), owner);
+        read = restoreModule(goldenBlock(golden, true), owner);
         QCOMPARE((QList<int>{read->inMap.count, read->outMap.count}), (QList<int>{6, 5}));
+
+        bytes = goldenBlock(goldens().last(), true);
+        bytes[bytes.size() - 14] = 0; // the marker in front of the interrupt table
+        QCOMPARE(int(restoreModule(bytes, owner)->intEnableTbl[4]), 0);
     }
 
     void textLengths()
