@@ -11,12 +11,10 @@ Q_DECLARE_METATYPE(IoMap)
 
 namespace {
 
-const QString owner = QStringLiteral("plc");
-
 SimpleExtendPar moduleWith(const IoMap &input, const IoMap &output = {})
 {
     SimpleExtendPar par;
-    par.memoryOwner = owner;
+    par.memoryOwner = "plc";
     par.inMap = input;
     par.outMap = output;
     return par;
@@ -231,8 +229,7 @@ private slots:
                 continue;
             }
             const bool isTaken = words[0] == "ok";
-            child<QSpinBox>(page, "inputStart")->setValue(words[1].toInt());
-            child<QSpinBox>(page, "outputStart")->setValue(words[2].toInt());
+            edit(page, QString("inputStart=%1 outputStart=%2").arg(words[1], words[2]));
             recordingHost().takeResult = isTaken ? simulatedhost::Held : 6;
             QCOMPARE(page.saveData(), isTaken);
         }
@@ -259,8 +256,8 @@ private slots:
         QStringList heard;
         for (const char *editor :
              {"inputStart", "inputEnd", "inputLength", "inputUnit", "inputMemory", "outputStart", "outputMemory"}) {
-            QAccessibleInterface *const read = QAccessible::queryAccessibleInterface(child(page, editor));
-            heard += read->text(QAccessible::Name) + ": " + read->text(QAccessible::Description);
+            const auto [name, description] = heardOf(child(page, editor));
+            heard += name + ": " + description;
         }
         QCOMPARE(heard, QStringList({"Input, Start: Input, Start, 0~1000", "Input, End: Input, End",
                                      "Input, Length: Input, Length", "Words: Input, Unit", "AI: Input, Memory",
@@ -275,15 +272,8 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&page));
         auto *start = child<QSpinBox>(page, "inputStart");
         for (const bool focused : {false, true}) {
-            page.setFocus();
-            if (focused) {
-                start->setFocus();
-            }
-            const QPoint place = start->rect().center();
-            QWheelEvent event(place, start->mapToGlobal(place), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
-                              Qt::NoScrollPhase, false);
-            QApplication::sendEvent(start, &event);
-            QCOMPARE(event.isAccepted(), focused);
+            (focused ? start : &page)->setFocus();
+            QCOMPARE(turnWheel(start), focused);
             QCOMPARE(start->value(), focused ? 12 : 10);
         }
     }

@@ -135,32 +135,28 @@ private slots:
     {
         QVector<int> widths;
         for (const int channels : {1, 10, 11}) {
-            Par par = aiRange<13395>.record(QString("0:- ").repeated(channels));
-            const PagePtr page = aiRange<13395>.make(par, nullptr, m_dialog.get());
-            widths.append(page->findChild<QTableWidget *>()->verticalHeader()->sizeHint().width());
+            const QWidget &page = open(aiRange<13395>, QString("0:- ").repeated(channels));
+            widths.append(page.findChild<QTableWidget *>()->verticalHeader()->sizeHint().width());
         }
         QVERIFY(widths[0] == widths[1] && widths[1] < widths[2]);
     }
 
     void rangeChangeWithoutSenderUpdatesTheFirstChannel()
     {
-        Par par = aiRange<13395>.record("0:0/0/3/1 0:0/0/3/1");
-        const PagePtr page = aiRange<13395>.make(par, nullptr, m_dialog.get());
-        child<QComboBox>(*page, "openWire_0")->setCurrentIndex(0);
-        child<QComboBox>(*page, "openWire_1")->setCurrentIndex(0);
-        QVERIFY(QMetaObject::invokeMethod(page.get(), "slot_inputRangeChange"));
-        QCOMPARE(child<QComboBox>(*page, "openWire_0")->currentText(), QString("Enable"));
-        QCOMPARE(child<QComboBox>(*page, "openWire_1")->currentText(), QString("Disable"));
+        QWidget &page = open(aiRange<13395>, "0:0/0/3/1 0:0/0/3/1");
+        edit(page, "openWire_0=0 openWire_1=0");
+        QVERIFY(QMetaObject::invokeMethod(&page, "slot_inputRangeChange"));
+        QCOMPARE(child<QComboBox>(page, "openWire_0")->currentText(), QString("Enable"));
+        QCOMPARE(child<QComboBox>(page, "openWire_1")->currentText(), QString("Disable"));
     }
 
     void outputsAreBelowTheirHeaders()
     {
-        Par par = dqTable.record("16 0000");
-        const PagePtr page = dqTable.make(par, nullptr, m_dialog.get());
-        page->grab(); // activates the layouts
+        QWidget &page = open(dqTable, "16 0000");
+        page.grab(); // activates the layouts
         QStringList headers;
-        for (const auto *label : page->findChildren<QLabel *>()) {
-            const auto *const box = page->findChild<QCheckBox *>("output_" + label->text());
+        for (const auto *label : page.findChildren<QLabel *>()) {
+            const auto *const box = page.findChild<QCheckBox *>("output_" + label->text());
             if (box != nullptr && label->geometry().center().x() == box->geometry().center().x()) {
                 headers.append(label->text());
             }
@@ -199,9 +195,7 @@ private slots:
     {
         QStringList heard;
         for (auto *editor : open().findChildren<QWidget *>(QRegularExpression("^(?!filterLabel)[a-zA-Z]*_1$"))) {
-            QAccessibleInterface *const read = QAccessible::queryAccessibleInterface(editor);
-            const QString name = read->text(QAccessible::Name);
-            const QString description = read->text(QAccessible::Description);
+            const auto [name, description] = heardOf(editor);
             heard << editor->objectName().section('_', 0, 0) + ": " + name +
                          (description == name ? QString() : " (" + description + ')');
         }
@@ -211,9 +205,7 @@ private slots:
 
     void cellsAreHeardAsTheirEditors()
     {
-        Par par = weighing.record("- -");
-        const PagePtr page = weighing.make(par, nullptr, m_dialog.get());
-        auto *table = page->findChild<QTableWidget *>();
+        auto *table = open(weighing, "- -").findChild<QTableWidget *>();
         for (int column = 0; column < table->columnCount(); ++column) {
             const auto *const editor = table->cellWidget(1, column);
             auto *const cell = QAccessible::queryAccessibleInterface(table)->tableInterface()->cellAt(1, column);
@@ -223,20 +215,19 @@ private slots:
 
     void keyboardFocusScrolls_data()
     {
-        const Rows<const Kind *, QString> row("kind", "way");
-        row("a table", &weighing, "filterMode_200 sampleFreq_200 bootClear_200 enable_201");
-        row("rows that scroll", &aiFilter, "deadband_99 filterOn_100 samples_100 deadband_100");
+        const Rows<const Kind *, QString, QStringList> row("kind", "record", "editors");
+        const QString all = QString("- ").repeated(255);
+        row("a table", &weighing, all, {"filterMode_200", "sampleFreq_200", "bootClear_200", "enable_201"});
+        row("rows that scroll", &aiFilter, all, {"deadband_99", "filterOn_100", "samples_100", "deadband_100"});
     }
     void keyboardFocusScrolls()
     {
-        QFETCH(const Kind *, kind);
-        QFETCH(QString, way);
-        const QStringList editors = way.split(' ');
-        Par par = kind->record(QString("- ").repeated(255));
-        const PagePtr page = kind->make(par, nullptr, nullptr);
+        QFETCH(QStringList, editors);
+        m_dialog.reset();
+        QWidget *const page = &open();
         page->resize(400, 200);
         page->show();
-        QVERIFY(QTest::qWaitForWindowActive(page.get()));
+        QVERIFY(QTest::qWaitForWindowActive(page));
         // A click and the activation of the window do not scroll.
         for (const auto reason : {Qt::MouseFocusReason, Qt::ActiveWindowFocusReason, Qt::ShortcutFocusReason}) {
             page->setFocus();
@@ -246,56 +237,48 @@ private slots:
         }
         child(*page, editors[1])->setFocus();
         child(*page, editors[0])->setFocus();
-        for (const QString &next : editors) {
-            const auto *editor = child(*page, next);
-            QCOMPARE(QApplication::focusWidget(), editor);
+        for (int i = 0; i < editors.size() + 40; ++i) {
+            auto *editor = QApplication::focusWidget();
+            QCOMPARE(editor->objectName(), editors.value(i, editor->objectName()));
             QCOMPARE(editor->visibleRegion().boundingRect(), editor->rect());
             QVERIFY(editor->mask().isEmpty()); // headings cover it otherwise
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        }
-        for (int i = 0; i < 40; ++i) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
-            const auto *editor = QApplication::focusWidget();
-            QCOMPARE(editor->visibleRegion().boundingRect(), editor->rect());
-            QVERIFY(editor->mask().isEmpty());
+            QTest::keyClick(editor, i < editors.size() ? Qt::Key_Tab : Qt::Key_Backtab);
         }
     }
 
     // The wheel belongs to the page, because an open list is a window that takes it itself.
     void wheelDoesNotTurnComboBoxes()
     {
-        Par par = aiFilter.record("0/5/320");
-        const PagePtr page = aiFilter.make(par, nullptr, nullptr);
-        page->show();
-        QVERIFY(QTest::qWaitForWindowActive(page.get()));
-        auto *samples = child<QComboBox>(*page, "samples_0");
+        m_dialog.reset();
+        QWidget &page = open(aiFilter, "0/5/320");
+        page.show();
+        QVERIFY(QTest::qWaitForWindowActive(&page));
+        auto *samples = child<QComboBox>(page, "samples_0");
         samples->setFocus();
         QVERIFY(samples->hasFocus());
-        const auto turn = [](QWidget *widget) {
-            const QPoint place = widget->rect().center();
-            QWheelEvent event(place, widget->mapToGlobal(place), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
-                              Qt::NoScrollPhase, false);
-            QApplication::sendEvent(widget, &event);
-            return event.isAccepted();
-        };
-        turn(samples);
+        turnWheel(samples);
         QCOMPARE(samples->currentIndex(), 5);
         QTest::keyClick(samples, Qt::Key_Up); // the keys still turn it
         QCOMPARE(samples->currentIndex(), 4);
-        auto *deadband = child<QSpinBox>(*page, "deadband_0");
+        auto *deadband = child<QSpinBox>(page, "deadband_0");
         deadband->setFocus();
-        QVERIFY(turn(deadband));
+        QVERIFY(turnWheel(deadband));
         QCOMPARE(deadband->value(), 336);
     }
 
 private:
     /// Opens the page of the row's kind with the row's record.
-    const QWidget &open()
+    QWidget &open()
     {
         QFETCH(const Kind *, kind);
         QFETCH(QString, record);
-        m_par = kind->record(record);
-        m_page = kind->make(m_par, nullptr, m_dialog.get());
+        return open(*kind, record);
+    }
+    QWidget &open(const Kind &kind, const QString &record)
+    {
+        m_page.reset();
+        m_par = kind.record(record);
+        m_page = kind.make(m_par, nullptr, m_dialog.get());
         return *m_page;
     }
 

@@ -38,6 +38,22 @@ inline void edit(const QWidget &page, const QString &edits)
     }
 }
 
+/// Turns the wheel up over the widget. Returns whether the widget takes the event.
+inline bool turnWheel(QWidget *widget)
+{
+    const QPoint place = widget->rect().center();
+    QWheelEvent event(place, widget->mapToGlobal(place), {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget, &event);
+    return event.isAccepted();
+}
+
+/// Returns the accessible name and description of a widget.
+inline std::pair<QString, QString> heardOf(QWidget *widget)
+{
+    QAccessibleInterface *const read = QAccessible::queryAccessibleInterface(widget);
+    return {read->text(QAccessible::Name), read->text(QAccessible::Description)};
+}
+
 /// Performs edits, key presses ("F1") and signals ("signal_saveData") as long as the dialog is visible.
 inline void perform(QDialog &dialog, const QString &steps)
 {
