@@ -12,21 +12,11 @@
 namespace {
 
 const quint32 typeCode = 13395;
-const QString metFile = QStringLiteral("hw00003453.met");
 const QByteArray head = "[MODULE START]\nObjID=3453\nServerFile=module.cmp\nModuleInfo=00040000\n"; // lines 1 to 4
 
 QByteArray entry(const QByteArray &moreLines = {})
 {
     return head + moreLines + "[END]\n";
-}
-
-LintContext contextOf(const QString &name)
-{
-    LintContext context;
-    context.fileName = name;
-    context.hostVersion = getAppVerNum();
-    context.componentFolder = getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent);
-    return context;
 }
 
 /// Returns the results of lookup, builder and reader for the file of typeCode.
@@ -44,13 +34,6 @@ QString outcome()
     return text;
 }
 
-QString sorted(const QString &words)
-{
-    QStringList list = words.split(' ');
-    list.sort();
-    return list.join(' ');
-}
-
 } // namespace
 
 class TestMetLint : public QObject {
@@ -59,14 +42,16 @@ class TestMetLint : public QObject {
     QStringList m_messages; ///< of all tests
 
     /// Returns rules and places, such as "no-equals@5:1 prefix-key@6:8".
-    QString placesIn(const QByteArray &content, const LintContext &context = contextOf(metFile))
+    QString placesIn(const QByteArray &content, const QString &name = "hw00003453.met")
     {
+        const LintContext context{name, getAppVerNum(), getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent)};
         QStringList texts;
         for (const Diagnostic &diagnostic : lint(content, context)) {
             const auto &[place, rule, text] = diagnostic;
             texts << QStringLiteral("%1@%2:%3").arg(lintRule(rule).id).arg(place.line).arg(place.column);
             m_messages << formatDiagnostic(context.fileName, diagnostic);
         }
+        texts.sort();
         return texts.join(' ');
     }
 
@@ -159,7 +144,9 @@ private slots:
             return std::pair(placesIn(content), outcome());
         };
         const auto [foundInWritten, resultOfWritten] = resultsOf(written);
-        QCOMPARE(sorted(foundInWritten), sorted(found));
+        QStringList expected = found.split(' ');
+        expected.sort();
+        QCOMPARE(foundInWritten, expected.join(' '));
         QVERIFY2(resultOfWritten.contains(result), qPrintable(resultOfWritten));
         const auto [foundInIntended, resultOfIntended] = resultsOf(intended);
         QVERIFY2(!foundInIntended.contains(found.section('@', 0, 0)), qPrintable(foundInIntended));
@@ -168,16 +155,15 @@ private slots:
 
     void fileName()
     {
-        const QMap<QString, quint32> codes{{"hw00003a00.met", 0x3A00}, // lower-case digits
-                                           {"hw3A00.met", 0x3A00},
-                                           {"hw00000004.met", 4}}; // a type code that is looked up as 3
-        for (auto code = codes.begin(); code != codes.end(); ++code) {
+        // Lower-case digits, too few digits, a type code that is looked up as 3.
+        for (const auto &[name, code] :
+             {std::pair{"hw00003a00.met", 0x3A00U}, {"hw3A00.met", 0x3A00}, {"hw00000004.met", 4}}) {
             CatalogFolder catalog;
-            const QByteArray content = entry().replace("3453", QByteArray::number(*code, 16));
-            catalog.writeFile("6/" + code.key(), content);
-            QCOMPARE(placesIn(content, contextOf(code.key())), QStringLiteral("file-name@1:1"));
+            const QByteArray content = entry().replace("3453", QByteArray::number(code, 16));
+            catalog.writeFile(QStringLiteral("6/") + name, content);
+            QCOMPARE(placesIn(content, name), QStringLiteral("file-name@1:1"));
             ModuleMetInfo info;
-            QCOMPARE(lookUpMetInfo(*code, info), -1);
+            QCOMPARE(lookUpMetInfo(code, info), -1);
         }
     }
 
@@ -211,10 +197,8 @@ private slots:
     void newerHostFindsWhatWasHidden()
     {
         const CatalogFolder catalog;
-        LintContext newer = contextOf(metFile);
-        newer.hostVersion = 2301;
-        const QByteArray content = entry("NeedHwCnfgVersion=2301\n") + entry();
-        QCOMPARE(placesIn(content, newer), QStringLiteral("duplicate-entry@8:7"));
+        recordingHost().appVersion = 2301;
+        QCOMPARE(placesIn(entry("NeedHwCnfgVersion=2301\n") + entry()), QStringLiteral("duplicate-entry@8:7"));
     }
 
     void program_data()
@@ -265,10 +249,8 @@ private slots:
         const QString document = QString::fromUtf8(file.readAll());
         for (const LintRule &rule : lintRules()) {
             const QStringList messages = m_messages.filter(QStringLiteral("[%1]").arg(rule.id));
-            const bool isDocumented =
-                std::any_of(messages.begin(), messages.end(),
-                            [&document](const QString &message) { return document.contains(message); });
-            QVERIFY2(isDocumented,
+            const auto isDocumented = [&document](const QString &message) { return document.contains(message); };
+            QVERIFY2(std::any_of(messages.begin(), messages.end(), isDocumented),
                      qPrintable(rule.id + QStringLiteral(" is not documented as any of ") + messages.join('\n')));
         }
     }
