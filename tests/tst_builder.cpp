@@ -106,10 +106,8 @@ private slots:
         const auto analog = buildDefault(13395, owner);
         const auto digital = buildDefault(13650, owner);
         QCOMPARE(recordingHost().calls, QStringList({"auto plc 6 600", "auto plc 129 38"}));
-        QCOMPARE(int(analog->aiCount), 44);
-        QCOMPARE(analog->aiRange.size(), 256);
-        QCOMPARE(int(digital->diCount), 44);
-        QCOMPARE(digital->diFilter.size(), 38);
+        QCOMPARE((QList<int>{analog->aiCount, analog->aiRange.size(), digital->diCount, digital->diFilter.size()}),
+                 (QList<int>{44, 256, 44, 38}));
 
         recordingHost().channels['I'] = 0x7FFFFFFF; // must not overflow when it is rounded up to bytes
         QCOMPARE(buildDefault(13650, QString())->diFilter.size(), 0x10000000);

@@ -158,8 +158,7 @@ private slots:
         const QByteArray before = saveModule(*par);
         const QStringList held = claims(owner);
         OpenDialog opened(par.get());
-        opened.find<QSpinBox>("inputStart")->setValue(40);
-        opened.press("defaultAllButton");
+        edit(*opened.operator->(), "inputStart=40 defaultAllButton");
         QCOMPARE(opened.find<QLineEdit>("nameEdit")->text(), factoryName);
         QCOMPARE(opened.find<QComboBox>("samples_1")->currentIndex(), 5);
         QCOMPARE(opened.find<QSpinBox>("inputStart")->value(), 40);
@@ -308,17 +307,13 @@ private slots:
             }
             {
                 OpenDialog opened(&par);
-                const auto pressOk = [&opened](const QPoint &starts, int deadband) {
-                    opened.find<QSpinBox>("inputStart")->setValue(starts.x());
-                    opened.find<QSpinBox>("outputStart")->setValue(starts.y());
-                    opened.find<QSpinBox>("deadband_0")->setValue(deadband);
-                    opened.press("okButton");
-                };
+                const QString edits = "inputStart=%1 outputStart=%2 deadband_0=%3 okButton";
                 for (int step = 0, rest = walk; step < steps; ++step, rest /= moves.size()) {
-                    pressOk(moves[rest % moves.size()], 20);
+                    const QPoint &starts = moves[rest % moves.size()];
+                    edit(*opened.operator->(), edits.arg(starts.x()).arg(starts.y()).arg(20));
                 }
                 if (close == "ok") {
-                    pressOk({80, 0}, 0);
+                    edit(*opened.operator->(), edits.arg(80).arg(0).arg(0));
                 } else if (close == "cancel") {
                     opened.press("cancelButton");
                 } else {
@@ -340,10 +335,8 @@ private slots:
     {
         const auto par = buildDefault(mixedAnalog, QStringLiteral("other"));
         SimpleExtendcfgdlg dialog(par.get(), owner, nullptr, false);
-        dialog.findChild<QSpinBox *>("inputStart")->setValue(40);
-        dialog.findChild<QSpinBox *>("deadband_0")->setValue(20);
         BoxRecorder boxes;
-        dialog.slot_bttnOK();
+        edit(dialog, "inputStart=40 deadband_0=20 okButton");
         dialog.reject();
         QCOMPARE(simulatedhost::claimedRanges("other").first().start, int(par->inMap.start));
     }

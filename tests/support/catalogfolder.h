@@ -30,12 +30,6 @@ public:
         }
         return file.fileName();
     }
-    void remove(const QString &name) const
-    {
-        if (!QFile::remove(path(name))) {
-            qFatal("cannot remove %s", qPrintable(name));
-        }
-    }
 
     void writeDescription(quint32 typeCode, const QByteArray &content) const
     {
