@@ -272,7 +272,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&page));
         auto *start = child<QSpinBox>(page, "inputStart");
         for (const bool focused : {false, true}) {
-            (focused ? start : &page)->setFocus();
+            (focused ? static_cast<QWidget *>(start) : &page)->setFocus();
             QCOMPARE(turnWheel(start), focused);
             QCOMPARE(start->value(), focused ? 12 : 10);
         }
