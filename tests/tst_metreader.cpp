@@ -91,8 +91,12 @@ private slots:
         const Rows<QByteArray, QString> row("lines", "fields");
         row("text", "MetVersion=1.0\nMLFB= A 1 \nServerFile=a=b", "metVersion=1.0; mlfb=A 1; serverFile=a=b");
         row("key case is ignored, white space is collapsed", "objname = A  \t B", "objName=A B");
+        row("value in the local encoding", "ObjName=\xC3\xA9\xE6\xA8\xA1", "objName=é模");
+        row("key matches as a prefix", "ObjNameX=x", "objName=x");
         row("letters beyond ASCII whose lower case is s and k", u8"I\u017FCatEntry=1\n\u017FupportRac\u212A=9",
             "isCatEntry=1; supportRack=9");
+        row("a line without an equals sign is the value", "MLFB only  this", "mlfb=MLFB only this");
+        row("a leading space disables the key", " ObjName=x", "");
         row("comment", "; ObjName=x\n  ;ObjName=y", "");
         row("unknown key and empty lines", "\nColour=blue\n   \n=3", "");
         row("lower-case start", "ObjName=lost\n[module start] trailing", "");
@@ -100,13 +104,21 @@ private slots:
             "objId=13395; parentObjId=255; moduleInfo=262144");
         row("maximum number and overflow", "ObjID=FFFFFFFF\nParentObjID=100000000", "objId=4294967295");
         row("malformed numbers", "ObjID=xyz\nBaseType=-1\nNumIOModules=1.5\nFwVersion=1.a\nSupportHSC=", "");
+        row("numbers are truncated to their field", "BaseType=257\nNumIOModules=511\nFwVersion=25.7",
+            "baseType=1; numIOModules=255; fwVersion=1");
         row("signed fields wrap", "SupportHSC=4294967295\nsupportRack=0\nSupportEtherCAT=7",
             "supportEtherCAT=7; supportRack=0; supportHSC=-1");
+        row("dots are removed from the version", "FwVersion=1.2.3", "fwVersion=123");
         row("flags", "IsCatEntry=2\nSupportGrpCnfg=1\nSampPeriodGrpCnfg=1\nSupportCANopen=1\nsoftctrlremote=x",
             "isCatEntry=1; supportGrpCnfg=1; sampPeriodGrpCnfg=1; supportCANopen=1");
         row("the sixth byte is ignored", "IntSupported=1,2,3,4,5,6\nIntEnableTbl=A, b ,,0x1F,1FF",
             "intSupported=0102030405; intEnableTbl=0a0b001fff");
+        row("missing bytes keep their value", "SyncCnfg=1,2,3\nSyncCnfg=9\nBuffCnfg=\nReservBytes=,8",
+            "syncCnfg=090203000000000000; reservBytes=0008000000000000");
+        row("lists append", "NotSupported=1,,x\nNotSupported=FF\nSampPeriodList=5ms, 10ms\nSampPeriodList=",
+            "notSupported=1|0|0|ff; sampPeriodList=5ms| 10ms|");
         row("prefix tests run in table order", "SupportRack=9\nSupportHSCount=3", "supportRack=9; supportHSC=3");
+        row("carriage returns", "ObjName=x\r\nMLFB=y\r", "objName=x; mlfb=y");
         row("fields that a start resets",
             "MetVersion=1\nNeedHwCnfgVersion=1\nObjName=n\nMLFB=m\nObjID=1\nParentObjID=1\nBaseType=1\nNumIOModules=1\n"
             "NotSupported=1\nServerFile=s\nIsCatEntry=1\nModuleInfo=1\nIntSupported=1\nIntEnableTbl=1\nFwVersion=1\n"
@@ -137,9 +149,11 @@ private slots:
         row("the first match wins", 13395, first + "ObjName=second\n[END]\n", 0, "first");
         row("the index counts all entries before the match", 13395, other + other + first, 2, "first");
         row("the code is hexadecimal", 13395, "ObjID=13395\n[END]\n", -1, "");
+        row("a newer entry ends the search", 13395, newer + first, -1, "");
         row("a newer entry after the match has no effect", 13395, first + newer, 0, "first");
         row("an entry of the host's version is found", 13395, "NeedHwCnfgVersion=2300\n" + first + "[END]", 0, "first");
         row("versions are compared without sign", 13395, "NeedHwCnfgVersion=4294967295\nObjID=3453\n[END]\n", -1, "");
+        row("unfinished entry", 13395, "[MODULE START]\nObjID=3453\nObjName=x\n", -1, "");
         row("a second start discards the entry", 13395,
             "[MODULE START]\nObjID=3453\n[MODULE START]\nObjName=x\n[END]\n", -1, "");
         row("empty file", 13395, "", -1, "");
