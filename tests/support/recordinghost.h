@@ -57,26 +57,40 @@ bool freeMemory(const QString &owner, VarArea area, qint32 start, qint32 length)
     return true;
 }
 
-#define RECORDS_SNAPSHOT(name, call)                                                                                   \
-    void name(const QString &owner)                                                                                    \
-    {                                                                                                                  \
-        recordingHost().calls << QStringLiteral(call " ") + owner;                                                     \
-    }
+void backupUsedMemory(const QString &owner)
+{
+    recordingHost().calls << QStringLiteral("backup ") + owner;
+}
 
-RECORDS_SNAPSHOT(backupUsedMemory, "backup")
-RECORDS_SNAPSHOT(popBackupMemory, "pop")
-RECORDS_SNAPSHOT(restoreUsedMemory, "restore")
+void popBackupMemory(const QString &owner)
+{
+    recordingHost().calls << QStringLiteral("pop ") + owner;
+}
 
-#define COUNTS_CHANNELS(name, kind, shift)                                                                             \
-    qint32 name(quint32 moduleInfo)                                                                                    \
-    {                                                                                                                  \
-        return recordingHost().count(kind, moduleInfo, shift);                                                         \
-    }
+void restoreUsedMemory(const QString &owner)
+{
+    recordingHost().calls << QStringLiteral("restore ") + owner;
+}
 
-COUNTS_CHANNELS(getModuleDINum, 'I', 0)
-COUNTS_CHANNELS(getModuleDQNum, 'Q', 8)
-COUNTS_CHANNELS(getModuleAINum, 'i', 16)
-COUNTS_CHANNELS(getModuleAQNum, 'q', 24)
+qint32 getModuleDINum(quint32 moduleInfo)
+{
+    return recordingHost().count('I', moduleInfo, 0);
+}
+
+qint32 getModuleDQNum(quint32 moduleInfo)
+{
+    return recordingHost().count('Q', moduleInfo, 8);
+}
+
+qint32 getModuleAINum(quint32 moduleInfo)
+{
+    return recordingHost().count('i', moduleInfo, 16);
+}
+
+qint32 getModuleAQNum(quint32 moduleInfo)
+{
+    return recordingHost().count('q', moduleInfo, 24);
+}
 
 quint32 getAppVerNum()
 {
