@@ -134,7 +134,6 @@ private slots:
     void explainsStarts()
     {
         QFETCH(IoMap, range);
-        QFETCH(QString, keys);
         QFETCH(QString, explanation);
         for (const Qt::Key endOfEditing : {Qt::Key_Return, Qt::Key_Enter}) {
             SimpleExtendPar par = moduleWith(range);
@@ -148,7 +147,7 @@ private slots:
             auto *start = child<QSpinBox>(page, "inputStart");
             start->setFocus();
             start->selectAll();
-            for (const QChar key : keys) {
+            for (const QChar key : fetched<QString>("keys")) {
                 const QHash<QChar, Qt::Key> arrows{{'^', Qt::Key_Up}, {'v', Qt::Key_Down}};
                 QTest::keyClick(start, arrows.value(key, Qt::Key(key.unicode())));
             }
@@ -179,13 +178,12 @@ private slots:
     }
     void saveCalls()
     {
-        QFETCH(QString, edits);
         QFETCH(int, answer);
         SimpleExtendPar par = moduleWith({6, 2, 4, 1, 2}, {7, 4, 2, 1, 2});
         QWidget parent;
         parent.setWindowTitle("X");
         SAddrMapWgt page(&par, nullptr, &parent);
-        edit(page, edits);
+        edit(page, fetched<QString>("edits"));
         recordingHost().calls.clear();
         recordingHost().takeResult = answer;
         const bool held = answer == simulatedhost::Held;
@@ -217,11 +215,10 @@ private slots:
     }
     void discards()
     {
-        QFETCH(QString, steps);
         SimpleExtendPar par = moduleWith({6, 2, 4, 1, 2}, {7, 4, 2, 1, 2});
         SAddrMapWgt page(&par, nullptr, nullptr);
         BoxRecorder boxes;
-        for (const QString &step : steps.split(", ", Qt::SkipEmptyParts)) {
+        for (const QString &step : fetched<QString>("steps").split(", ", Qt::SkipEmptyParts)) {
             const QStringList words = step.split(' ');
             if (words[0] == "host") {
                 par.inMap.start = quint16(words[1].toInt());

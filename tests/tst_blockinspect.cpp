@@ -84,10 +84,8 @@ private slots:
     }
     void meanings()
     {
-        QFETCH(quint32, objId);
-        QFETCH(QString, meanings);
-        const DecodedBlock decoded = decodeSavedState(sample(objId));
-        for (const QString &expected : meanings.split('|')) {
+        const DecodedBlock decoded = decodeSavedState(sample(fetched<quint32>("objId")));
+        for (const QString &expected : fetched<QString>("meanings").split('|')) {
             const QString name = expected.section(": ", 0, 0);
             const Field *field = decoded.find(name);
             QVERIFY2(field, qPrintable(name));
@@ -140,8 +138,7 @@ private slots:
     }
     void damage()
     {
-        QFETCH(QByteArray, bytes);
-        const DecodedBlock decoded = decodeSavedState(bytes);
+        const DecodedBlock decoded = decodeSavedState(fetched<QByteArray>("bytes"));
         QTEST(decoded.refused, "refused");
         QTEST(damageText({decoded}).section(';', 0, 0).remove("Damaged at "), "firstDamage");
     }
@@ -185,10 +182,8 @@ private slots:
     }
     void program()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QByteArray, input);
         QFETCH(QString, output);
-        const auto [status, shown, complaint] = run(arguments, input);
+        const auto [status, shown, complaint] = run(fetched<QStringList>("arguments"), fetched<QByteArray>("input"));
         QTEST(status, "status");
         QCOMPARE(QString::fromUtf8(shown), output);
         QVERIFY(!output.isEmpty() || complaint.startsWith("blockinspect: "));

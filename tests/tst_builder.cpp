@@ -51,9 +51,8 @@ private slots:
     void build()
     {
         QFETCH(quint32, code);
-        QFETCH(quint32, moduleInfo);
         CatalogFolder catalog;
-        catalog.writeModule(code, moduleInfo);
+        catalog.writeModule(code, fetched<quint32>("moduleInfo"));
         recordingHost().allocate = [](VarArea, qint32 length) { return length; };
         const auto par = buildDefault(code, owner);
         QVERIFY(par);
@@ -83,12 +82,10 @@ private slots:
     }
     void refusal()
     {
-        QFETCH(QByteArray, lines);
-        QFETCH(qint32, inputs);
         QFETCH(qint32, start);
         CatalogFolder catalog;
-        catalog.writeModule(13395, 0x02010000, lines);
-        recordingHost().channels = {{'i', inputs}};
+        catalog.writeModule(13395, 0x02010000, fetched<QByteArray>("lines"));
+        recordingHost().channels = {{'i', fetched<qint32>("inputs")}};
         recordingHost().allocate = [start](VarArea area, qint32) {
             return area == VarArea::AnalogOutput ? 65535 : start;
         };
@@ -123,14 +120,11 @@ private slots:
     }
     void confirm()
     {
-        QFETCH(int, area);
         QFETCH(int, count);
-        QFETCH(int, unit);
-        QFETCH(qint32, found);
         QFETCH(QStringList, calls);
-        recordingHost().takeResult = found;
+        recordingHost().takeResult = fetched<qint32>("found");
         recordingHost().allocate = [](VarArea, qint32) { return 70000; };
-        IoMap range{quint8(area), 40, quint8(count), 1, quint8(unit)};
+        IoMap range{quint8(fetched<int>("area")), 40, quint8(count), 1, quint8(fetched<int>("unit"))};
         QVERIFY(confirmRange(owner, range, VarArea::AnalogInput));
         QCOMPARE(recordingHost().takeCalls(), calls);
         QCOMPARE(int(range.start), calls.size() == 2 ? 70000 - 65536 : 40);

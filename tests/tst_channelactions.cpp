@@ -104,11 +104,10 @@ private slots:
     }
     void changesChannels()
     {
-        QFETCH(QString, steps);
         QFETCH(QString, message);
         open();
         const QString before = m_kind->text(m_par);
-        for (const QString &step : steps.split(' ')) {
+        for (const QString &step : fetched<QString>("steps").split(' ')) {
             take(step);
         }
         QCOMPARE(m_kind->text(m_par), before); // only OK writes
@@ -150,10 +149,8 @@ private slots:
     }
     void contextMenuHasTheActions()
     {
-        QFETCH(QString, editor);
-        QFETCH(QString, own);
         open();
-        auto *const widget = child(*m_page, editor);
+        auto *const widget = child(*m_page, fetched<QString>("editor"));
         const QPoint place = widget->mapTo(m_page.get(), widget->rect().center());
         QTest::mouseClick(m_page->windowHandle(), Qt::RightButton, {}, place);
         auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
@@ -168,7 +165,7 @@ private slots:
                 }
             }
         }
-        QCOMPARE(entries, own);
+        QCOMPARE(entries, fetched<QString>("own"));
         QTEST(widget->property("value").toInt(), "steppedDown");
         for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Return}) { // up to the last entries
             QTest::keyClick(menu, key);
@@ -208,10 +205,8 @@ private slots:
 private:
     void open()
     {
-        QFETCH(const Kind *, kind);
-        QFETCH(QString, record);
         const bool hasDefaults = QByteArray(QTest::currentTestFunction()) == "changesChannels";
-        openPage(kind, record,
+        openPage(fetched<const Kind *>("kind"), fetched<QString>("record"),
                  hasDefaults ? *static_cast<QString *>(QTest::qData("defaults", QMetaType::QString)) : "none");
     }
 

@@ -268,12 +268,7 @@ private slots:
 
 private:
     /// Opens the page of the row's kind with the row's record.
-    QWidget &open()
-    {
-        QFETCH(const Kind *, kind);
-        QFETCH(QString, record);
-        return open(*kind, record);
-    }
+    QWidget &open() { return open(*fetched<const Kind *>("kind"), fetched<QString>("record")); }
     QWidget &open(const Kind &kind, const QString &record)
     {
         m_page.reset();

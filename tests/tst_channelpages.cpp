@@ -126,13 +126,11 @@ private slots:
     {
         QFETCH(const Kind *, kind);
         QFETCH(QString, before);
-        QFETCH(QString, edits);
-        QFETCH(QString, defaults);
         QFETCH(QString, told);
         Par par = kind->record(before);
-        Par defaultPar = kind->record(defaults);
+        Par defaultPar = kind->record(fetched<QString>("defaults"));
         const PagePtr page = kind->make(par, &defaultPar, m_dialog.get());
-        edit(*page, edits);
+        edit(*page, fetched<QString>("edits"));
         QCOMPARE(kind->text(par), kind->text(kind->record(before))); // only saveData() writes
 
         QStringList disabled;

@@ -93,11 +93,10 @@ private slots:
     }
     void groups()
     {
-        QFETCH(quint32, code);
         QFETCH(QPoint, areas);
         const quint8 channels = areas.x() < 0 ? 0 : 1;
         SimpleExtendPar par;
-        par.objId = code;
+        par.objId = fetched<quint32>("code");
         par.objName = "Rack %1";
         par.inMap = {quint8(qAbs(areas.x())), 0, channels, 1, 2};
         par.outMap = {quint8(qAbs(areas.y())), 0, channels, 1, 2};

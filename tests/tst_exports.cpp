@@ -268,10 +268,9 @@ private slots:
     /// to the end make a difference.
     void hostFails()
     {
-        QFETCH(QVector<quint32>, types);
         QFETCH(QString, steps);
         QFETCH(QString, changes);
-        for (const quint32 type : types) {
+        for (const quint32 type : fetched<QVector<quint32>>("types")) {
             QCOMPARE(changesBy(type, steps, {}), changes);
             forEachFault([&](Fault &fault) {
                 const auto fails = [&fault](HostCall call) { return fault.strikes(call); };

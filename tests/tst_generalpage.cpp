@@ -81,7 +81,6 @@ private slots:
     {
         QFETCH(QString, editor);
         QFETCH(QString, before);
-        QFETCH(QStringList, steps);
         SimpleExtendPar par;
         QString &stored = editor == "nameEdit" ? par.objName : par.comment;
         stored = QString(before).remove('|');
@@ -97,7 +96,7 @@ private slots:
             event.setCommitString(text);
             QApplication::sendEvent(field, &event);
         };
-        for (const QString &step : steps) {
+        for (const QString &step : fetched<QStringList>("steps")) {
             const QString text = step.mid(1);
             if (step[0] == '!') {
                 QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);

@@ -181,13 +181,12 @@ private slots:
     }
     void places()
     {
-        QFETCH(MakePage, make);
         SimpleExtendPar par = smallModule();
         QWidget parent;
         QFont font;
         font.setPixelSize(4); // sizes are the prescribed ones, not those that a large font needs
         parent.setFont(font);
-        QTEST(describeItems(make(par, nullptr, &parent)->layout()), "places");
+        QTEST(describeItems(fetched<MakePage>("make")(par, nullptr, &parent)->layout()), "places");
     }
 };
 

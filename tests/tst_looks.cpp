@@ -65,11 +65,9 @@ private slots:
     }
     void truncatesNoText()
     {
-        QFETCH(bool, chinese);
-        QFETCH(double, fontFactor);
         QFETCH(bool, whileOpen);
-        const QFont font = enlarged(m_font, fontFactor);
-        if (chinese) {
+        const QFont font = enlarged(m_font, fetched<double>("fontFactor"));
+        if (fetched<bool>("chinese")) {
             QCoreApplication::installTranslator(&m_chinese);
         }
         auto samples = samplemodules::factoryModules(true);
@@ -102,16 +100,14 @@ private slots:
     }
     void noteIsReadable()
     {
-        QFETCH(int, window);
-        QFETCH(int, background);
         auto &dialog = show(samplemodules::withChannels(0x3459, 4));
         auto *note = dialog.findChild<QLabel *>("noteLabel");
         const QString text = "Configuration must be downloaded before taking effect.";
         QCOMPARE(note->text(), "<font color=\"#0000FF\">" + text + "</font>");
         const auto shownBackground = [&dialog, note] { return dialog.grab().toImage().pixelColor(note->pos()); };
         const QPalette before = dialog.palette();
-        dialog.setPalette(grayPalette(window));
-        QCOMPARE(shownBackground(), grayPalette(background).color(QPalette::Window));
+        dialog.setPalette(grayPalette(fetched<int>("window")));
+        QCOMPARE(shownBackground(), grayPalette(fetched<int>("background")).color(QPalette::Window));
         dialog.setPalette(before);
         QCOMPARE(shownBackground(), before.color(QPalette::Window));
 
@@ -187,12 +183,10 @@ private slots:
     }
     void scrollsRowsBelowHeadings()
     {
-        QFETCH(quint32, typeCode);
-        QFETCH(int, page);
         QFETCH(QString, heading);
         QApplication::setFont(enlarged(m_font, 2));
-        auto &dialog = show(samplemodules::withChannels(typeCode, 255));
-        showPage(dialog, page);
+        auto &dialog = show(samplemodules::withChannels(fetched<quint32>("typeCode"), 255));
+        showPage(dialog, fetched<int>("page"));
         QVector<QScrollBar *> bars;
         for (const auto *area : dialog.findChildren<QAbstractScrollArea *>()) {
             if (area->isVisible() && area->verticalScrollBar()->maximum() > 0) {

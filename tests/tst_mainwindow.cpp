@@ -309,9 +309,8 @@ private slots:
     }
     void opensHelpOfKeywords()
     {
-        QFETCH(QString, keyword);
         QFETCH(QString, page);
-        startHelpSys(keyword);
+        startHelpSys(fetched<QString>("keyword"));
         const auto *browser = child<QTextBrowser>("helpBrowser");
         QVERIFY(child<HelpDock>("helpDock")->isVisible() && !browser->toPlainText().isEmpty());
         QCOMPARE(browser->source().toString(), "qrc:/help/" + page);
@@ -372,15 +371,13 @@ private slots:
     }
     void runsWithoutAWindow()
     {
-        QFETCH(QString, arguments);
-        QFETCH(QString, output);
         QProcess process;
         process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(WORKBENCH_PROGRAM, arguments.split(' '));
+        process.start(WORKBENCH_PROGRAM, fetched<QString>("arguments").split(' '));
         QVERIFY(process.waitForFinished());
         QTEST(process.exitCode(), "exitCode");
         const QString written = process.readAll();
-        QVERIFY2(written.contains(QRegularExpression(output)), qPrintable(written));
+        QVERIFY2(written.contains(QRegularExpression(fetched<QString>("output"))), qPrintable(written));
     }
 };
 

@@ -57,8 +57,7 @@ private slots:
     }
     void matchesModel()
     {
-        QFETCH(quint32, seed);
-        QRandomGenerator random(seed);
+        QRandomGenerator random(fetched<quint32>("seed"));
         Model model;
         for (int i = 0; i < 4000; ++i) {
             const VarArea area = random.bounded(2) == 0 ? VarArea::AnalogInput : VarArea::DigitalOutput;
@@ -116,12 +115,11 @@ private slots:
     void refusalsNameAreaAndAddresses()
     {
         QFETCH(QVector<int>, request);
-        QFETCH(QString, text);
         QCOMPARE(getMemory(owner, VarArea::DigitalOutput, 10, 4), qint32{Held});
         const qint32 code = request[3];
         QCOMPARE(getMemory(code == NoOwner ? "" : owner, VarArea(request[0]), request[1], request[2]), code);
         const QString message = getMemoryErrStrByErrCode(code);
-        QVERIFY2(message.contains(QRegularExpression(text)), qPrintable(message));
+        QVERIFY2(message.contains(QRegularExpression(fetched<QString>("text"))), qPrintable(message));
         QVERIFY(getMemoryErrStrByErrCode(999).contains("999"));
         simulatedhost::reset();
         QVERIFY(getMemoryErrStrByErrCode(code) != message);

@@ -135,20 +135,18 @@ private slots:
     void diagnostic()
     {
         QFETCH(QString, found);
-        QFETCH(QByteArray, written);
-        QFETCH(QByteArray, intended);
         QFETCH(QString, result);
         const auto resultsOf = [this](const QByteArray &content) {
             CatalogFolder catalog;
             catalog.writeDescription(typeCode, content);
             return std::pair(placesIn(content), outcome());
         };
-        const auto [foundInWritten, resultOfWritten] = resultsOf(written);
+        const auto [foundInWritten, resultOfWritten] = resultsOf(fetched<QByteArray>("written"));
         QStringList expected = found.split(' ');
         expected.sort();
         QCOMPARE(foundInWritten, expected.join(' '));
         QVERIFY2(resultOfWritten.contains(result), qPrintable(resultOfWritten));
-        const auto [foundInIntended, resultOfIntended] = resultsOf(intended);
+        const auto [foundInIntended, resultOfIntended] = resultsOf(fetched<QByteArray>("intended"));
         QVERIFY2(!foundInIntended.contains(found.section('@', 0, 0)), qPrintable(foundInIntended));
         QVERIFY2(!resultOfIntended.contains(result), qPrintable(resultOfIntended));
     }
@@ -227,14 +225,13 @@ private slots:
     }
     void program()
     {
-        QFETCH(QStringList, arguments);
         QFETCH(int, exitCode);
         QFETCH(QString, output);
         CatalogFolder catalog;
         catalog.writeDescription(typeCode, entry("ObjName=\"a\"\n"));
         const QString folder = catalog.path();
         QProcess process;
-        process.start(METLINT_PROGRAM, arguments.replaceInStrings("@DIR@", folder));
+        process.start(METLINT_PROGRAM, fetched<QStringList>("arguments").replaceInStrings("@DIR@", folder));
         QVERIFY(process.waitForFinished());
         QCOMPARE(QString::fromUtf8(process.readAllStandardOutput()), output.replace("@DIR@", folder));
         QCOMPARE(process.exitCode(), exitCode);

@@ -132,9 +132,8 @@ private slots:
     }
     void entry()
     {
-        QFETCH(QByteArray, lines);
         CatalogFolder catalog;
-        catalog.writeDescription(13395, lines + "\n[END]\nObjName=after the last end");
+        catalog.writeDescription(13395, fetched<QByteArray>("lines") + "\n[END]\nObjName=after the last end");
         const QVector<ModuleMetInfo> entries = readMetEntries(13395);
         QCOMPARE(entries.size(), 1);
         QTEST(changes(entries.first()), "fields");

@@ -245,11 +245,10 @@ private slots:
     }
     void rejectsDamagedFiles()
     {
-        QFETCH(Damage, damage);
         QFETCH(QString, reason);
         const ProjectFile file(m_path);
         QVERIFY(file.write(oldProject));
-        damage(m_path);
+        fetched<Damage>("damage")(m_path);
         const QByteArray damaged = contentOf(m_path);
         const QString readReason = file.read().reason();
         QVERIFY2(readReason.contains(reason), qPrintable(readReason));

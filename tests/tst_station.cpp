@@ -70,8 +70,7 @@ private slots:
     /// The second module is a pasted copy of the first.
     void everyTypeGetsItsAddresses()
     {
-        QFETCH(quint32, type);
-        auto station = stationOf({type});
+        auto station = stationOf({fetched<quint32>("type")});
         QCOMPARE(station->paste(station->stored(0).state, {0, 1}).reason(), QString());
         QStringList found;
         for (int i = 0; i < 2; ++i) {
@@ -183,11 +182,10 @@ private slots:
     }
     void reportsWhatTheCatalogLacks()
     {
-        QFETCH(QByteArray, lines);
         QFETCH(QString, reason);
         const Project project = stationOf({13656})->project();
         CatalogFolder catalog;
-        catalog.writeModule(13656, 0x00001010, lines);
+        catalog.writeModule(13656, 0x00001010, fetched<QByteArray>("lines"));
         QVERIFY(Station(m_plugin, otherOwner).add(13656, {}).reason().contains(reason));
         const auto opened = Station::opened(m_plugin, owner, project);
         QVERIFY2((*opened)->module(0).unavailable.contains(reason), qPrintable((*opened)->module(0).unavailable));
@@ -267,12 +265,9 @@ private slots:
     }
     void runsBatchTasks()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, status);
-        QFETCH(QString, output);
         QFETCH(QByteArray, written);
-        QCOMPARE(int{batch(arguments)}, status);
-        QVERIFY2(m_output.contains(QRegularExpression(output)), qPrintable(m_output));
+        QCOMPARE(int{batch(fetched<QStringList>("arguments"))}, fetched<int>("status"));
+        QVERIFY2(m_output.contains(QRegularExpression(fetched<QString>("output"))), qPrintable(m_output));
         QByteArray found;
         for (const QString &file : QDir().entryList({"x.*"})) {
             found += file.toUtf8() + ':' + contentOf(file);

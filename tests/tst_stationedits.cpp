@@ -36,8 +36,7 @@ private slots:
     /// The model is a map of type codes by place. Undo and redo must restore every byte.
     void randomEditsMatchAPlainModel()
     {
-        QFETCH(quint32, seed);
-        QRandomGenerator random(seed);
+        QRandomGenerator random(fetched<quint32>("seed"));
         const std::vector<quint32> types = allTypes();
         Station station(m_plugin, owner);
         QUndoStack stack;
@@ -190,14 +189,13 @@ private slots:
     /// The station has one module, whose outputs are at a high address.
     void failedEditsChangeNothing()
     {
-        QFETCH(Edit, edit);
         QFETCH(QString, reason);
         const auto station = stationOf({13655});
         StoredModule module = station->take({0, 0});
         module.state = withFields(module.state, {{"outMap.start", QByteArray(1, 0x20)}});
         QVERIFY(station->put(module));
         const QStringList before = textsOf(station->project()) + claims(owner);
-        const Result<> result = edit(*station);
+        const Result<> result = fetched<Edit>("edit")(*station);
         QVERIFY2(!result && result.reason().contains(reason), qPrintable(result.reason()));
         QCOMPARE(textsOf(station->project()) + claims(owner), before);
     }

@@ -70,12 +70,10 @@ private slots:
     void addresses()
     {
         QFETCH(IoMap, range);
-        QFETCH(QString, typed);
-        QFETCH(QString, address);
-        const std::optional<Address> parsed = parseAddress(typed);
+        const std::optional<Address> parsed = parseAddress(fetched<QString>("typed"));
         const std::optional<int> channel = parsed ? channelAt(range, *parsed) : std::nullopt;
         QTEST(channel.value_or(-1), "channel");
-        QCOMPARE(channel ? channelAddress(range, *channel) : QString(), address);
+        QCOMPARE(channel ? channelAddress(range, *channel) : QString(), fetched<QString>("address"));
     }
 
     void channels_data()
@@ -107,10 +105,9 @@ private slots:
     void channels()
     {
         QFETCH(quint32, type);
-        QFETCH(Bytes, changes);
         QFETCH(int, row);
         const auto station = stationOf({14848, type, type});
-        change(*station, {0, 2}, changes);
+        change(*station, {0, 2}, fetched<Bytes>("changes"));
         const ChannelList list(*station);
         const auto [first, count] = list.rowsOf({0, 2});
         QCOMPARE(first + count, list.count());

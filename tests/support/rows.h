@@ -17,3 +17,10 @@ public:
         (QTest::newRow(name.constData()) << ... << values);
     }
 };
+
+/// The value of a column in the current row, for a value that is used once. QFETCH declares a variable.
+template <typename Type>
+Type fetched(const char *column)
+{
+    return *static_cast<Type *>(QTest::qData(column, qMetaTypeId<Type>()));
+}
