@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr qint64 maximumSize = 1024 * 1024; // bytes, many times the size of any description file
+constexpr qint64 maximumSize = 1024LL * 1024; // bytes, many times the size of any description file
 
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(Problems)

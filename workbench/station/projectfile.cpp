@@ -206,7 +206,7 @@ Result<ProjectFile::Written> ProjectFile::write(const Project &project, const QS
 Result<> ProjectFile::createWith(const Project &project) const
 {
     const TemporaryName temporary(m_path);
-    if (const Result<> written = writeNew(temporary.path(), project); !written) {
+    if (Result<> written = writeNew(temporary.path(), project); !written) {
         return written;
     }
     QFile file(temporary.path());
@@ -217,7 +217,7 @@ Result<> ProjectFile::createWith(const Project &project) const
 Result<> ProjectFile::keepBackup(const Project &project) const
 {
     const TemporaryName temporary(m_path);
-    if (const Result<> written = writeNew(temporary.path(), project); !written) {
+    if (Result<> written = writeNew(temporary.path(), project); !written) {
         return written;
     }
     std::error_code error;

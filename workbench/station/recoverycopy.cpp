@@ -106,6 +106,7 @@ std::vector<std::unique_ptr<RecoveryCopy>> RecoveryCopy::abandoned(const QString
     }
     std::sort(found.begin(), found.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
     std::vector<std::unique_ptr<RecoveryCopy>> copies;
+    copies.reserve(found.size());
     for (auto &[time, copy] : found) {
         copies.push_back(std::move(copy));
     }

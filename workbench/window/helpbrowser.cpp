@@ -61,7 +61,7 @@ void HelpBrowser::showPage(const QString &page)
 
 QVariant HelpBrowser::loadResource(int type, const QUrl &name)
 {
-    const QVariant page = QTextBrowser::loadResource(type, name);
+    QVariant page = QTextBrowser::loadResource(type, name);
     if (type != QTextDocument::HtmlResource) {
         return page;
     }

@@ -53,14 +53,14 @@ void MemoryStrip::setRanges(qint32 size, const QVector<Range> &ranges)
 void MemoryStrip::replaceRanges(Place place, const QVector<Range> &ranges)
 {
     const auto isOld = [place](const Range &range) { return range.place == place; };
-    const auto end = std::remove_if(m_ranges.begin(), m_ranges.end(), isOld);
+    auto *const end = std::remove_if(m_ranges.begin(), m_ranges.end(), isOld);
     if (end == m_ranges.end() && ranges.isEmpty()) {
         return;
     }
     m_ranges.erase(end, m_ranges.end());
     for (const Range &range : ranges) {
-        const auto next = std::upper_bound(m_ranges.begin(), m_ranges.end(), range,
-                                           [](const Range &a, const Range &b) { return a.start < b.start; });
+        auto *const next = std::upper_bound(m_ranges.begin(), m_ranges.end(), range,
+                                            [](const Range &a, const Range &b) { return a.start < b.start; });
         m_ranges.insert(next, range);
     }
     retranslate();
@@ -94,9 +94,9 @@ qint32 MemoryStrip::usedBytes() const
 
 const MemoryStrip::Range *MemoryStrip::firstSelected() const
 {
-    const auto found = std::find_if(m_ranges.begin(), m_ranges.end(),
-                                    [&](const Range &range) { return m_selected.contains(range.place.index()); });
-    return found == m_ranges.end() ? nullptr : &*found;
+    const auto *const found = std::find_if(
+        m_ranges.begin(), m_ranges.end(), [&](const Range &range) { return m_selected.contains(range.place.index()); });
+    return found == m_ranges.end() ? nullptr : found;
 }
 
 QRect MemoryStrip::select(const QSet<int> &places)

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 shownSize = 1024 * 1024; // bytes
+constexpr qint64 shownSize = 1024LL * 1024; // bytes
 
 } // namespace
 

@@ -25,7 +25,7 @@ Inks inksFor(QIcon::Mode mode)
     const QPalette palette = QGuiApplication::palette();
     const bool dark = isDark(palette);
     if (mode == QIcon::Disabled) {
-        const QColor gray = palette.color(QPalette::Disabled, QPalette::ButtonText);
+        const QColor &gray = palette.color(QPalette::Disabled, QPalette::ButtonText);
         return {gray, gray, Qt::transparent};
     }
     return {palette.color(QPalette::ButtonText), dark ? QColor(0x6c, 0xb4, 0xf5) : QColor(0x1f, 0x6f, 0xc4),
