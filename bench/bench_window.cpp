@@ -27,7 +27,7 @@ constexpr double stepGrowthGoal = 1.5;
 constexpr double stepGoal = 0.005; ///< seconds
 constexpr double linear = double(moduleCounts[1]) / moduleCounts[0];
 
-/// A window with a station of as many modules as @p modules says, opened from a file.
+/// A window with a station that is opened from a file.
 class Workbench {
 public:
     Workbench(const PluginLibrary &plugin, const QString &path)

@@ -21,7 +21,7 @@ class QWidget;
 /// The page owns the actions, which have shortcuts while the focus is in the page. They are also in the context menus
 /// of the editors. They act on the editor with the focus, or on the last one if the focus is in the page's table, where
 /// the user selects channels. Each other editor changes as if the user had edited it; a disabled editor, or one
-/// that does not offer the value, stays unchanged. A tool tip tells the result.
+/// that does not offer the value, stays unchanged. A tool tip shows the result.
 class ChannelActions : public QObject {
     Q_OBJECT
 public:

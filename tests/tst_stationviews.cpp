@@ -113,7 +113,7 @@ private slots:
         QCOMPARE(first + count, list.count());
         QCOMPARE(list.rowsOf({0, 0}).second, 0);
         const ChannelRow channel = list.at(first + row);
-        const ChannelParameters parameters = list.parameters(first + row);
+        const ChannelParameters &parameters = list.parameters(first + row);
         QStringList settings;
         for (const ChannelSetting &setting : parameters.settings) {
             settings += setting.title + (setting.isChanged ? " !" : " ") + setting.text;
@@ -184,13 +184,14 @@ private slots:
             lines += differenceLine(difference, "A", "B");
         }
         QVERIFY(lines.takeFirst().startsWith("project: plcType: "));
-        QCOMPARE(lines, QStringList({"project: title: \"\" -> \"A\\u000aB\"",
-                                     "rack 0, slot 0: \"Analog Input 4 x U/I\" analogInput[2].inputRange: 0 (0~10V) -> "
-                                     "3 (4~20mA)",
-                                     "rack 0, slot 1: \"Digital Input 8 x 24 V\" header.rackId: 0 -> 5",
-                                     "rack 0, slot 1: \"Digital Input 8 x 24 V\" header.slotId: 1 -> 6",
-                                     "rack 0, slot 4: \"Analog Output 2 x U/I\" (type 13399) is only in A",
-                                     "rack 0, slot 1: \"Digital Output 16 Relay\" (type 13654) is only in B"}));
+        QCOMPARE(
+            lines,
+            QStringList({"project: title: \"\" -> \"A\\u000aB\"",
+                         R"(rack 0, slot 0: "Analog Input 4 x U/I" analogInput[2].inputRange: 0 (0~10V) -> 3 (4~20mA))",
+                         "rack 0, slot 1: \"Digital Input 8 x 24 V\" header.rackId: 0 -> 5",
+                         "rack 0, slot 1: \"Digital Input 8 x 24 V\" header.slotId: 1 -> 6",
+                         "rack 0, slot 4: \"Analog Output 2 x U/I\" (type 13399) is only in A",
+                         "rack 0, slot 1: \"Digital Output 16 Relay\" (type 13654) is only in B"}));
     }
 
     void pastesParameters()

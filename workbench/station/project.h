@@ -24,6 +24,7 @@ struct Place {
     int index() const { return rack * slotCount + slot; }
     bool operator==(const Place &other) const { return rack == other.rack && slot == other.slot; }
     bool operator!=(const Place &other) const { return !(*this == other); }
+    bool operator<(const Place &other) const { return index() < other.index(); }
 };
 Q_DECLARE_METATYPE(Place)
 

@@ -132,7 +132,7 @@ Result<> Station::checkMove(const QVector<Place> &places, Place by) const
     }
     for (const Place from : places) {
         const Place to{from.rack + by.rack, from.slot + by.slot};
-        if (const Result<> free = checkFree(to); !free && !(to.isValid() && leaving.contains(to.index()))) {
+        if (Result<> free = checkFree(to); !free && !(to.isValid() && leaving.contains(to.index()))) {
             return free;
         }
     }

@@ -32,10 +32,10 @@ private:
     bool m_isExecuted = false;
 };
 
-/// Takes modules, the last one first, because the modules behind a taken one move up.
+/// Takes modules, the last one first, because the modules after a taken one move up.
 std::vector<StoredModule> takeAll(Station &station, QVector<Place> places)
 {
-    std::sort(places.begin(), places.end(), [](Place a, Place b) { return a.index() < b.index(); });
+    std::sort(places.begin(), places.end());
     std::vector<StoredModule> taken;
     taken.reserve(static_cast<std::size_t>(places.size()));
     std::transform(places.rbegin(), places.rend(), std::back_inserter(taken),
@@ -116,6 +116,7 @@ Result<> StationEdits::add(quint32 typeCode, Place place)
 std::vector<Place> StationEdits::targets(const std::vector<StoredModule> &modules, Place at) const
 {
     std::vector<Place> places;
+    places.reserve(modules.size());
     for (const StoredModule &module : modules) {
         places.push_back(shifted(module.place, modules.front().place, at));
     }
@@ -160,7 +161,7 @@ PasteResult StationEdits::paste(const std::vector<StoredModule> &modules, Place 
             ++result.failures[kept.reason()];
         }
     }
-    std::sort(result.places.begin(), result.places.end(), [](Place a, Place b) { return a.index() < b.index(); });
+    std::sort(result.places.begin(), result.places.end());
     if (!result.places.isEmpty()) {
         pushReplacement({}, stored(result.places),
                         result.places.size() == 1 ? tr("Paste %1").arg(nameAt(result.places.first()))
@@ -212,13 +213,12 @@ Result<> PasteResult::result() const
 
 Result<> StationEdits::moveBy(QVector<Place> places, Place by)
 {
-    if (const Result<> possible = m_station.checkMove(places, by); !possible || by == Place()) {
+    if (Result<> possible = m_station.checkMove(places, by); !possible || by == Place()) {
         return possible;
     }
     // A module moves into the slot of another moved one after that one has left it.
     const bool forward = by.index() > 0;
-    std::sort(places.begin(), places.end(),
-              [forward](Place a, Place b) { return forward ? a.index() > b.index() : a.index() < b.index(); });
+    std::sort(places.begin(), places.end(), [forward](Place a, Place b) { return forward ? b < a : a < b; });
     QVector<Place> targets;
     for (const Place place : qAsConst(places)) {
         targets.append({place.rack + by.rack, place.slot + by.slot});

@@ -66,7 +66,7 @@ Result<> StationDocument::open(const QString &path, const Progress &progress)
 {
     const Result<Project> project = ProjectFile(path).read();
     if (!project) {
-        return project;
+        return project.failure();
     }
     Result<std::unique_ptr<Station>> opened = Station::opened(m_plugin, nextMemoryOwner(), *project, progress);
     if (!opened) {

@@ -119,7 +119,7 @@ private:
 
     QString titleText() const
     {
-        if (const QString title = m_station.properties().title; !title.isEmpty()) {
+        if (QString title = m_station.properties().title; !title.isEmpty()) {
             return title;
         }
         return m_info.fileName.isEmpty() ? Texts::tr("New station") : QFileInfo(m_info.fileName).completeBaseName();

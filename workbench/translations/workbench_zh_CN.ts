@@ -711,6 +711,10 @@
         <source>OK</source>
         <translation>确定</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>Files</name>
@@ -1682,10 +1686,6 @@ Qt %2，使用 Qt %3编译
     <message>
         <source>Preparing the report...</source>
         <translation>正在准备报告...</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
     </message>
     <message>
         <source>Report</source>

@@ -13,8 +13,8 @@ constexpr qint64 bitsOfArea = qint64{1} << 24; // more than any area has
 
 qint64 addressOrder(const ChannelRow &channel)
 {
-    const int bitsPerChannel = channel.range.unit == 0 ? 1 : 8 * channel.range.unit;
-    return channel.range.area * bitsOfArea + channel.range.start * 8 + channel.channel * bitsPerChannel;
+    const qint64 bitsPerChannel = channel.range.unit == 0 ? 1 : 8 * channel.range.unit;
+    return channel.range.area * bitsOfArea + qint64{8} * channel.range.start + channel.channel * bitsPerChannel;
 }
 
 } // namespace

@@ -9,12 +9,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QProgressDialog>
 #include <QPushButton>
 
 namespace {
 
-constexpr int progressDelay = 400; // ms until a long operation shows its progress
 constexpr int shownProblems = 8;
 
 QString shown(const QString &path)
@@ -29,21 +27,6 @@ FileCommands::FileCommands(StationDocument &document, QWidget &window)
 {
     connect(&document, &StationDocument::stationReplaced, this, &FileCommands::markBlocksOutdated);
     connect(&document.undoStack(), &QUndoStack::indexChanged, this, &FileCommands::markBlocksOutdated);
-}
-
-template <typename Work>
-auto FileCommands::withProgress(const QString &label, Work work)
-{
-    QProgressDialog dialog(label, tr("Cancel"), 0, 0, &m_window);
-    dialog.setObjectName(QStringLiteral("progressDialog"));
-    dialog.setWindowTitle(tr("Module Workbench"));
-    dialog.setWindowModality(Qt::WindowModal);
-    dialog.setMinimumDuration(progressDelay);
-    return work([&dialog](int done, int total) {
-        dialog.setMaximum(total);
-        dialog.setValue(done);
-        return !dialog.wasCanceled();
-    });
 }
 
 void FileCommands::create()
@@ -75,7 +58,7 @@ void FileCommands::openRecent(const QString &path)
 bool FileCommands::openFile(const QString &path)
 {
     const QString name = QFileInfo(path).fileName();
-    const Result<> opened = withProgress(tr("Opening %1...").arg(name),
+    const Result<> opened = withProgress(&m_window, tr("Opening %1...").arg(name),
                                          [&](const Progress &progress) { return m_document.open(path, progress); });
     if (!opened) {
         return offerRecover(path, opened);
@@ -111,8 +94,8 @@ bool FileCommands::offerRecover(const QString &path, const Result<> &rejected)
 
 bool FileCommands::recover(const QString &path)
 {
-    const auto losses =
-        withProgress(tr("Recovering..."), [&](const Progress &progress) { return m_document.recover(path, progress); });
+    const auto losses = withProgress(&m_window, tr("Recovering..."),
+                                     [&](const Progress &progress) { return m_document.recover(path, progress); });
     if (!losses) {
         showFailure(&m_window, tr("%1 cannot be recovered.").arg(shown(path)), losses);
         return false;
@@ -208,8 +191,8 @@ bool FileCommands::saveChanged(const QString &path)
 void FileCommands::compile()
 {
     const Station &station = m_document.station();
-    const std::optional<QByteArray> blocks =
-        withProgress(tr("Compiling..."), [&station](const Progress &progress) { return station.compiled(progress); });
+    const std::optional<QByteArray> blocks = withProgress(
+        &m_window, tr("Compiling..."), [&station](const Progress &progress) { return station.compiled(progress); });
     if (!blocks) {
         return;
     }
@@ -244,7 +227,7 @@ void FileCommands::decompile()
     if (path.isEmpty()) {
         return;
     }
-    const auto rebuilt = withProgress(tr("Decompiling..."),
+    const auto rebuilt = withProgress(&m_window, tr("Decompiling..."),
                                       [&](const Progress &progress) { return m_document.readBlocks(path, progress); });
     if (!rebuilt) {
         showFailure(&m_window, tr("%1 cannot be read.").arg(shown(path)), rebuilt);

@@ -43,9 +43,6 @@ private:
     bool recover(const QString &path);
     void showUnavailable();
     void markBlocksOutdated();
-    /// Returns work(progress). A long operation shows its progress and can be cancelled.
-    template <typename Work>
-    auto withProgress(const QString &label, Work work);
 
     StationDocument &m_document;
     QWidget &m_window;

@@ -10,6 +10,8 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(FileQuestions)
 };
 
+constexpr int progressDelay = 400; // ms until a long operation shows its progress
+
 } // namespace
 
 QString stationFilter()
@@ -20,6 +22,16 @@ QString stationFilter()
 QString blockFilter()
 {
     return Texts::tr("Configuration blocks (*.blk);;All files (*)");
+}
+
+std::unique_ptr<QProgressDialog> newProgressDialog(QWidget *parent, const QString &label)
+{
+    auto dialog = std::make_unique<QProgressDialog>(label, Texts::tr("Cancel"), 0, 0, parent);
+    dialog->setObjectName(QStringLiteral("progressDialog"));
+    dialog->setWindowTitle(Texts::tr("Module Workbench"));
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->setMinimumDuration(progressDelay);
+    return dialog;
 }
 
 QString askForNewFile(QWidget *parent, const QString &title, const QString &present, const QString &filter,

@@ -150,7 +150,7 @@ void ModuleCommands::step(void (QUndoStack::*run)(), const QString &text)
     for (const int index : present.isEmpty() ? left : present) {
         places.append(Place::at(index));
     }
-    std::sort(places.begin(), places.end(), [](Place a, Place b) { return a.index() < b.index(); });
+    std::sort(places.begin(), places.end());
     m_racks.selectPlaces(present.isEmpty() ? places.mid(0, 1) : places);
     emit message(text);
 }

@@ -306,7 +306,7 @@ QVector<Place> RackView::selectedModules() const
             places.append(RackModel::placeOf(index));
         }
     }
-    std::sort(places.begin(), places.end(), [](Place a, Place b) { return a.index() < b.index(); });
+    std::sort(places.begin(), places.end());
     return places;
 }
 

@@ -1,5 +1,6 @@
 #include "reportdialog.h"
 
+#include "actiontexts.h"
 #include "filequestions.h"
 #include "windowsize.h"
 
@@ -9,7 +10,6 @@
 #include <QFileInfo>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QProgressDialog>
 #include <QToolBar>
 
 namespace {
@@ -17,23 +17,6 @@ namespace {
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(ReportDialog)
 };
-
-constexpr int progressDelay = 400; // ms until a long operation shows its progress
-
-/// Returns work(progress). A long operation shows its progress and can be cancelled.
-template <typename Work>
-auto withProgress(QWidget *parent, Work work)
-{
-    QProgressDialog dialog(Texts::tr("Preparing the report..."), Texts::tr("Cancel"), 0, 0, parent);
-    dialog.setWindowTitle(Texts::tr("Report"));
-    dialog.setWindowModality(Qt::WindowModal);
-    dialog.setMinimumDuration(progressDelay);
-    return work([&dialog](int done, int total) {
-        dialog.setMaximum(total);
-        dialog.setValue(done);
-        return !dialog.wasCanceled();
-    });
-}
 
 void saveReport(const Station &station, const std::vector<CatalogEntry> &catalog, const ReportInfo &info,
                 QWidget *parent)
@@ -49,8 +32,9 @@ void saveReport(const Station &station, const std::vector<CatalogEntry> &catalog
     if (path.isEmpty()) {
         return;
     }
-    const Result<> written = withProgress(
-        parent, [&](const Progress &progress) { return writeReport(path, station, catalog, info, progress); });
+    const Result<> written = withProgress(parent, Texts::tr("Preparing the report..."), [&](const Progress &progress) {
+        return writeReport(path, station, catalog, info, progress);
+    });
     showFailure(parent, Texts::tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path)), written);
 }
 
@@ -67,11 +51,13 @@ void showReport(const Station &station, const std::vector<CatalogEntry> &catalog
     preview.setObjectName(QStringLiteral("reportPreview"));
     preview.setWindowTitle(Texts::tr("Report"));
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter *device) {
-        withProgress(parent, [&](const Progress &progress) { return printReport(parts, *device, progress); });
+        withProgress(parent, Texts::tr("Preparing the report..."),
+                     [&](const Progress &progress) { return printReport(parts, *device, progress); });
     });
     if (auto *bar = preview.findChild<QToolBar *>()) { // the dialog has no other place for commands
         QAction *save = bar->addAction(Texts::tr("&Save As..."));
         save->setObjectName(QStringLiteral("saveReportAction"));
+        save->setIconText(plainText(*save));
         QObject::connect(save, &QAction::triggered, &preview, [&] { saveReport(station, catalog, info, &preview); });
     }
     resizeToFit(preview, {960, 860});
