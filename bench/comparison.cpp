@@ -103,19 +103,24 @@ QString sideOf(const QString &name, const QString &work)
 /// Returns an empty list if a benchmark of the row did not run.
 QStringList cellsOf(const TimeRow &row, const FastestReporter &reporter)
 {
-    const bool isComplete = reporter.has(row.ours) && std::all_of(row.peers.begin(), row.peers.end(),
-                                                                  [&](const auto &name) { return reporter.has(name); });
-    if (!isComplete) {
+    QStringList needed = row.peers + QStringList{row.ours};
+    if (!row.floor.isEmpty()) {
+        needed << row.floor;
+    }
+    if (!std::all_of(needed.begin(), needed.end(), [&](const auto &name) { return reporter.has(name); })) {
         return {};
     }
-    const double ours = reporter.fastest(row.ours);
-    double peer = 0;
+    const double floor = row.floor.isEmpty() ? 0 : reporter.fastest(row.floor);
+    const double ours = reporter.fastest(row.ours) - floor;
+    double peer = -floor;
     QStringList peerNames;
     for (const QString &name : row.peers) {
         peer += reporter.fastest(name);
         peerNames << sideOf(name, row.work);
     }
-    QStringList cells{row.work, sideOf(row.ours, row.work), peerNames.join(QLatin1String(" + ")), timeText(ours)};
+    const QString work =
+        row.floor.isEmpty() ? row.work : row.work % QStringLiteral(", less ") % row.floor.section(QLatin1Char('/'), -1);
+    QStringList cells{work, sideOf(row.ours, row.work), peerNames.join(QLatin1String(" + ")), timeText(ours)};
     if (!row.peers.isEmpty()) {
         cells << timeText(peer) << verdict(ours / peer, row.goal);
     } else if (row.goal > 0) {

@@ -11,11 +11,14 @@
 #include <vector>
 
 /// Two benchmarks, by their names. The times of several peers are added. Without a peer the row shows only our time.
+/// A floor is work that both sides need and that neither can make faster, such as system calls. The row then shows both
+/// times less that of the floor, so its ratio depends less on the machine.
 struct TimeRow {
     QString work;
     QString ours;
     QStringList peers;
     double goal = 0; ///< maximum ratio ours / peer; without a peer the maximum time in seconds; 0 = none
+    QString floor{}; ///< empty: none
 };
 
 /// Two figures other than times, such as bytes.

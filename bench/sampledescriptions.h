@@ -96,6 +96,13 @@ inline qint32 lookUpPlainly(quint32 typeCode, ModuleMetInfo &destination)
     return index;
 }
 
+/// Opens and reads the file without any use of its content. Empty if that is not possible.
+inline QByteArray readDescription(quint32 typeCode)
+{
+    QFile file(metFilePath(typeCode));
+    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ? file.readAll() : QByteArray();
+}
+
 } // namespace sampledescriptions
 
 QString getHwcnfgComponentPath(HwcnfgComponent component)
