@@ -15,6 +15,7 @@ if ((${#programs[@]} == 0)); then
 fi
 
 mkdir -p build/release/bench
+LC_ALL=C lscpu | sed -nE 's/^ *(Model name|CPU family|Model|CPU\(s\)): */\1: /p'
 for program in "${programs[@]}"; do
     if [[ ! -f bench/bench_$program.cpp ]]; then
         echo "bench: no benchmark has the name $program" >&2
