@@ -1,5 +1,5 @@
-# Installs a build, starts the installed workbench, and builds and runs the example, which uses the installed package
-# only.
+# Installs a build, starts the installed workbench, checks the installed host libraries, and builds and runs the
+# example, which uses the installed package only.
 set(folder ${BUILD_FOLDER}/package-test)
 set(installed ${folder}/installed)
 file(REMOVE_RECURSE ${folder})
@@ -23,6 +23,8 @@ run(${installed}/bin/workbench --table)
 if(NOT output MATCHES "Digital Input 16 x 24 V")
     message(FATAL_ERROR "The installed workbench does not list the modules of the installed catalog")
 endif()
+
+run(${installed}/bin/hostcheck)
 
 run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/../../examples/minimal-host -B ${folder}/build -G ${GENERATOR}
     -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D CMAKE_PREFIX_PATH=${installed})

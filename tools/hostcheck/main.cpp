@@ -60,7 +60,7 @@ void print(const QStringList &keys, const QVector<Row> &rows, bool asJson)
         QString line;
         QJsonObject object;
         for (int i = 0; i < keys.size(); ++i) {
-            line += i + 1 < keys.size() ? row.at(i).leftJustified(18) : row.at(i);
+            line += i + 1 < keys.size() ? row.at(i).leftJustified(i == 0 ? 18 : 13) : row.at(i);
             object.insert(keys.at(i), row.at(i));
         }
         array.append(object);
