@@ -87,7 +87,7 @@ std::variant<QByteArray, ChildFailure> runIsolated(const std::function<QByteArra
     if (size <= 0) {
         return ChildFailure{endText(status, seconds)};
     }
-    const QByteArray text(report.data() + 1, static_cast<int>(size) - 1);
+    QByteArray text(report.data() + 1, static_cast<int>(size) - 1);
     if (report[0] == threw) {
         return ChildFailure{text};
     }

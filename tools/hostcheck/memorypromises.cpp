@@ -2,6 +2,7 @@
 #include "promises.h"
 
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -125,7 +126,7 @@ void checkAreaSize(const Owners &owners)
     const PlcTypeVersion plc = host::getPrjPlcTypeVersion(owners.station);
     inEachArea(owners.station, [&plc](const Memory &memory) {
         const quint32 found = host::getPlcAddrRange(plc.type, plc.version, QString::fromLatin1(memory.area().name));
-        const quint32 maximum = memory.area().isOfBits ? addressCount - 1 : addressCount;
+        const auto maximum = static_cast<quint32>(memory.area().isOfBits ? addressCount - 1 : addressCount);
         memory.expect(found >= 1 && found <= maximum,
                       QStringLiteral("getPlcAddrRange returned %1, not 1 to %2").arg(found).arg(maximum));
         const auto size = static_cast<qint32>(found);
