@@ -149,7 +149,7 @@ private slots:
         QFETCH(QStringList, libraries);
         QFETCH(int, status);
         const HostFolder host(libraries);
-        QStringList arguments = fetched<QStringList>("arguments");
+        auto arguments = fetched<QStringList>("arguments");
         if (!libraries.isEmpty()) {
             arguments.append(host.path());
         }
