@@ -26,6 +26,9 @@ struct Options {
     QCommandLineOption diff{QStringLiteral("diff"),
                             QStringLiteral("Print only the fields in which FILE and OTHER differ."),
                             QStringLiteral("OTHER")};
+    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help and exit.")};
+    QCommandLineOption version{{QStringLiteral("v"), QStringLiteral("version")},
+                               QStringLiteral("Show the version and exit.")};
 };
 
 void complain(const QString &message)
@@ -160,28 +163,33 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("blockinspect"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TOOLS_VERSION));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Prints every field of a module's block: offset, bytes, name, value and meaning.\n"
         "The values are those that the plug-in reads. For a damaged block it reports the first invalid place.\n"
         "No catalog is needed. Names are decoded in the encoding of the locale. The output is UTF-8.\n\n"
-        "Exit status: 0 the block is valid, or the two blocks are equal; 1 the two blocks differ;\n"
-        "2 a block is damaged, a file cannot be read or the command line is invalid.\n\n"
+        "Exit status:\n"
+        "  0  The block is valid, or the two blocks are equal.\n"
+        "  1  The two blocks differ.\n"
+        "  2  A block is damaged, a file cannot be read or the command line is invalid.\n\n"
         "Examples:\n"
-        "  blockinspect module.state\n"
-        "  blockinspect --config --json station.block\n"
-        "  blockinspect before.state --diff after.state"));
+        "  $ blockinspect module.state\n"
+        "  $ blockinspect --config --json station.block\n"
+        "  $ blockinspect before.state --diff after.state"));
     const Options options;
-    parser.addOptions({options.config, options.hex, options.json, options.diff});
-    const QCommandLineOption help = parser.addHelpOption();
+    parser.addOptions({options.config, options.hex, options.json, options.diff, options.help, options.version});
     parser.addPositionalArgument(QStringLiteral("FILE"),
                                  QStringLiteral("The file with the block; - is standard input."));
     if (!parser.parse(QCoreApplication::arguments())) {
         complain(parser.errorText());
         return Failure;
     }
-    if (parser.isSet(help)) {
+    if (parser.isSet(options.help)) {
         parser.showHelp(Success);
+    }
+    if (parser.isSet(options.version)) {
+        parser.showVersion();
     }
     if (parser.positionalArguments().size() != 1) {
         complain(QStringLiteral("expected one FILE; see --help"));

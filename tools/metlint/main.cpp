@@ -175,9 +175,12 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("metlint"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TOOLS_VERSION));
 
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Show this help and exit."));
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     QStringLiteral("Show the version and exit."));
     const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print JSON instead of lines."));
     const QCommandLineOption list(QStringLiteral("list-rules"), QStringLiteral("List the rules and exit."));
     const QCommandLineOption host(
@@ -194,11 +197,17 @@ int main(int argc, char *argv[])
         QStringLiteral("NAME"));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Reports where the host reads something else than a module description file appears to say.\n"
-        "Prints file:line:column: severity: text [rule]. Exit status: 0 no diagnostics, 1 diagnostics, 2 invalid\n"
-        "command line or unreadable file."));
-    parser.addOptions({help, json, list, host, components, encoding});
+    parser.setApplicationDescription(
+        QStringLiteral("Reports where the host reads something else than a module description file appears to say.\n"
+                       "Prints file:line:column: severity: text [rule].\n\n"
+                       "Exit status:\n"
+                       "  0  There are no diagnostics.\n"
+                       "  1  There are diagnostics.\n"
+                       "  2  The command line is invalid or a file cannot be read.\n\n"
+                       "Examples:\n"
+                       "  $ metlint hw00003453.met\n"
+                       "  $ metlint --json --components components descriptions"));
+    parser.addOptions({help, version, json, list, host, components, encoding});
     parser.addPositionalArgument(
         QStringLiteral("FILE|FOLDER..."),
         QStringLiteral("Description files, folders of them, or the folder that holds the folders 6 and 9."));
@@ -210,6 +219,9 @@ int main(int argc, char *argv[])
     }
     if (parser.isSet(help)) {
         parser.showHelp(Clean);
+    }
+    if (parser.isSet(version)) {
+        parser.showVersion();
     }
     if (parser.isSet(list)) {
         listRules(parser.isSet(json));

@@ -222,7 +222,7 @@ BatchOptions::BatchOptions()
       compare(QStringLiteral("compare"),
               QStringLiteral("Batch: print one line for each difference between [file] and the project <other>."),
               QStringLiteral("other")),
-      create(QStringLiteral("new"), QStringLiteral("Batch: create the project file <project>, with --modules."),
+      create(QStringLiteral("new"), QStringLiteral("Batch: with --modules, create the project file <project>."),
              QStringLiteral("project")),
       modules(QStringLiteral("modules"),
               QStringLiteral("Batch: number of modules for --new. Uses all module types in turn."),
