@@ -1,4 +1,6 @@
-// Draws the dialog's images: drawicons FOLDER writes every image at 24 pixels and, as @2x, at 48.
+// Draws the images of the dialog and the icon of the workbench: drawicons IMAGES ICONS writes to the folder IMAGES
+// every image at 24 pixels and, as @2x, at 48, and to the folder ICONS the icon as an icon theme has it.
+#include <QDir>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -44,6 +46,20 @@ void drawRack(QPainter &painter)
     }
 }
 
+/// The rack in the 16 pixels in the middle, because a line thinner than a pixel is blurred.
+void drawSmallRack(QPainter &painter)
+{
+    bar(painter, {4, 10, 16, 3}, shade);
+    box(painter, {5.5, 5.5, 5, 13}, accent, outline);
+    bar(painter, {7, 7, 2, 2}, body);
+    bar(painter, {7, 15, 2, 2}, good);
+    for (const qreal x : {10.5, 14.5}) {
+        box(painter, {x, 5.5, 4, 13}, body, outline);
+        bar(painter, {x + 0.5, 8, 3, 1}, outline);
+        bar(painter, {x + 0.5, 15, 3, 2}, shade);
+    }
+}
+
 void drawFolder(QPainter &painter)
 {
     box(painter, {2.5, 4.5, 8, 6}, paperShade, paperShade.darker(130));
@@ -65,13 +81,17 @@ void drawSliders(QPainter &painter)
     }
 }
 
-bool write(const QString &fileName, int scale, void (*draw)(QPainter &))
+/// Enlarges the drawing to the size of the image. A smaller image shows the middle of the drawing.
+bool write(const QString &fileName, int pixels, void (*draw)(QPainter &))
 {
-    QImage image(size * scale, size * scale, QImage::Format_ARGB32_Premultiplied);
+    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(pixels / 2, pixels / 2);
+    const qreal scale = qMax(1.0, qreal(pixels) / size);
     painter.scale(scale, scale);
+    painter.translate(-size / 2, -size / 2);
     draw(painter);
     painter.end();
     return image.save(fileName);
@@ -82,14 +102,24 @@ bool write(const QString &fileName, int scale, void (*draw)(QPainter &))
 int main(int argc, char *argv[])
 {
     const QGuiApplication application(argc, argv);
-    const QString folder = QGuiApplication::arguments().value(1, QStringLiteral("."));
+    const QStringList arguments = QGuiApplication::arguments();
+    if (arguments.size() != 3) {
+        return 2;
+    }
     bool ok = true;
     const auto draw = [&](const QString &name, void (*drawing)(QPainter &)) {
-        ok = write(folder + QLatin1Char('/') + name + QStringLiteral(".png"), 1, drawing) && ok;
-        ok = write(folder + QLatin1Char('/') + name + QStringLiteral("@2x.png"), 2, drawing) && ok;
+        ok = write(arguments[1] + QLatin1Char('/') + name + QStringLiteral(".png"), size, drawing) && ok;
+        ok = write(arguments[1] + QLatin1Char('/') + name + QStringLiteral("@2x.png"), 2 * size, drawing) && ok;
     };
     draw(QStringLiteral("hwcnfg"), drawRack);
     draw(QStringLiteral("folder"), drawFolder);
     draw(QStringLiteral("itemconfig"), drawSliders);
+    for (const int pixels : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        const QString folder = QStringLiteral("%1/%2x%2/apps").arg(arguments[2]).arg(pixels);
+        ok = QDir().mkpath(folder) &&
+             write(folder + QStringLiteral("/simpleextend-workbench.png"), pixels,
+                   pixels < 22 ? drawSmallRack : drawRack) &&
+             ok;
+    }
     return ok ? 0 : 1;
 }

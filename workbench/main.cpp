@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QIcon>
 #include <QLoggingCategory>
 #include <QMessageBox>
 #include <QTextCodec>
@@ -37,8 +38,17 @@ struct Options {
 
     Options()
     {
-        parser.setApplicationDescription(
-            QStringLiteral("Shows a station of extension modules. Without a file it shows one module of every type."));
+        parser.setApplicationDescription(QStringLiteral(
+            "Shows a station of extension modules. Without a file it shows one module of every type.\n\n"
+            "Exit status:\n"
+            "  0  Success.\n"
+            "  1  A module or a block has a problem, the projects differ, or the workbench cannot start.\n"
+            "  2  The command line is invalid, or a batch task cannot read or write a file.\n\n"
+            "Examples:\n"
+            "  $ workbench plant.station\n"
+            "  $ workbench --table plant.station\n"
+            "  $ workbench --batch plant.station --compile plant.blk\n"
+            "  $ workbench --batch plant.station --compare last-week.station"));
         parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Project file to open."),
                                      QStringLiteral("[file]"));
         parser.addHelpOption();
@@ -185,5 +195,11 @@ int main(int argc, char *argv[])
         qputenv("QT_QPA_PLATFORM", "xcb;wayland;offscreen");
     }
     const QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("simpleextend-workbench"));
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QStringLiteral(":/icons/workbench-%1.png").arg(size));
+    }
+    QGuiApplication::setWindowIcon(icon);
     return run(options, application, fallsBack && QGuiApplication::platformName() == QLatin1String("offscreen"));
 }
