@@ -31,11 +31,18 @@ QDir libraryFolder()
 QString shippedCatalog()
 {
     const QDir folder = libraryFolder();
-    const QString catalog = QStringLiteral("share/simpleextend/catalog");
-    const QString beside = folder.absoluteFilePath(QStringLiteral("../") + catalog);
-    // An installation with one library folder per architecture has one level more (lib/<architecture>/).
-    const QString above = folder.absoluteFilePath(QStringLiteral("../../") + catalog);
-    return QDir::cleanPath(!QFileInfo::exists(beside) && QFileInfo::exists(above) ? above : beside);
+    const auto catalogBelow = [&](const char *prefix) {
+        return QDir::cleanPath(
+            folder.absoluteFilePath(QLatin1String(prefix) + QStringLiteral("/share/simpleextend/catalog")));
+    };
+    // The library is in lib/, lib/<architecture>/ or lib/<architecture>/simpleextend/ of the installation.
+    for (const char *prefix : {"..", "../..", "../../.."}) {
+        const QString catalog = catalogBelow(prefix);
+        if (QFileInfo::exists(catalog)) {
+            return catalog;
+        }
+    }
+    return catalogBelow("..");
 }
 
 } // namespace
