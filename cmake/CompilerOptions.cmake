@@ -24,6 +24,19 @@ if(NOT (CMAKE_CXX_COMPILER_ID MATCHES Clang AND (SIMPLEEXTEND_FUZZ OR SIMPLEEXTE
     add_link_options(-Wl,--no-undefined)
 endif()
 
+if(SIMPLEEXTEND_PACKAGES)
+    # The flags of Debian's packages: hardening, and no folder of the build in the binaries.
+    foreach(kind IN ITEMS CXXFLAGS CPPFLAGS LDFLAGS)
+        execute_process(WORKING_DIRECTORY ${CMAKE_SOURCE_DIR} COMMAND_ERROR_IS_FATAL ANY
+            COMMAND ${CMAKE_COMMAND} -E env DEB_BUILD_MAINT_OPTIONS=hardening=+all DEB_CXXFLAGS_STRIP=-g
+                    dpkg-buildflags --get ${kind}
+            OUTPUT_VARIABLE debian_${kind} OUTPUT_STRIP_TRAILING_WHITESPACE)
+    endforeach()
+    string(APPEND CMAKE_CXX_FLAGS " ${debian_CXXFLAGS} ${debian_CPPFLAGS}")
+    string(APPEND CMAKE_EXE_LINKER_FLAGS " ${debian_LDFLAGS}")
+    string(APPEND CMAKE_SHARED_LINKER_FLAGS " ${debian_LDFLAGS}")
+endif()
+
 if(SIMPLEEXTEND_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
