@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Checks that the names in the documentation exist: test programs and their functions, code, and linked files.
+"""Checks that the names in the documentation exist: test programs and their functions, code, and linked files. Checks
+also that the newest version of the changelog is the version of the project.
 
 usage: check_documents.py SOURCE_FOLDER
 """
@@ -40,11 +41,19 @@ def check_oddities(root, document):
                 yield f"{program} has no function {function}"
 
 
+def check_changelog(root):
+    released = re.search(r"^## \[(\d[\d.]*)\]", (root / "CHANGELOG.md").read_text("utf-8"), re.MULTILINE)
+    built = re.search(r"^project\(.*VERSION ([\d.]+)", (root / "CMakeLists.txt").read_text("utf-8"), re.MULTILINE)
+    if released[1] != built[1]:
+        yield f"the newest version is {released[1]}, but the version of the project is {built[1]}"
+
+
 def main():
     root = Path(sys.argv[1])
     documents = [*root.glob("*.md"), *(root / "docs").glob("*.md")]
     errors = [f"{document.name}: {error}" for document in documents for error in check_document(root, document)]
     errors += [f"oddities.md: {error}" for error in check_oddities(root, root / "docs" / "oddities.md")]
+    errors += [f"CHANGELOG.md: {error}" for error in check_changelog(root)]
     print("\n".join(errors) or f"{len(documents)} documents name only what exists")
     return 1 if errors else 0
 
