@@ -88,10 +88,10 @@ bool write(const QString &fileName, int pixels, void (*draw)(QPainter &))
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(pixels / 2, pixels / 2);
+    painter.translate(pixels / 2.0, pixels / 2.0);
     const qreal scale = qMax(1.0, qreal(pixels) / size);
     painter.scale(scale, scale);
-    painter.translate(-size / 2, -size / 2);
+    painter.translate(-size / 2.0, -size / 2.0);
     draw(painter);
     painter.end();
     return image.save(fileName);
