@@ -75,6 +75,7 @@ check_station() {
     workbench --batch "$scratch/plant.station" --compile "$scratch/plant.blk"
     blockinspect --config "$scratch/plant.blk" >/dev/null
     metlint "$root/usr/share/simpleextend/catalog"
+    hostcheck >/dev/null
     same "completed project files" plant.station "$(cd "$scratch" && completed workbench plant)"
 }
 

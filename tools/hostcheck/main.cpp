@@ -23,6 +23,8 @@ using Row = QStringList;
 
 struct Options {
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help and exit.")};
+    QCommandLineOption version{{QStringLiteral("v"), QStringLiteral("version")},
+                               QStringLiteral("Show the version and exit.")};
     QCommandLineOption json{QStringLiteral("json"), QStringLiteral("Print JSON instead of lines.")};
     QCommandLineOption list{QStringLiteral("list-promises"), QStringLiteral("List the promises and exit.")};
     QCommandLineOption owner{QStringLiteral("owner"),
@@ -188,18 +190,24 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("hostcheck"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TOOLS_VERSION));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
-        "Checks whether the host libraries basemodule and helpsharemodule keep the promises that the plug-in relies\n"
-        "on. Prints a line per promise: its name, \"kept\", \"broken\" or \"not checked\", and the reason. A promise "
-        "is\n"
-        "not checked if its check needs a broken one. A crash, an exception or a hang of the host breaks the promise.\n"
-        "Exit status: 0 all promises are kept, 1 a promise is broken, 2 invalid command line or the libraries cannot "
-        "be\n"
-        "loaded."));
+        "Checks whether the host libraries basemodule and helpsharemodule keep the promises that the\n"
+        "plug-in relies on. Prints a line per promise: its name, \"kept\", \"broken\" or \"not checked\",\n"
+        "and the reason. A promise is not checked if its check needs a broken one. A crash, an exception\n"
+        "or a hang of the host breaks the promise.\n\n"
+        "Exit status:\n"
+        "  0  All promises are kept.\n"
+        "  1  A promise is broken.\n"
+        "  2  The command line is invalid or the libraries cannot be loaded.\n\n"
+        "Examples:\n"
+        "  $ hostcheck\n"
+        "  $ hostcheck --owner line-1 --other-owner line-2 host/lib"));
     const Options options;
-    parser.addOptions({options.help, options.json, options.list, options.owner, options.other, options.timeout});
+    parser.addOptions(
+        {options.help, options.version, options.json, options.list, options.owner, options.other, options.timeout});
     parser.addPositionalArgument(QStringLiteral("[FOLDER]"),
                                  QStringLiteral("Folder with libbasemodule.so and libhelpsharemodule.so (default: the "
                                                 "libraries that this program was installed with)."));
@@ -211,6 +219,9 @@ int main(int argc, char *argv[])
     }
     if (parser.isSet(options.help)) {
         parser.showHelp(Kept);
+    }
+    if (parser.isSet(options.version)) {
+        parser.showVersion();
     }
     if (parser.isSet(options.list)) {
         listPromises(parser.isSet(options.json));
