@@ -174,7 +174,8 @@ const Row *findRow(const Row (&rows)[Size], FieldPlace place, const char *name)
 
 QString outputName(int output)
 {
-    return QStringLiteral("Q%1.%2").arg(output / outputsPerByte).arg(output % outputsPerByte);
+    return QLatin1Char('Q') + QString::number(output / outputsPerByte) + QLatin1Char('.') +
+           QString::number(output % outputsPerByte);
 }
 
 } // namespace
@@ -214,12 +215,10 @@ QString filterGroupText(int group, int inputCount, int code)
         return QStringLiteral("beyond the last input");
     }
     const int bit = filterShift(group); // 4 inputs share a code of 4 bits
+    const QString byte = QLatin1Char('I') + QString::number(group / 2) + QLatin1Char('.');
     const QString delay = choices::digitalFilterDelays.text(code);
-    return QStringLiteral("I%1.%2 - I%1.%3: %4")
-        .arg(group / 2)
-        .arg(bit)
-        .arg(bit + inputsPerFilterRow - 1)
-        .arg(delay.isEmpty() ? QStringLiteral("no such choice") : delay);
+    return byte + QString::number(bit) + QStringLiteral(" - ") + byte + QString::number(bit + inputsPerFilterRow - 1) +
+           QStringLiteral(": ") + (delay.isEmpty() ? QStringLiteral("no such choice") : delay);
 }
 
 QString outputStatesText(int index, int outputCount, const QByteArray &table)

@@ -5,6 +5,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 using blockdecoder::Field;
 using blockdecoder::Part;
 
@@ -164,7 +166,7 @@ void SectionDecoder::addEntry(const EntryList &table, int index, int offset, int
 {
     fields() += Field{offset,
                       QByteArray(1, static_cast<char>(byte)),
-                      table.prefix() + QStringLiteral("%1]").arg(index),
+                      table.prefix() + QString::number(index) + QLatin1Char(']'),
                       static_cast<qlonglong>(value),
                       meaning,
                       true};
@@ -255,19 +257,20 @@ void SectionDecoder::replace(EntryList &list)
 
 void SectionDecoder::leaveOutReplaced()
 {
-    QSet<QString> later;
+    QSet<QStringView> later; // of names, which do not change here
     for (auto part = m_block.parts.rbegin(); part != m_block.parts.rend(); ++part) {
         for (auto field = part->fields.rbegin(); field != part->fields.rend(); ++field) {
             if (!field->stored) {
                 continue;
             }
-            const QString channel = field->name.left(field->name.indexOf(QLatin1Char('.')));
-            if (later.contains(field->name) || later.contains(channel)) {
+            const QStringView name = field->name;
+            const QStringView channel(name.begin(), std::find(name.begin(), name.end(), QLatin1Char('.')));
+            if (later.contains(name) || later.contains(channel)) {
                 leaveOut(*field, "replaced by a later field");
             }
-            later.insert(field->name);
+            later.insert(name);
             // The first field of a record replaces all of the channel's, because another family has other fields.
-            if (field->name.endsWith(QLatin1String("].family"))) {
+            if (name.endsWith(QLatin1String("].family"))) {
                 later.insert(channel);
             }
         }
