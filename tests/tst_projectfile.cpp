@@ -168,6 +168,20 @@ private slots:
         QCOMPARE(files(), (QStringList{"test.station", "test.station.bak"}));
     }
 
+    void canReadTextsThatSqliteConverts()
+    {
+        const QString mark(QChar::ByteOrderMark);
+        const QString converted = QString(QChar(0xD800)) + QChar(0xFFFE) + QChar(0xFFFF) + QChar(0xDC00);
+        Project project = projectOf(1, 'x');
+        project.properties.notes = project.modules[0].name = mark + mark + 'a' + mark + converted;
+        QVERIFY(ProjectFile(m_path).write(project));
+        QCOMPARE(*ProjectFile(m_path).write(project, projectChecksum(project)), ProjectFile::Written::Yes);
+        const Result<Project> read = ProjectFile(m_path).read();
+        QVERIFY2(read, qPrintable(read.reason()));
+        QCOMPARE(read->properties.notes, 'a' + mark + QString(4, QChar::ReplacementCharacter));
+        QCOMPARE(read->modules[0].name, read->properties.notes);
+    }
+
     /// Each process adds 1 to the PLC type, again when another process was faster.
     void processesLoseNoChange()
     {

@@ -36,12 +36,6 @@ QString propertiesTable()
                           "author TEXT NOT NULL, revision TEXT NOT NULL, notes TEXT NOT NULL)");
 }
 
-/// A null string would become NULL.
-QString notNull(const QString &text)
-{
-    return text.isNull() ? QStringLiteral("") : text;
-}
-
 } // namespace
 
 QStringList projectSchema(int version)
@@ -64,9 +58,23 @@ QStringList projectSchema(int version)
     return statements;
 }
 
+QString storedText(const QString &text)
+{
+    QVector<uint> characters = text.toUcs4(); // with U+FFFD for unpaired surrogates
+    std::replace_if(
+        characters.begin(), characters.end(), [](uint character) { return character == 0xFFFE || character == 0xFFFF; },
+        uint{QChar::ReplacementCharacter});
+    const auto *const begin = std::find_if(characters.cbegin(), characters.cend(),
+                                           [](uint character) { return character != QChar::ByteOrderMark; });
+    // A null string would become NULL.
+    return begin == characters.cend() ? QStringLiteral("")
+                                      : QString::fromUcs4(begin, static_cast<int>(characters.cend() - begin));
+}
+
 QStringList textsOf(const ProjectProperties &properties)
 {
-    return {properties.title, properties.author, properties.revision, properties.notes};
+    return {storedText(properties.title), storedText(properties.author), storedText(properties.revision),
+            storedText(properties.notes)};
 }
 
 ProjectDatabase::ProjectDatabase(const QString &path)
@@ -155,12 +163,12 @@ bool ProjectDatabase::insert(const Project &project)
 {
     QVector<QVariantList> rows;
     for (const StoredModule &module : project.modules) {
-        rows.append({module.place.index(), module.place.rack, module.place.slot, module.typeCode, notNull(module.name),
-                     module.state});
+        rows.append({module.place.index(), module.place.rack, module.place.slot, module.typeCode,
+                     storedText(module.name), module.state});
     }
     QVariantList properties;
     for (const QString &text : textsOf(project.properties)) {
-        properties += notNull(text);
+        properties += text;
     }
     return run(QStringLiteral("INSERT INTO station VALUES (1, ?, ?)"), {{project.plcType, projectChecksum(project)}}) &&
            run(QStringLiteral("INSERT INTO properties VALUES (1, ?, ?, ?, ?)"), {properties}) &&

@@ -13,7 +13,11 @@
 /// file.
 QStringList projectSchema(int version);
 
-/// The texts of the properties, in the order of their columns.
+/// The text that a file returns after @p text was written: without byte order marks at its beginning, and with U+FFFD
+/// in place of unpaired surrogates, U+FFFE and U+FFFF, as SQLite converts texts. Never null.
+QString storedText(const QString &text);
+
+/// The texts of the properties as storedText(), in the order of their columns.
 QStringList textsOf(const ProjectProperties &properties);
 
 /// An open database with a separate connection name, which is removed with it. Stores the first error.

@@ -124,7 +124,7 @@ QString projectChecksum(const Project &project, int version)
     if (version != ProjectFile::versionWithoutProperties) {
         QStringList texts = textsOf(project.properties);
         for (const StoredModule &module : project.modules) {
-            texts += module.name;
+            texts += storedText(module.name);
         }
         for (const QString &text : qAsConst(texts)) {
             hash.addData(' ' + QByteArray::number(text.toUtf8().size()) + ':' + text.toUtf8());
