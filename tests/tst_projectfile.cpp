@@ -255,6 +255,7 @@ private slots:
         sql("a module at another place", {"UPDATE module SET place = 1, slot = 1 WHERE place = 0"}, "checksum", 150);
         const QString unchecked = "PRAGMA ignore_check_constraints = ON";
         sql("an invalid place", {unchecked, "UPDATE module SET slot = 32 WHERE place = 0"}, "invalid values", 149);
+        sql("a fraction of a rack", {"UPDATE module SET rack = 0.5, slot = 4 WHERE place = 20"}, "invalid values", 149);
         sql("an empty state", {unchecked, "UPDATE module SET state = x''"}, "invalid values", 0);
     }
     void rejectsDamagedFiles()

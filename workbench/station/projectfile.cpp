@@ -23,6 +23,11 @@ QString damaged(const QString &complaint)
     return ProjectFile::tr("The file is damaged: %1").arg(complaint);
 }
 
+QString invalidValues()
+{
+    return damaged(ProjectFile::tr("it has unreadable pages or invalid values."));
+}
+
 /// What is wrong with the tables or their rows; empty if they are correct. The tables are compared first, because
 /// SQLite's check evaluates their constraints and must not evaluate those of other tables.
 QString complaintOf(ProjectDatabase &database, int version)
@@ -37,9 +42,7 @@ QString complaintOf(ProjectDatabase &database, int version)
     database.select(QStringLiteral("PRAGMA integrity_check(1)"),
                     [&](const QSqlQuery &query) { findings += query.value(0).toString(); });
     findings.removeAll(QStringLiteral("ok"));
-    return database.errorString().isEmpty() && !findings.isEmpty()
-               ? damaged(ProjectFile::tr("it has unreadable pages or invalid values."))
-               : database.errorString();
+    return database.errorString().isEmpty() && !findings.isEmpty() ? invalidValues() : database.errorString();
 }
 
 /// The project of an open transaction.
@@ -55,19 +58,24 @@ Result<Project> readFrom(ProjectDatabase &database)
         project.plcType = query.value(0).toUInt();
         storedChecksum = query.value(1).toString();
     });
-    database.select(QStringLiteral("SELECT rack, slot, type_code, name, state FROM module ORDER BY place"),
+    bool isAtPlace = true; // SQLite's check accepts a fraction of a rack
+    database.select(QStringLiteral("SELECT rack, slot, type_code, name, state, place FROM module ORDER BY place"),
                     [&](const QSqlQuery &query) {
                         project.modules.push_back({{query.value(0).toInt(), query.value(1).toInt()},
                                                    query.value(2).toUInt(),
                                                    query.value(3).toString(),
                                                    query.value(4).toByteArray(),
                                                    {}});
+                        isAtPlace = isAtPlace && project.modules.back().place == Place::at(query.value(5).toInt());
                     });
     if (version != ProjectFile::versionWithoutProperties) {
         project.properties = database.properties();
     }
     if (!database.errorString().isEmpty()) {
         return Failure{database.errorString()};
+    }
+    if (!isAtPlace) {
+        return Failure{invalidValues()};
     }
     if (storedChecksum != projectChecksum(project, version)) {
         return Failure{damaged(ProjectFile::tr("its modules do not match its checksum."))};
