@@ -73,8 +73,12 @@ int main(int argc, char *argv[])
     }
     const QString folder = QFile::decodeName(argv[1]);
     for (int i = 0; i < goldens().size(); ++i) {
-        writeFile(QStringLiteral("%1/saved/%2").arg(folder).arg(i), goldenBlock(goldens().at(i), true));
-        writeFile(QStringLiteral("%1/configuration/%2").arg(folder).arg(i), goldenBlock(goldens().at(i), false));
+        const QByteArray state = goldenBlock(goldens().at(i), true);
+        const QByteArray block = goldenBlock(goldens().at(i), false);
+        writeFile(QStringLiteral("%1/saved/%2").arg(folder).arg(i), state);
+        writeFile(QStringLiteral("%1/configuration/%2").arg(folder).arg(i), block);
+        writeFile(QStringLiteral("%1/inspected/saved-%2").arg(folder).arg(i), '\0' + state);
+        writeFile(QStringLiteral("%1/inspected/configuration-%2").arg(folder).arg(i), '\1' + block);
     }
     writeCatalog(folder + QStringLiteral("/catalog"));
     writeFile(folder + QStringLiteral("/keys.dict"), keyDictionary());

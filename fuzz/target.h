@@ -19,10 +19,13 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 namespace fuzz {
 
 /// Returns true for one input of FUZZ_COSTLY_SHARE (an environment variable, by default 1), chosen by its content.
-inline bool isForCostlyChecks(const QByteArray &bytes)
+/// Checks that are more costly than usual are for one of @p rarity such inputs; for every input if the share is 1.
+inline bool isForCostlyChecks(const QByteArray &bytes, int rarity = 1)
 {
     static const int share = qMax(1, qEnvironmentVariableIntValue("FUZZ_COSTLY_SHARE"));
-    return qChecksum(bytes.constData(), static_cast<uint>(bytes.size()), Qt::ChecksumIso3309) % share == 0;
+    return qChecksum(bytes.constData(), static_cast<uint>(bytes.size()), Qt::ChecksumIso3309) %
+               (share == 1 ? 1 : share * rarity) ==
+           0;
 }
 
 /// Aborts the program with the message @p fault unless that is empty.
