@@ -1,8 +1,11 @@
 // Writes the initial inputs of the fuzz targets: seeds FOLDER writes the golden blocks into one folder per format, a
-// catalog with their types, and one dictionary per kind of input.
+// catalog with their types, project files, and one dictionary per kind of input.
 #include "goldenblocks.h"
 #include "metformat.h"
+#include "projectdatabase.h"
+#include "projectfile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -41,6 +44,16 @@ QByteArray dictionaryLine(const QByteArray &bytes)
     return "\"\\x" + bytes.toHex(':').replace(":", "\\x") + "\"\n";
 }
 
+/// Returns texts that SQLite or Qt convert: byte order marks, unpaired surrogates and the two characters after U+FFFD.
+QByteArray textDictionary()
+{
+    QByteArray lines;
+    for (const char *digits : {"EFBBBF", "EFBFBF", "FFFE", "FEFF", "FFFF", "00D8", "00DC"}) {
+        lines += dictionaryLine(QByteArray::fromHex(digits));
+    }
+    return lines;
+}
+
 QByteArray keyDictionary()
 {
     QByteArray lines = dictionaryLine("[MODULE START]") + dictionaryLine("[END]");
@@ -63,6 +76,41 @@ QByteArray blockDictionary()
     return lines;
 }
 
+/// Writes a project file of the version with the smallest pages that have room for its list of tables.
+void writeProject(const QString &path, int version)
+{
+    Project project;
+    project.plcType = 2;
+    project.modules.push_back({Place::at(33), 13395, QStringLiteral("a"), QByteArray(8, '\1'), {}});
+    QFile::remove(path);
+    ProjectDatabase database(path);
+    database.run(QStringLiteral("PRAGMA page_size = 1024"));
+    bool isWritten = database.create(project);
+    if (version == ProjectFile::versionWithoutProperties) {
+        isWritten = isWritten && database.run(QStringLiteral("DROP TABLE properties")) &&
+                    database.run(QStringLiteral("PRAGMA user_version = 1")) &&
+                    database.run(QStringLiteral("UPDATE station SET sha256 = ?"),
+                                 {QVariantList{projectChecksum(project, version)}});
+    }
+    if (!isWritten || !database.run(QStringLiteral("VACUUM"))) {
+        std::fprintf(stderr, "%s\n", qPrintable(database.errorString()));
+        std::exit(EXIT_FAILURE);
+    }
+}
+
+/// The files, and the description of one with a module and a changed column for fuzz_projectfile.
+void writeProjects(const QString &folder)
+{
+    QDir().mkpath(folder);
+    for (const int version : {1, 2}) {
+        writeProject(folder + QStringLiteral("/version%1").arg(version), version);
+    }
+    const QByteArray head = QByteArray(3, '\0') + be32(2) + "\1a\1b\1c\1d";
+    const QByteArray module = be32(33).right(3) + be32(13395).right(2) + "\1e\2fg";
+    writeFile(folder + QStringLiteral("/described"), head + module);
+    writeFile(folder + QStringLiteral("/changed"), head + module + "\1\7\3\2");
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -71,6 +119,7 @@ int main(int argc, char *argv[])
         std::fputs("usage: seeds FOLDER\n", stderr);
         return EXIT_FAILURE;
     }
+    const QCoreApplication application(argc, argv); // Qt's database drivers need it
     const QString folder = QFile::decodeName(argv[1]);
     for (int i = 0; i < goldens().size(); ++i) {
         const QByteArray state = goldenBlock(goldens().at(i), true);
@@ -80,8 +129,10 @@ int main(int argc, char *argv[])
         writeFile(QStringLiteral("%1/inspected/saved-%2").arg(folder).arg(i), '\0' + state);
         writeFile(QStringLiteral("%1/inspected/configuration-%2").arg(folder).arg(i), '\1' + block);
     }
+    writeProjects(folder + QStringLiteral("/projects"));
     writeCatalog(folder + QStringLiteral("/catalog"));
     writeFile(folder + QStringLiteral("/keys.dict"), keyDictionary());
+    writeFile(folder + QStringLiteral("/texts.dict"), textDictionary());
     writeFile(folder + QStringLiteral("/blocks.dict"), blockDictionary());
     return EXIT_SUCCESS;
 }
