@@ -111,6 +111,19 @@ void writeProjects(const QString &folder)
     writeFile(folder + QStringLiteral("/changed"), head + module + "\1\7\3\2");
 }
 
+/// Steps for fuzz_exports: a module is created, placed, edited, written in both formats, released and read again.
+void writeSteps(const QString &folder)
+{
+    const QByteArray placed = QByteArray("\4\0\1\0\2", 5) + QByteArray(6, '\3');
+    const QByteArray written("\5\0\0\5\0\1", 6);
+    for (char type = 0; type < 18; ++type) {
+        const QByteArray created = QByteArray("\1\0", 2) + type + '\0';
+        const QByteArray edited = QByteArray("\10\0\0\0\2\0", 6) + type + "\2\7\7" + QByteArray("\0\5\1\2", 4);
+        const QByteArray readAgain("\7\0\2\0\0\2\1\0\6\0\3\0\0\0\31\1", 16);
+        writeFile(QStringLiteral("%1/%2").arg(folder).arg(int(type)), created + placed + edited + written + readAgain);
+    }
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -129,6 +142,7 @@ int main(int argc, char *argv[])
         writeFile(QStringLiteral("%1/inspected/saved-%2").arg(folder).arg(i), '\0' + state);
         writeFile(QStringLiteral("%1/inspected/configuration-%2").arg(folder).arg(i), '\1' + block);
     }
+    writeSteps(folder + QStringLiteral("/steps"));
     writeProjects(folder + QStringLiteral("/projects"));
     writeCatalog(folder + QStringLiteral("/catalog"));
     writeFile(folder + QStringLiteral("/keys.dict"), keyDictionary());
