@@ -124,7 +124,7 @@ void BlockView::setBlocks(const QByteArray &blocks, const std::vector<ModuleSumm
     m_fileName = fileName;
     m_blocks = blocks.isEmpty() ? QVector<DecodedBlock>() : blockdecoder::decodeConfiguration(blocks);
     const int total = m_blocks.size() + static_cast<int>(missing.size());
-    const QString bytes = locale().toString(m_bytes.size());
+    const QString bytes = QString::number(m_bytes.size());
     m_summary->setText(missing.empty()
                            ? tr("%n module(s), %1 bytes, in the order of racks and slots", nullptr, total).arg(bytes)
                            : tr("%1 of %n module(s), %2 bytes, in the order of racks and slots", nullptr, total)

@@ -5,7 +5,6 @@
 #include <QHelpEvent>
 #include <QImage>
 #include <QKeyEvent>
-#include <QLocale>
 #include <QPainter>
 #include <QToolTip>
 #include <QtMath>
@@ -82,8 +81,7 @@ QString MemoryStrip::freeText() const
         next = range.start + range.length;
     }
     longest = std::max(longest, m_size - next);
-    return tr("%1 of %2 bytes free, longest gap %3")
-        .arg(locale().toString(m_size - usedBytes()), locale().toString(m_size), locale().toString(longest));
+    return tr("%1 of %2 bytes free, longest gap %3").arg(m_size - usedBytes()).arg(m_size).arg(longest);
 }
 
 qint32 MemoryStrip::usedBytes() const

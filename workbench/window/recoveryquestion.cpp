@@ -6,7 +6,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -30,7 +29,7 @@ Answer ask(const UnsavedStation &station, QWidget &window)
         Texts::tr("The copy of %1 has %n module(s). Recover opens it as unsaved changes; the project file stays as it "
                   "is until you save.",
                   nullptr, static_cast<int>(station.project.modules.size()))
-            .arg(window.locale().toString(station.time.toLocalTime(), QLocale::ShortFormat)));
+            .arg(station.time.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm"))));
     const QAbstractButton *const recover = box.addButton(Texts::tr("&Recover"), QMessageBox::AcceptRole);
     const QAbstractButton *const discard = box.addButton(Texts::tr("&Discard"), QMessageBox::DestructiveRole);
     box.setEscapeButton(box.addButton(Texts::tr("Ask &Later"), QMessageBox::RejectRole));
