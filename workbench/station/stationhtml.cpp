@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QLocale>
 
 #include <algorithm>
 
@@ -55,11 +54,11 @@ QString headerRow(const QStringList &titles)
     return row({cells});
 }
 
-/// Without lines between the cells, because QTextDocument draws them slowly.
-QString table(const QString &rows)
+/// Without lines between the cells, because QTextDocument draws them slowly. It repeats @p header on every page.
+QString table(const QString &rows, const QString &header = {})
 {
-    return QStringLiteral("<table cellspacing=\"1\" cellpadding=\"3\" width=\"100%\">\n") + rows +
-           QStringLiteral("</table>\n");
+    return QStringLiteral("<table cellspacing=\"1\" cellpadding=\"3\" width=\"100%\">\n<thead>") + header +
+           QStringLiteral("</thead>\n") + rows + QStringLiteral("</table>\n");
 }
 
 QString heading(int level, const QString &text)
@@ -138,7 +137,7 @@ private:
             {Texts::tr("File"), QFileInfo(m_info.fileName).fileName()},
             {Texts::tr("Author"), properties.author},
             {Texts::tr("Revision"), properties.revision},
-            {Texts::tr("Date"), QLocale().toString(m_info.date, QLocale::ShortFormat)},
+            {Texts::tr("Date"), m_info.date.toString(QStringLiteral("yyyy-MM-dd HH:mm"))},
             {Texts::tr("Controller"), controllerName(m_station.plcType())},
             {Texts::tr("Modules"), QString::number(m_station.count())},
             {Texts::tr("Not available"),
@@ -231,11 +230,11 @@ private:
                          cell(QString::number(module->place.rack)), cell(QString::number(module->place.slot))});
             next = std::max(next, range.start + rangeBytes(range));
             if (rows.size() > partLength) {
-                add(table(header + rows));
+                add(table(rows, header));
                 rows.clear();
             }
         }
-        add(table(header + rows + gapRow(name, next, size)));
+        add(table(rows + gapRow(name, next, size), header));
     }
 
     /// The free bytes from @p first up to @p end, which is not included.
@@ -269,9 +268,8 @@ private:
                 rows += channelRow(channels.at(i), channels.parameters(i));
             }
             if (count != 0) {
-                html += table(headerRow({Texts::tr("Channel"), Texts::tr("Address"), Texts::tr("Signal"),
-                                         Texts::tr("Settings")}) +
-                              rows);
+                html += table(rows, headerRow({Texts::tr("Channel"), Texts::tr("Address"), Texts::tr("Signal"),
+                                               Texts::tr("Settings")}));
             }
             add(html);
         }
