@@ -30,17 +30,8 @@ Result<ParameterPaste> StationEdits::pasteParameters(const QByteArrayList &state
             after.push_back(module);
         }
     }
-    for (std::size_t i = 0; i < after.size(); ++i) {
-        m_station.take(after[i].place);
-        if (m_station.put(after[i])) {
-            continue;
-        }
-        const Failure failure{m_station.stored(*m_station.moduleAt(after[i].place)).unavailable};
-        for (std::size_t undone = 0; undone <= i; ++undone) {
-            m_station.take(before[undone].place);
-            m_station.put(before[undone]);
-        }
-        return failure;
+    if (const Result<> exchanged = exchange(before, after); !exchanged) {
+        return exchanged.failure();
     }
     result.changed = static_cast<int>(after.size());
     if (result.changed != 0) {

@@ -63,6 +63,12 @@ Place shifted(Place place, Place from, Place to)
     return {place.rack + to.rack - from.rack, place.slot + to.slot - from.slot};
 }
 
+std::vector<MemoryRange> rangesIn(const QByteArray &state)
+{
+    const auto [in, out] = rangesOfState(state);
+    return memoryRanges(in, out);
+}
+
 /// Undoing and redoing restore states of the station that were possible, so they cannot fail.
 void expectSuccess(const Result<> &result)
 {
@@ -263,19 +269,37 @@ void StationEdits::configure(Place place, QWidget *parent)
 
 Result<> StationEdits::replaceState(Place place, const QByteArray &state)
 {
-    const StoredModule before = m_station.take(place);
+    const StoredModule before = stored(place);
     StoredModule after = before;
     after.state = state;
     after.unavailable.clear();
-    Result<> replaced = m_station.checkAddresses(state);
-    if (replaced && !m_station.put(after)) {
-        replaced = Failure{m_station.take(place).unavailable};
+    Result<> replaced = exchange({before}, {after});
+    if (replaced) {
+        pushReplacement({before}, {stored(place)}, tr("Edit %1").arg(nameAt(place)));
     }
-    if (!replaced) {
-        m_station.put(before);
-        return replaced;
+    return replaced;
+}
+
+/// Replaces each module by another one in its place. A failure changes nothing.
+Result<> StationEdits::exchange(const std::vector<StoredModule> &before, const std::vector<StoredModule> &after)
+{
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        m_station.take(before[i].place);
+        const bool isReaddressed = rangesIn(before[i].state) != rangesIn(after[i].state);
+        Result<> result = isReaddressed ? m_station.checkAddresses(after[i].state) : Result<>();
+        if (result && m_station.put(after[i])) {
+            continue;
+        }
+        if (result) {
+            result = Failure{m_station.take(after[i].place).unavailable};
+        }
+        m_station.put(before[i]);
+        for (std::size_t undone = 0; undone < i; ++undone) {
+            m_station.take(before[undone].place);
+            m_station.put(before[undone]);
+        }
+        return result;
     }
-    pushReplacement({before}, {stored(place)}, tr("Edit %1").arg(nameAt(place)));
     return {};
 }
 

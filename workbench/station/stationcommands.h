@@ -70,6 +70,7 @@ private:
     void push(const QString &text, std::function<void()> undo, std::function<void()> redo);
     void pushReplacement(const std::vector<StoredModule> &before, const std::vector<StoredModule> &after,
                          const QString &text);
+    Result<> exchange(const std::vector<StoredModule> &before, const std::vector<StoredModule> &after);
     std::vector<Place> targets(const std::vector<StoredModule> &modules, Place at) const;
     Result<bool> pasteOne(StoredModule module, Station::Addresses addresses);
     std::vector<StoredModule> stored(const QVector<Place> &places) const;
