@@ -37,8 +37,15 @@ NoteLabel::NoteLabel(const QString &text)
 
 QSize NoteLabel::sizeHint() const
 {
-    const int width = fontMetrics().horizontalAdvance(m_plainText) * 3 / 5; // half of it and room for a wrapped word
-    return {width + 2 * padding, heightForWidth(width + 2 * padding)};
+    const int width = fontMetrics().horizontalAdvance(m_plainText) + 2 * padding;
+    return {width, heightForWidth(width)};
+}
+
+QSize NoteLabel::minimumSizeHint() const
+{
+    // Half of the text and room for a wrapped word.
+    const int width = fontMetrics().horizontalAdvance(m_plainText) * 3 / 5 + 2 * padding;
+    return {width, heightForWidth(width)};
 }
 
 void NoteLabel::paintEvent(QPaintEvent *event)

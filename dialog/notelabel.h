@@ -3,13 +3,14 @@
 
 #include "wrappedlabel.h"
 
-/// A blue text of about two lines. If the window is too dark for blue, the label has a white background.
+/// A blue text of one line, or of about two in a narrow window. If the window is too dark for blue, the label has a
+/// white background.
 class NoteLabel : public WrappedLabel {
 public:
     explicit NoteLabel(const QString &text);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
