@@ -60,6 +60,13 @@ bool isUsed(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalo
            plugin.own(plugin.exports().createObject(*type, QString()));
 }
 
+/// The linter's texts are English and are not sentences. Its rule has the same name in every language.
+QString sentence(const Diagnostic &diagnostic)
+{
+    return diagnostic.text.left(1).toUpper() +
+           QStringLiteral("%1. [%2]").arg(diagnostic.text.mid(1), QLatin1String(lintRule(diagnostic.rule).id));
+}
+
 void addDiagnostics(const QFileInfo &info, std::vector<Problem> &problems)
 {
     QFile file(info.filePath());
@@ -75,7 +82,7 @@ void addDiagnostics(const QFileInfo &info, std::vector<Problem> &problems)
     for (const Diagnostic &diagnostic : lint(file.read(maximumSize), context)) {
         if (lintRule(diagnostic.rule).severity == Severity::Error) {
             problems.push_back(
-                {Problem::Kind::Description, diagnostic.text, {}, info.filePath(), diagnostic.place.line});
+                {Problem::Kind::Description, sentence(diagnostic), {}, info.filePath(), diagnostic.place.line});
         }
     }
     if (problems.size() == before) {

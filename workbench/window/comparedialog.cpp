@@ -1,5 +1,6 @@
 #include "comparedialog.h"
 
+#include "columngap.h"
 #include "fieldtexts.h"
 #include "windowsize.h"
 
@@ -59,6 +60,7 @@ CompareDialog::CompareDialog(const Project &left, const QString &leftName, const
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setAlternatingRowColors(true);
+    m_list->setItemDelegate(new ColumnGap(m_list));
     for (const ProjectDifference &difference : qAsConst(m_differences)) {
         addDifference(difference);
     }

@@ -1,5 +1,6 @@
 #include "finddialog.h"
 
+#include "columngap.h"
 #include "stationsearch.h"
 #include "windowsize.h"
 
@@ -35,6 +36,7 @@ FindDialog::FindDialog(const StationDocument &document, const std::vector<Catalo
     m_results->setUniformRowHeights(true);
     m_results->setAlternatingRowColors(true);
     m_results->setColumnCount(3);
+    m_results->setItemDelegate(new ColumnGap(m_results));
     m_results->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     m_results->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     m_count->setObjectName(QStringLiteral("findCount"));

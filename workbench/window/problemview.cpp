@@ -1,5 +1,6 @@
 #include "problemview.h"
 
+#include "columngap.h"
 #include "station.h"
 #include "textfiledialog.h"
 
@@ -22,10 +23,10 @@ ProblemView::ProblemView(std::vector<Problem> descriptions, QWidget *parent)
     setRootIsDecorated(false);
     setAlternatingRowColors(true);
     setUniformRowHeights(true);
-    setTextElideMode(Qt::ElideNone);
     setSelectionBehavior(SelectRows);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header()->setStretchLastSection(false); // long texts scroll
+    setItemDelegate(new ColumnGap(this));
+    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(1, QHeaderView::ResizeToContents); // a tool tip has the whole text of the last one
     connect(this, &QTreeView::activated, this, &ProblemView::showPlace);
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(refreshDelay);
