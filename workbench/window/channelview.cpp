@@ -60,8 +60,10 @@ private:
     {
         font.setBold(isBold);
         painter.setFont(font);
-        painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
-        rest.setLeft(rest.left() + painter.fontMetrics().horizontalAdvance(text));
+        const QFontMetrics metrics = painter.fontMetrics();
+        painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         metrics.elidedText(text, Qt::ElideRight, rest.width()));
+        rest.setLeft(rest.left() + metrics.horizontalAdvance(text));
     }
 
     const ChannelModel &m_model;
@@ -99,6 +101,7 @@ ChannelView::ChannelView(QWidget *parent)
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_table->horizontalHeader()->setStretchLastSection(true);              // a tool tip has the whole text
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder); // the order of the station
     m_table->setSortingEnabled(true);
     m_table->sortByColumn(-1, Qt::AscendingOrder);
@@ -154,13 +157,13 @@ void ChannelView::setActive(bool isActive)
 void ChannelView::fitColumns()
 {
     const int margins = 2 * fontMetrics().averageCharWidth();
-    for (int column = 0; column < ChannelModel::ColumnCount; ++column) {
+    for (int column = 0; column < ChannelModel::Settings; ++column) {
         int width = m_table->horizontalHeader()->sectionSizeHint(column);
         for (int row = 0; row < std::min(measuredRows, m_filter->rowCount()); ++row) {
             const QString text = m_filter->index(row, column).data().toString();
             width = std::max(width, fontMetrics().horizontalAdvance(text) + margins);
         }
-        m_table->setColumnWidth(column, column == ChannelModel::Settings ? width + width / 8 : width); // bold is wider
+        m_table->setColumnWidth(column, width);
     }
 }
 
@@ -197,8 +200,7 @@ void ChannelView::saveCsv()
 
 void ChannelView::updateCount()
 {
-    m_count->setText(
-        tr("%1 of %2 channels").arg(locale().toString(m_filter->rowCount()), locale().toString(m_model->rowCount())));
+    m_count->setText(tr("%1 of %2 channels").arg(m_filter->rowCount()).arg(m_model->rowCount()));
 }
 
 void ChannelView::retranslate()
