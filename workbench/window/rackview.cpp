@@ -3,6 +3,7 @@
 #include "imagerangetext.h"
 #include "modulecolors.h"
 
+#include <QDrag>
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -20,7 +21,7 @@ constexpr int margin = 3;       // px around a card
 constexpr int padding = 6;      // px inside a card
 constexpr int stripeHeight = 5; // px of a card's colour at its top
 constexpr int cardLines = 4;    // order number, name, input, output
-constexpr int cardCharacters = 27;
+constexpr int cardCharacters = 30;
 constexpr int cornerRadius = 4; // px
 
 /// Colour of less important texts.
@@ -101,13 +102,17 @@ private:
         painter.setFont(font);
         write(module.name, palette.color(QPalette::Text));
         painter.setFont(m_view.font());
-        write(entry == nullptr ? QString::number(module.typeCode) : entry->orderNumber, faded(palette));
-        if (!isAvailable) {
-            write(RackView::tr("not available"), refusalColor(palette));
-            return;
+        const QString type = entry == nullptr ? RackModel::tr("Type %1").arg(module.typeCode) : entry->orderNumber;
+        if (isAvailable) {
+            write(type, faded(palette));
+        } else {
+            write(RackView::tr("%1, not available").arg(type), refusalColor(palette));
         }
-        write(rangeText(module.in), palette.color(QPalette::Text));
-        write(rangeText(module.out), palette.color(QPalette::Text));
+        for (const QString &range : {rangeText(module.in), rangeText(module.out)}) {
+            if (!range.isEmpty()) {
+                write(range, palette.color(QPalette::Text));
+            }
+        }
     }
 
     /// A selected card has a tint and a thick edge, the current slot a second, inner edge. Free slots stay quiet.
@@ -348,10 +353,52 @@ void RackView::mouseDoubleClickEvent(QMouseEvent *event)
     }
 }
 
+/// Unlike the base class shows the modules beside the pointer, because their picture would hide the slot below it.
 void RackView::startDrag(Qt::DropActions supportedActions)
 {
     m_model->setGrabbed(currentPlace());
-    QTableView::startDrag(supportedActions);
+    QModelIndexList modules;
+    for (const Place place : selectedModules()) {
+        modules += m_model->indexOf(place);
+    }
+    if (modules.isEmpty()) {
+        return;
+    }
+    constexpr QPoint toPointer(-14, -10);
+    auto *drag = new QDrag(this);
+    drag->setMimeData(m_model->mimeData(modules));
+    drag->setPixmap(dragPicture(modules.size()));
+    drag->setHotSpot(toPointer);
+    drag->exec(supportedActions);
+}
+
+/// The current card, small and half transparent, with the number of dragged modules if there are several.
+QPixmap RackView::dragPicture(int modules) const
+{
+    constexpr qreal scale = 0.6;
+    constexpr qreal opacity = 0.7;
+    QStyleOptionViewItem option = viewOptions();
+    option.rect = QRect({}, visualRect(currentIndex()).size());
+    const QRect whole({}, option.rect.size() * scale);
+    QPixmap picture(whole.size() * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setOpacity(opacity);
+    painter.scale(scale, scale);
+    itemDelegate()->paint(&painter, option, currentIndex());
+    if (modules > 1) {
+        painter.resetTransform();
+        painter.setOpacity(1);
+        const QString count = QString::number(modules);
+        QRect badge({}, fontMetrics().size(Qt::TextSingleLine, count).grownBy({padding, 1, padding, 1}));
+        badge.moveBottomRight(whole.bottomRight());
+        painter.fillRect(badge, palette().highlight());
+        painter.setPen(palette().color(QPalette::HighlightedText));
+        painter.setFont(font());
+        painter.drawText(badge, Qt::AlignCenter, count);
+    }
+    return picture;
 }
 
 /// Unlike the base class allows modules to move into slots that they leave themselves.
