@@ -133,8 +133,13 @@ private slots:
         QVERIFY(station->add(13399, {0, 20}));
         QVERIFY(list.rowsToInsert({0, 20}) == std::pair(12, 2));
         list.insert({0, 20});
-        station->take({0, 0});
+        StoredModule taken = station->take({0, 0});
         list.remove({0, 0});
+        taken.unavailable = "its file is missing";
+        station->put(taken);
+        QVERIFY(list.rowsToInsert({0, 0}).second == 0); // its channels are not known
+        QCOMPARE(searchStation(*station, {}, "AIW2", 1).hits.at(0).detail, QString("AI 0..7"));
+        list.insert({0, 0});
         const ChannelList anew(*station);
         QCOMPARE(list.count(), anew.count());
         for (int row = 0; row < list.count(); ++row) {

@@ -13,16 +13,27 @@ ChannelList::ChannelList(const Station &station) : m_station(station), m_reader(
 {
     m_entries.reserve(static_cast<std::size_t>(station.count()));
     for (int i = 0; i < station.count(); ++i) {
-        const ModuleSummary module = station.module(i);
-        m_entries.push_back({module.place, module.typeCode, module.name, module.in, module.out, 0, nullptr});
+        m_entries.push_back(newEntry(station.module(i)));
     }
     renumber();
 }
 
+/// The ranges of an unavailable module are bytes, whose channels are not known.
+ChannelList::Entry ChannelList::newEntry(const ModuleSummary &module)
+{
+    const bool isAvailable = module.unavailable.isEmpty();
+    return {module.place,
+            module.typeCode,
+            module.name,
+            isAvailable ? module.in : IoMap(),
+            isAvailable ? module.out : IoMap(),
+            0,
+            nullptr};
+}
+
 ChannelList::Entry ChannelList::entryAt(Place place) const
 {
-    const ModuleSummary module = m_station.module(*m_station.moduleAt(place));
-    return {place, module.typeCode, module.name, module.in, module.out, 0, nullptr};
+    return newEntry(m_station.module(*m_station.moduleAt(place)));
 }
 
 void ChannelList::renumber()

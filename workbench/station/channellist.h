@@ -50,6 +50,7 @@ private:
         int rows() const { return in.count + out.count; }
     };
 
+    static Entry newEntry(const ModuleSummary &module);
     Entry entryAt(Place place) const;
     const Entry &entryOf(int row) const;
     std::vector<Entry>::iterator lowerBound(Place place);

@@ -47,8 +47,11 @@ bool addAddress(Hits &hits, const ModuleSummary &module, const Address &address)
     for (const IoMap &range : {module.in, module.out}) {
         if (const std::optional<int> channel = channelAt(range, address)) {
             isFound = true;
-            hits.add(module,
-                     [&] { return Texts::tr("%1, channel %2").arg(channelAddress(range, *channel)).arg(*channel); });
+            hits.add(module, [&] {
+                return module.unavailable.isEmpty()
+                           ? Texts::tr("%1, channel %2").arg(channelAddress(range, *channel)).arg(*channel)
+                           : rangeText(range); // whose channels are not known
+            });
         }
     }
     return isFound;
