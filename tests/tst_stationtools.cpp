@@ -62,6 +62,10 @@ private slots:
         child<QLineEdit>("channelSearch")->clear();
         child<QCheckBox>("changedOnlyCheck")->setChecked(true);
         QCOMPARE(table->model()->rowCount(), 1);
+        m_racks->setCurrentPlace({0, 6});
+        press(m_racks, Qt::Key_Delete);
+        QCOMPARE(child<QLabel>("channelCount")->text(), QString("1 of 12 channels"));
+        press(m_racks, Qt::Key_Z, Qt::ControlModifier);
         press(table, Qt::Key_A, Qt::ControlModifier);
         press(table, Qt::Key_C, Qt::ControlModifier);
         QVERIFY(
@@ -73,6 +77,11 @@ private slots:
         m_racks->setCurrentPlace({0, 0});
         press(m_racks, Qt::Key_Delete);
         QCOMPARE(table->model()->rowCount(), 40);
+        press(m_racks, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(table->model()->rowCount(), 44);
+        press(m_racks, Qt::Key_A, Qt::ControlModifier);
+        press(m_racks, Qt::Key_Delete);
+        QCOMPARE(table->model()->rowCount(), 0);
         press(m_racks, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(table->model()->rowCount(), 44);
         child<QDockWidget>("memoryDock")->raise();

@@ -119,6 +119,10 @@ signals:
     void moduleChanged(Place place);
     void plcTypeChanged();
     void propertiesChanged();
+    /// Before and after the signals above are emitted for several modules by one edit. A view can then read the station
+    /// once instead of following each signal. These calls are never nested.
+    void manyChangesBegin();
+    void manyChangesEnd();
 
 private:
     struct Module {

@@ -32,6 +32,27 @@ private:
     bool m_isExecuted = false;
 };
 
+/// Announces an edit of @p count modules while it exists.
+class ManyChanges {
+public:
+    ManyChanges(Station &station, std::size_t count) : m_station(count > 1 ? &station : nullptr)
+    {
+        if (m_station != nullptr) {
+            emit m_station->manyChangesBegin();
+        }
+    }
+    ~ManyChanges()
+    {
+        if (m_station != nullptr) {
+            emit m_station->manyChangesEnd();
+        }
+    }
+    Q_DISABLE_COPY_MOVE(ManyChanges)
+
+private:
+    Station *m_station;
+};
+
 /// Takes modules, the last one first, because the modules after a taken one move up.
 std::vector<StoredModule> takeAll(Station &station, QVector<Place> places)
 {
@@ -47,6 +68,7 @@ std::vector<StoredModule> takeAll(Station &station, QVector<Place> places)
 /// Takes all present modules before it puts the first wanted one, which may need their addresses.
 void replace(Station &station, const std::vector<StoredModule> &present, const std::vector<StoredModule> &wanted)
 {
+    const ManyChanges changes(station, std::max(present.size(), wanted.size()));
     QVector<Place> places;
     for (const StoredModule &module : present) {
         places.append(module.place);
@@ -158,13 +180,16 @@ PasteResult StationEdits::paste(const std::vector<StoredModule> &modules, Place 
             return static_cast<bool>(m_station.checkAddresses(module.state));
         });
     }
-    for (const StoredModule &copy : copies) {
-        const Result<bool> kept = pasteOne(copy, addresses);
-        if (kept) {
-            result.keptAddresses += *kept ? 1 : 0;
-            result.places.append(copy.place);
-        } else {
-            ++result.failures[kept.reason()];
+    {
+        const ManyChanges changes(m_station, copies.size());
+        for (const StoredModule &copy : copies) {
+            const Result<bool> kept = pasteOne(copy, addresses);
+            if (kept) {
+                result.keptAddresses += *kept ? 1 : 0;
+                result.places.append(copy.place);
+            } else {
+                ++result.failures[kept.reason()];
+            }
         }
     }
     std::sort(result.places.begin(), result.places.end());
@@ -231,6 +256,7 @@ Result<> StationEdits::moveBy(QVector<Place> places, Place by)
     }
     const std::vector<StoredModule> before = stored(places);
     const auto moveAll = [&station = m_station](const QVector<Place> &from, const QVector<Place> &to) {
+        const ManyChanges changes(station, static_cast<std::size_t>(from.size()));
         for (int i = 0; i < from.size(); ++i) {
             expectSuccess(station.move(from.at(i), to.at(i)));
         }
@@ -256,6 +282,7 @@ void StationEdits::remove(const QVector<Place> &places)
     }
     const QString text = places.size() == 1 ? tr("Remove %1").arg(nameAt(places.first()))
                                             : tr("Remove %n module(s)", nullptr, places.size());
+    const ManyChanges changes(m_station, static_cast<std::size_t>(places.size()));
     pushReplacement(takeAll(m_station, places), {}, text);
 }
 
@@ -283,6 +310,7 @@ Result<> StationEdits::replaceState(Place place, const QByteArray &state)
 /// Replaces each module by another one in its place. A failure changes nothing.
 Result<> StationEdits::exchange(const std::vector<StoredModule> &before, const std::vector<StoredModule> &after)
 {
+    const ManyChanges changes(m_station, before.size());
     for (std::size_t i = 0; i < before.size(); ++i) {
         m_station.take(before[i].place);
         const bool isReaddressed = rangesIn(before[i].state) != rangesIn(after[i].state);

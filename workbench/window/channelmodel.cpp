@@ -31,6 +31,14 @@ void ChannelModel::setStation(const Station *station)
     if (station == nullptr) {
         return;
     }
+    connect(station, &Station::manyChangesBegin, this, [this] {
+        beginResetModel();
+        m_channels.reset();
+    });
+    connect(station, &Station::manyChangesEnd, this, [this] {
+        m_channels = std::make_unique<ChannelList>(*m_station);
+        endResetModel();
+    });
     connect(station, &Station::moduleAdded, this, &ChannelModel::insert);
     connect(station, &Station::moduleRemoved, this, &ChannelModel::remove);
     connect(station, &Station::moduleChanged, this, &ChannelModel::update);
@@ -40,8 +48,12 @@ void ChannelModel::setStation(const Station *station)
     });
 }
 
+/// During an edit of many modules there is no list that could follow it.
 void ChannelModel::insert(Place place)
 {
+    if (!m_channels) {
+        return;
+    }
     const auto [first, count] = m_channels->rowsToInsert(place);
     if (count == 0) {
         m_channels->insert(place);
@@ -54,6 +66,9 @@ void ChannelModel::insert(Place place)
 
 void ChannelModel::remove(Place place)
 {
+    if (!m_channels) {
+        return;
+    }
     const auto [first, count] = m_channels->rowsOf(place);
     if (count == 0) {
         m_channels->remove(place);

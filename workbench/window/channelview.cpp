@@ -26,7 +26,7 @@ namespace {
 
 constexpr int measuredRows = 200; // for the widths of the columns
 
-/// Paints settings with the changed values in bold.
+/// Paints settings with the changed values in bold, and first, because the end of a long text is elided.
 class SettingsPainter : public QStyledItemDelegate {
 public:
     SettingsPainter(const ChannelModel &model, const ChannelFilter &filter, QObject *parent)
@@ -46,7 +46,9 @@ public:
         painter->setClipRect(option.rect);
         painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
         QRect rest = option.rect.adjusted(style->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1, 0, 0, 0);
-        const QVector<ChannelSetting> &settings = m_model.parameters(m_filter.mapToSource(index).row()).settings;
+        QVector<ChannelSetting> settings = m_model.parameters(m_filter.mapToSource(index).row()).settings;
+        std::stable_partition(settings.begin(), settings.end(),
+                              [](const ChannelSetting &setting) { return setting.isChanged; });
         for (int i = 0; i < settings.size() && rest.width() > 0; ++i) {
             write(*painter, option.font, false, settings.at(i).title + QStringLiteral(": "), rest);
             write(*painter, option.font, settings.at(i).isChanged, settings.at(i).text, rest);
@@ -101,6 +103,7 @@ ChannelView::ChannelView(QWidget *parent)
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_table->horizontalHeader()->setHighlightSections(false);              // bold means changed
     m_table->horizontalHeader()->setStretchLastSection(true);              // a tool tip has the whole text
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder); // the order of the station
     m_table->setSortingEnabled(true);
@@ -120,9 +123,11 @@ ChannelView::ChannelView(QWidget *parent)
     connect(m_table, &QTableView::activated, this, [this](const QModelIndex &index) {
         emit propertiesRequested(m_model->channel(m_filter->mapToSource(index).row()).place);
     });
-    connect(m_filter, &QAbstractItemModel::rowsInserted, this, &ChannelView::updateCount);
-    connect(m_filter, &QAbstractItemModel::rowsRemoved, this, &ChannelView::updateCount);
-    connect(m_filter, &QAbstractItemModel::modelReset, this, &ChannelView::updateCount);
+    for (const QAbstractItemModel *model : std::initializer_list<QAbstractItemModel *>{m_model, m_filter}) {
+        connect(model, &QAbstractItemModel::rowsInserted, this, &ChannelView::updateCount);
+        connect(model, &QAbstractItemModel::rowsRemoved, this, &ChannelView::updateCount);
+        connect(model, &QAbstractItemModel::modelReset, this, &ChannelView::updateCount);
+    }
     addActions();
     retranslate();
 }
