@@ -21,7 +21,7 @@ constexpr int margin = 3;       // px around a card
 constexpr int padding = 6;      // px inside a card
 constexpr int stripeHeight = 5; // px of a card's colour at its top
 constexpr int cardLines = 4;    // order number, name, input, output
-constexpr int cardCharacters = 30;
+constexpr int cardCharacters = 28;
 constexpr int cornerRadius = 4; // px
 
 /// Colour of less important texts.
