@@ -1,5 +1,6 @@
 #include "blockview.h"
 
+#include "columngap.h"
 #include "filequestions.h"
 #include "files.h"
 #include "windowsize.h"
@@ -102,7 +103,7 @@ BlockView::BlockView(QWidget *parent)
     auto *buttons = new QDialogButtonBox;
     QPushButton *save = buttons->addButton(tr("&Save..."), QDialogButtonBox::ActionRole);
     save->setObjectName(QStringLiteral("saveBlockButton"));
-    buttons->addButton(tr("&Close"), QDialogButtonBox::RejectRole);
+    buttons->addButton(tr("C&lose"), QDialogButtonBox::RejectRole);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_summary);
     layout->addWidget(m_missing);
@@ -111,6 +112,7 @@ BlockView::BlockView(QWidget *parent)
     layout->addWidget(buttons);
 
     m_list->setRootIsDecorated(false);
+    m_list->setItemDelegate(new ColumnGap(m_list));
     connect(save, &QPushButton::clicked, this, &BlockView::save);
     connect(again, &QPushButton::clicked, this, &BlockView::compileRequested);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
