@@ -89,6 +89,7 @@ ProjectDatabase::ProjectDatabase(const QString &path)
 
 ProjectDatabase::~ProjectDatabase()
 {
+    m_query = QSqlQuery();
     m_database = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_name);
 }
@@ -101,12 +102,18 @@ bool ProjectDatabase::run(const QString &statement, const QVector<QVariantList> 
 
 QSqlQuery ProjectDatabase::prepared(const QString &statement)
 {
-    QSqlQuery query(m_database);
-    query.setForwardOnly(true);
-    if (m_errorString.isEmpty() && !query.prepare(statement)) {
-        keep(query.lastError());
+    if (statement == m_statement) {
+        return m_query;
     }
-    return query;
+    m_statement.clear();
+    m_query = QSqlQuery(m_database);
+    m_query.setForwardOnly(true);
+    if (m_errorString.isEmpty() && m_query.prepare(statement)) {
+        m_statement = statement;
+    } else {
+        keep(m_query.lastError());
+    }
+    return m_query;
 }
 
 bool ProjectDatabase::exec(QSqlQuery &query, const QVariantList &row)

@@ -69,4 +69,6 @@ private:
     QString m_name;
     QSqlDatabase m_database;
     QString m_errorString;
+    QString m_statement; ///< of m_query, which a repeated statement uses again
+    QSqlQuery m_query;
 };
