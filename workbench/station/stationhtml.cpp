@@ -14,7 +14,7 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(StationReport)
 };
 
-constexpr int cardsPerLine = 6;
+constexpr int maximumCardsPerLine = 6;
 constexpr int partLength = 30000; ///< characters after which a part of a large report ends
 
 /// Colours for paper: a report is light on every desktop.
@@ -156,6 +156,12 @@ private:
     void addRacks()
     {
         add(heading(2, Texts::tr("Racks")));
+        int widest = 1;
+        for (const ModuleSummary &module : m_modules) {
+            widest = std::max(widest, module.place.slot + 1);
+        }
+        const int cardsPerLine = std::min(widest, maximumCardsPerLine);
+        const QString width = QStringLiteral("<td width=\"%1%\" ").arg(100 / cardsPerLine);
         for (auto first = m_modules.begin(); first != m_modules.end();) {
             const int rack = first->place.rack;
             const auto end = std::find_if(first, m_modules.end(),
@@ -164,23 +170,26 @@ private:
             QStringList cards;
             for (int slot = 0; slot <= (end - 1)->place.slot; ++slot) {
                 const bool isTaken = first->place.slot == slot;
-                cards += card(slot, isTaken ? &*first : nullptr);
+                cards += width + card(slot, isTaken ? &*first : nullptr);
                 first += isTaken ? 1 : 0;
                 if (cards.size() == cardsPerLine) {
                     rows += row(cards);
                     cards.clear();
                 }
             }
+            while (!cards.isEmpty() && cards.size() < cardsPerLine) { // the same columns in every rack
+                cards += width + QStringLiteral("class=\"free\"></td>");
+            }
             add(heading(3, Texts::tr("Rack %1").arg(rack)) + table(cards.isEmpty() ? rows : rows + row(cards)));
         }
     }
 
+    /// The attributes and the content of a table cell.
     QString card(int slot, const ModuleSummary *module) const
     {
         const QString number = Texts::tr("Slot %1").arg(slot);
-        const QString width = QStringLiteral("<td width=\"%1%\" ").arg(100 / cardsPerLine);
         if (module == nullptr) {
-            return width + QStringLiteral("class=\"free\">%1<br>%2</td>").arg(number, Texts::tr("free"));
+            return QStringLiteral("class=\"free\">%1<br>%2</td>").arg(number, Texts::tr("free"));
         }
         QStringList lines{number, QStringLiteral("<b>%1</b>").arg(escaped(module->name)),
                           escaped(orderNumber(module->typeCode)), rangeText(module->in), rangeText(module->out)};
@@ -188,7 +197,7 @@ private:
             lines += QStringLiteral("<b>%1</b>").arg(Texts::tr("not available"));
         }
         lines.removeAll(QString());
-        return width + QStringLiteral(">%1</td>").arg(lines.join(QStringLiteral("<br>")));
+        return QStringLiteral(">%1</td>").arg(lines.join(QStringLiteral("<br>")));
     }
 
     void addAddresses()
