@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QTimer>
 #include <QToolBar>
 
 namespace {
@@ -51,8 +52,12 @@ void showReport(const Station &station, const std::vector<CatalogEntry> &catalog
     preview.setObjectName(QStringLiteral("reportPreview"));
     preview.setWindowTitle(Texts::tr("Report"));
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter *device) {
-        withProgress(parent, Texts::tr("Preparing the report..."),
-                     [&](const Progress &progress) { return printReport(parts, *device, progress); });
+        const bool isComplete =
+            withProgress(parent, Texts::tr("Preparing the report..."),
+                         [&](const Progress &progress) { return printReport(parts, *device, progress); });
+        if (!isComplete) { // a part of the report would look like a short one
+            QTimer::singleShot(0, &preview, &QDialog::reject);
+        }
     });
     if (auto *bar = preview.findChild<QToolBar *>()) { // the dialog has no other place for commands
         QAction *save = bar->addAction(Texts::tr("&Save As..."));
