@@ -99,10 +99,6 @@
         <translation>保存(&amp;S)...</translation>
     </message>
     <message>
-        <source>&amp;Close</source>
-        <translation>关闭(&amp;C)</translation>
-    </message>
-    <message>
         <source>damaged</source>
         <translation>已损坏</translation>
     </message>
@@ -135,6 +131,10 @@
     <message>
         <source>Not compiled: &quot;%1&quot; in rack %2, slot %3. %4</source>
         <translation>未编译：机架%2，槽位%3中的“%1”。%4</translation>
+    </message>
+    <message>
+        <source>C&amp;lose</source>
+        <translation>关闭(&amp;L)</translation>
     </message>
 </context>
 <context>
@@ -1625,12 +1625,12 @@ Qt %2，使用 Qt %3编译
 <context>
     <name>RackView</name>
     <message>
-        <source>not available</source>
-        <translation>不可用</translation>
-    </message>
-    <message>
         <source>Racks</source>
         <translation>机架</translation>
+    </message>
+    <message>
+        <source>%1, not available</source>
+        <translation>%1，不可用</translation>
     </message>
 </context>
 <context>

@@ -65,7 +65,8 @@ CatalogView::CatalogView(const std::vector<CatalogEntry> &catalog, QWidget *pare
     m_tree->header()->setStretchLastSection(false);
     m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    m_tree->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
+    // The names are Latin, which are much narrower than the average of a Chinese font.
+    m_tree->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
     connect(m_tree, &QTreeWidget::itemActivated, this, &CatalogView::requestPlace);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &CatalogView::currentTypeChanged);
 

@@ -24,6 +24,7 @@ public:
     bool canMove(const QVector<Place> &places, Place by) const;
     /// In ascending order.
     std::vector<Place> modulePlaces() const;
+    const std::vector<CatalogEntry> &catalog() const { return m_catalog; }
     /// Null for a type that the catalog lacks.
     const CatalogEntry *entryOf(quint32 typeCode) const { return findEntry(m_catalog, typeCode); }
 

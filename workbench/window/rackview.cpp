@@ -17,11 +17,12 @@
 
 namespace {
 
-constexpr int margin = 3;       // px around a card
-constexpr int padding = 6;      // px inside a card
-constexpr int stripeHeight = 5; // px of a card's colour at its top
-constexpr int cardLines = 4;    // order number, name, input, output
-constexpr int cardCharacters = 28;
+constexpr int margin = 3;             // px around a card
+constexpr int padding = 6;            // px inside a card
+constexpr int stripeHeight = 5;       // px of a card's colour at its top
+constexpr int cardLines = 4;          // order number, name, input, output
+constexpr int minimumCharacters = 20; // in a line of a card
+constexpr int maximumCharacters = 40;
 constexpr int cornerRadius = 4; // px
 
 /// Colour of less important texts.
@@ -184,10 +185,19 @@ RackView::RackView(const std::vector<CatalogEntry> &catalog, QWidget *parent)
     setAccessibleName(tr("Racks"));
 }
 
+/// A card has room for the longest name of the catalog.
 void RackView::fitToFont()
 {
-    horizontalHeader()->setDefaultSectionSize(fontMetrics().averageCharWidth() * cardCharacters +
-                                              2 * (margin + padding));
+    QFont bold = font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    const int character = metrics.horizontalAdvance(QLatin1Char('x'));
+    int width = minimumCharacters * character;
+    for (const CatalogEntry &entry : m_model->catalog()) {
+        width = std::max(width, metrics.horizontalAdvance(entry.name) + 1);
+    }
+    width = std::min(width, maximumCharacters * character);
+    horizontalHeader()->setDefaultSectionSize(width + 2 * (margin + padding));
     const int cardHeight = fontMetrics().height() * cardLines + stripeHeight + 3 * margin + padding;
     verticalHeader()->setDefaultSectionSize(cardHeight);
     setMinimumHeight(cardHeight + horizontalHeader()->sizeHint().height() + horizontalScrollBar()->sizeHint().height());
