@@ -66,7 +66,7 @@ CatalogView::CatalogView(const std::vector<CatalogEntry> &catalog, QWidget *pare
     m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     // The names are Latin, which are much narrower than the average of a Chinese font.
-    m_tree->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 48);
+    m_tree->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 42);
     connect(m_tree, &QTreeWidget::itemActivated, this, &CatalogView::requestPlace);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &CatalogView::currentTypeChanged);
 
