@@ -15,7 +15,7 @@ inline void changeEditor(QWidget *editor, fuzz::InputCursor &input)
     if (auto *box = qobject_cast<QComboBox *>(editor)) {
         box->setCurrentIndex(input.number<qint8>() % (box->count() + 1));
     } else if (auto *spinBox = qobject_cast<QSpinBox *>(editor)) {
-        spinBox->setValue(input.number<qint32>());
+        spinBox->setValue(input.number<qint16>());
     } else if (auto *decimals = qobject_cast<QDoubleSpinBox *>(editor)) {
         decimals->setValue(input.number<qint16>() / 128.0);
     } else if (auto *line = qobject_cast<QLineEdit *>(editor)) {
@@ -42,6 +42,17 @@ inline QVector<QWidget *> editorsOf(const QDialog &dialog)
     return editors;
 }
 
+/// Every second choice is the start of a range, because the memory map depends on it.
+inline QWidget *chosenEditor(const QDialog &dialog, InputCursor &input)
+{
+    const int choice = input.below(4);
+    if (choice < 2) {
+        return dialog.findChild<QWidget *>(choice == 0 ? QStringLiteral("inputStart") : QStringLiteral("outputStart"));
+    }
+    const QVector<QWidget *> editors = editorsOf(dialog);
+    return editors.at(input.number<quint16>() % editors.size());
+}
+
 enum class DialogEnd { Accepted, Refused, Cancelled };
 
 /// Runs config(), changes some editors and closes the dialog.
@@ -56,9 +67,8 @@ inline DialogEnd editInDialog(SimpleExtendPar *module, const QString &owner, Inp
     QTimer::singleShot(0, &parent, [&] {
         auto *const dialog = parent.findChild<QDialog *>();
         dialog->setUpdatesEnabled(false); // painting would take most of the time
-        const QVector<QWidget *> editors = editorsOf(*dialog);
         for (int i = input.below(maximumEdits + 1); i > 0; --i) {
-            changeEditor(editors.at(input.number<quint16>() % editors.size()), input);
+            changeEditor(chosenEditor(*dialog, input), input);
         }
         if (pressesOk && !isLocked) {
             end = DialogEnd::Refused;

@@ -151,12 +151,18 @@ private:
         if (!block.isSound) {
             return adopt(std::move(module));
         }
+        // Configuration blocks contain neither position nor comment.
         module.position = block.isState ? block.position : QPoint();
-        const bool hasName = getName(handle) == block.name && getComment(handle) == block.comment;
+        const bool hasName =
+            getName(handle) == block.name && getComment(handle) == (block.isState ? block.comment : QString());
         require(hasName, "a block is read as a module with other texts");
         require(isSame(getInMap(handle), block.input) && isSame(getOutMap(handle), block.output),
                 "a block is read as a module with other ranges");
-        // The ranges of weighing modules have other units in the other format.
+        // Double-word weighing modules have the only ranges in the variable area.
+        const bool isWeighing = block.input.area == quint8(VarArea::Variable);
+        const int weighingUnit = block.isState ? 4 : 2;
+        require(getInMap(handle).unit == (isWeighing ? weighingUnit : block.input.unit),
+                "a block is read as a module with other units");
         const bool hasUnits = getInMap(handle).unit == block.input.unit && getOutMap(handle).unit == block.output.unit;
         require(!hasUnits || blockOf(handle, block.isState) == block.bytes, "a module gives another block");
         add(std::move(module));

@@ -118,7 +118,7 @@ void writeSteps(const QString &folder)
     const QByteArray written("\5\0\0\5\0\1", 6);
     for (char type = 0; type < 18; ++type) {
         const QByteArray created = QByteArray("\1\0", 2) + type + '\0';
-        const QByteArray edited = QByteArray("\10\0\0\0\2\0", 6) + type + "\2\7\7" + QByteArray("\0\5\1\2", 4);
+        const QByteArray edited = QByteArray("\10\0\0\0\2\0\0\100\2\0", 10) + type + QByteArray("\0\7", 2);
         const QByteArray readAgain("\7\0\2\0\0\2\1\0\6\0\3\0\0\0\31\1", 16);
         writeFile(QStringLiteral("%1/%2").arg(folder).arg(int(type)), created + placed + edited + written + readAgain);
     }
