@@ -111,7 +111,7 @@ private slots:
         const QString all = found.join('\n');
         QVERIFY2(!all.contains("hw00003552"), qPrintable(all));
         for (const char *expected :
-             {"hw00003553.met, line 6: ", "absent.cmp", "hw00003554.met, line 1: no [END]", "hw3556.met, line 1: "}) {
+             {"hw00003553.met, line 6: ", "absent.cmp", "hw00003554.met, line 1: No [END]", "hw3556.met, line 1: "}) {
             QVERIFY2(all.contains(expected), qPrintable(all));
         }
     }
