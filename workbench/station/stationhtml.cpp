@@ -24,6 +24,7 @@ QString styles()
                           "sans-serif; color: #1b2733; background-color: #ffffff; }"
                           "h1 { font-size: 16pt; } h2 { font-size: 12pt; } h3 { font-size: 10pt; margin-top: 10px; }"
                           "th { background-color: #d3dee9; text-align: left; }"
+                          "th.title { background-color: #ffffff; }"
                           "td { background-color: #f2f5f8; }"
                           "td.free { background-color: #ffffff; color: #60707f; }"
                           "td.changed { background-color: #fdf1d0; }");
@@ -54,16 +55,24 @@ QString headerRow(const QStringList &titles)
     return row({cells});
 }
 
+QString heading(int level, const QString &text)
+{
+    return QStringLiteral("<h%1>%2</h%1>\n").arg(QString::number(level), escaped(text));
+}
+
+/// With the title, because the end of a page could separate it from its table.
+QString tableHeader(const QString &title, const QStringList &columns)
+{
+    return QStringLiteral("<tr><th class=\"title\" colspan=\"%1\">%2</th></tr>\n")
+               .arg(QString::number(columns.size()), title) +
+           headerRow(columns);
+}
+
 /// Without lines between the cells, because QTextDocument draws them slowly. It repeats @p header on every page.
 QString table(const QString &rows, const QString &header = {})
 {
     return QStringLiteral("<table cellspacing=\"1\" cellpadding=\"3\" width=\"100%\">\n<thead>") + header +
            QStringLiteral("</thead>\n") + rows + QStringLiteral("</table>\n");
-}
-
-QString heading(int level, const QString &text)
-{
-    return QStringLiteral("<h%1>%2</h%1>\n").arg(QString::number(level), escaped(text));
 }
 
 QString controllerName(quint32 type)
@@ -224,13 +233,14 @@ private:
                          [](const auto &a, const auto &b) { return a.first.start < b.first.start; });
         const int size = simulatedhost::areaSize(m_station.memory().owner(), area);
         const QString name = areaName(static_cast<quint8>(area));
-        add(heading(3, Texts::tr("%1, %2: %3 of %4 bytes used")
-                           .arg(name, areaTitle(area), QString::number(used), QString::number(size))));
+        const QString title = heading(3, Texts::tr("%1, %2: %3 of %4 bytes used")
+                                             .arg(name, areaTitle(area), QString::number(used), QString::number(size)));
         if (ranges.empty()) {
+            add(title);
             return;
         }
-        const QString header = headerRow(
-            {Texts::tr("Address"), Texts::tr("Bytes"), Texts::tr("Module"), Texts::tr("Rack"), Texts::tr("Slot")});
+        const QString header = tableHeader(title, {Texts::tr("Address"), Texts::tr("Bytes"), Texts::tr("Module"),
+                                                   Texts::tr("Rack"), Texts::tr("Slot")});
         QString rows;
         int next = 0;
         for (const auto &[range, module] : ranges) {
@@ -265,22 +275,20 @@ private:
                 .arg(Texts::tr("Values that differ from the factory settings are bold and marked with *.")));
         const ChannelList channels(m_station);
         for (const ModuleSummary &module : m_modules) {
-            QString html = heading(3, Texts::tr("Rack %1, slot %2: %3 (%4)")
-                                          .arg(QString::number(module.place.rack), QString::number(module.place.slot),
-                                               module.name, orderNumber(module.typeCode)));
+            QString title = heading(3, Texts::tr("Rack %1, slot %2: %3 (%4)")
+                                           .arg(QString::number(module.place.rack), QString::number(module.place.slot),
+                                                module.name, orderNumber(module.typeCode)));
             if (!module.comment.isEmpty() || !module.unavailable.isEmpty()) {
-                html += QStringLiteral("<p>%1</p>\n").arg(escaped(module.comment + module.unavailable));
+                title += QStringLiteral("<p>%1</p>\n").arg(escaped(module.comment + module.unavailable));
             }
             const auto [first, count] = channels.rowsOf(module.place);
             QString rows;
             for (int i = first; i < first + count; ++i) {
                 rows += channelRow(channels.at(i), channels.parameters(i));
             }
-            if (count != 0) {
-                html += table(rows, headerRow({Texts::tr("Channel"), Texts::tr("Address"), Texts::tr("Signal"),
-                                               Texts::tr("Settings")}));
-            }
-            add(html);
+            const QString header = tableHeader(
+                title, {Texts::tr("Channel"), Texts::tr("Address"), Texts::tr("Signal"), Texts::tr("Settings")});
+            add(count == 0 ? title : table(rows, header));
         }
     }
 
