@@ -65,8 +65,6 @@ CatalogView::CatalogView(const std::vector<CatalogEntry> &catalog, QWidget *pare
     m_tree->header()->setStretchLastSection(false);
     m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    // The names are Latin, which are much narrower than the average of a Chinese font.
-    m_tree->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 42);
     connect(m_tree, &QTreeWidget::itemActivated, this, &CatalogView::requestPlace);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &CatalogView::currentTypeChanged);
 
@@ -75,6 +73,9 @@ CatalogView::CatalogView(const std::vector<CatalogEntry> &catalog, QWidget *pare
     layout->addWidget(m_tree);
     fill();
     retranslate();
+    const QAbstractItemView &columns = *m_tree;
+    const int orderNumberWidth = std::max(columns.sizeHintForColumn(1), m_tree->header()->sectionSizeHint(1));
+    m_tree->setMinimumWidth(columns.sizeHintForColumn(0) + orderNumberWidth + 2 * m_tree->frameWidth());
 }
 
 void CatalogView::fill()
