@@ -1,11 +1,12 @@
 #include "rackview.h"
 
+#include "dragpicture.h"
 #include "imagerangetext.h"
 #include "modulecolors.h"
+#include "numberheader.h"
 
 #include <QDrag>
 #include <QDropEvent>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -33,18 +34,6 @@ QColor faded(const QPalette &palette)
     return QColor::fromRgb((2 * text.red() + base.red()) / 3, (2 * text.green() + base.green()) / 3,
                            (2 * text.blue() + base.blue()) / 3);
 }
-
-/// Measures only its last section, whose text is the longest. The base class measures up to 200 sections at each change
-/// of the racks.
-class NumberHeader : public QHeaderView {
-public:
-    using QHeaderView::QHeaderView;
-
-    QSize sizeHint() const override
-    {
-        return count() == 0 ? QHeaderView::sizeHint() : sectionSizeFromContents(count() - 1);
-    }
-};
 
 } // namespace
 
@@ -92,10 +81,9 @@ private:
         QRectF line = card.adjusted(padding, stripeHeight + margin, -padding, 0);
         line.setHeight(m_view.fontMetrics().height());
         const auto write = [&](const QString &text, const QColor &ink) {
-            const QFontMetrics metrics(painter.font());
             painter.setPen(ink);
             painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
-                             metrics.elidedText(text, Qt::ElideRight, static_cast<int>(line.width())));
+                             painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(line.width())));
             line.translate(0, line.height());
         };
         QFont font = m_view.font();
@@ -196,8 +184,7 @@ void RackView::fitToFont()
     for (const CatalogEntry &entry : m_model->catalog()) {
         width = std::max(width, metrics.horizontalAdvance(entry.name) + 1);
     }
-    width = std::min(width, maximumCharacters * character);
-    horizontalHeader()->setDefaultSectionSize(width + 2 * (margin + padding));
+    horizontalHeader()->setDefaultSectionSize(std::min(width, maximumCharacters * character) + 2 * (margin + padding));
     const int cardHeight = fontMetrics().height() * cardLines + stripeHeight + 3 * margin + padding;
     verticalHeader()->setDefaultSectionSize(cardHeight);
     setMinimumHeight(cardHeight + horizontalHeader()->sizeHint().height() + horizontalScrollBar()->sizeHint().height());
@@ -374,41 +361,11 @@ void RackView::startDrag(Qt::DropActions supportedActions)
     if (modules.isEmpty()) {
         return;
     }
-    constexpr QPoint toPointer(-14, -10);
     auto *drag = new QDrag(this);
     drag->setMimeData(m_model->mimeData(modules));
-    drag->setPixmap(dragPicture(modules.size()));
-    drag->setHotSpot(toPointer);
+    drag->setPixmap(dragPicture(*this, modules.size()));
+    drag->setHotSpot({-14, -10});
     drag->exec(supportedActions);
-}
-
-/// The current card, small and half transparent, with the number of dragged modules if there are several.
-QPixmap RackView::dragPicture(int modules) const
-{
-    constexpr qreal scale = 0.6;
-    constexpr qreal opacity = 0.7;
-    QStyleOptionViewItem option = viewOptions();
-    option.rect = QRect({}, visualRect(currentIndex()).size());
-    const QRect whole({}, option.rect.size() * scale);
-    QPixmap picture(whole.size() * devicePixelRatioF());
-    picture.setDevicePixelRatio(devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setOpacity(opacity);
-    painter.scale(scale, scale);
-    itemDelegate()->paint(&painter, option, currentIndex());
-    if (modules > 1) {
-        painter.resetTransform();
-        painter.setOpacity(1);
-        const QString count = QString::number(modules);
-        QRect badge({}, fontMetrics().size(Qt::TextSingleLine, count).grownBy({padding, 1, padding, 1}));
-        badge.moveBottomRight(whole.bottomRight());
-        painter.fillRect(badge, palette().highlight());
-        painter.setPen(palette().color(QPalette::HighlightedText));
-        painter.setFont(font());
-        painter.drawText(badge, Qt::AlignCenter, count);
-    }
-    return picture;
 }
 
 /// Unlike the base class allows modules to move into slots that they leave themselves.

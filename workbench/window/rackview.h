@@ -53,7 +53,6 @@ private:
 
     void fitToFont();
     void moveBy(int racks, int columns);
-    QPixmap dragPicture(int modules) const;
 
     void readExtent(const Station &station);
     void showExtent();
