@@ -150,3 +150,10 @@ void ChannelTable::fitToContents(const QVector<int> &samples, const QVector<int>
     }
     verticalHeader()->setDefaultSectionSize(height);
 }
+
+QItemSelectionModel::SelectionFlags ChannelTable::selectionCommand(const QModelIndex &index, const QEvent *event) const
+{
+    const QWidget *const editor = indexWidget(index);
+    return editor != nullptr && editor->hasFocus() ? QItemSelectionModel::NoUpdate
+                                                   : QTableWidget::selectionCommand(index, event);
+}

@@ -31,6 +31,10 @@ public:
     /// and may have fewer elements than there are columns.
     void fitToContents(const QVector<int> &samples, const QVector<int> &minimumWidths = {});
 
+protected:
+    /// Keeps the selected channels when an editor gets the focus, because its actions apply to them.
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index, const QEvent *event) const override;
+
 private:
     /// Returns the items of a list. Those of every row are copies of them.
     const QStandardItem &itemsOf(const ChoiceList &choices, ItemData itemData);

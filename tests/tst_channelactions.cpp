@@ -82,6 +82,8 @@ private slots:
             "0:0/1/2/2 0:0/1/1/2");
         row("selected channels", range, "0:1/0/0/2 0:0/0/0/2 0:0/0/0/2 0:0/0/0/2", "@enable_0 #2,+3 apply",
             "1/0/0/2 0/0/0/2 1/0/0/2 1/0/0/2", all2);
+        row("channels selected before the editor", range, "0:0/0/0/2 0:1/0/0/2 0:0/0/0/2", "#1,+2 @enable_1 apply",
+            "0/0/0/2 1/0/0/2 1/0/0/2", all2);
         row("a block of selected channels", weighing, "0 1 1 1", "@enable_0 #1,-3 apply", "0 0 0 0", all3);
         row("one selected channel is no selection", weighing, "0 1 1", "@enable_0 #1 apply", "0 0 0", all3);
         row("fill ignores the selection", weighing, "1 0 1 1", "@enable_1 #0,+1 fill", "1 0 0 0", all3);
