@@ -32,7 +32,8 @@ public:
     void fitToContents(const QVector<int> &samples, const QVector<int> &minimumWidths = {});
 
 protected:
-    /// Keeps the selected channels when an editor gets the focus, because its actions apply to them.
+    /// Keeps the selected channels at a right click on an editor, because the actions of its menu apply to them. An
+    /// editor that ignores a button passes the event to the table.
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index, const QEvent *event) const override;
 
 private:
