@@ -241,7 +241,7 @@ private slots:
         bytes("a changed state", "checksum", 150,
               [](QByteArray f) { return f.replace(f.lastIndexOf("oooooooo"), 1, "p"); });
         row("too large", "too large", 0, [](const QString &path) { QFile::resize(path, 65 << 20); }); // takes no space
-        row("a folder", "directory", 0, [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); });
+        row("a folder", "not a station", 0, [](const QString &path) { QFile::remove(path) && QDir().mkdir(path); });
         sql("another program's database", {"PRAGMA application_id = 0"}, "another program", 150);
         sql("another version", {"PRAGMA user_version = 3"}, "version 3", 150);
         sql("a missing table", {"DROP TABLE module"}, "tables", 0);
@@ -297,11 +297,15 @@ private slots:
     {
         QVERIFY(ProjectFile(m_path).write(oldProject));
         const QByteArray before = contentOf(m_path);
+        const QString report = m_folder.filePath("test.html");
+        const QByteArray text = "text" + before;
+        overwrite(report, text);
         const auto check = [&](const char *reason) -> QString {
             const QStringList reasons{ProjectFile(m_path).write(newProject).reason(),
                                       ProjectFile(m_folder.filePath("new.station")).write(newProject).reason(),
-                                      writeFile(m_path, before + "x").reason()};
-            const bool isUnchanged = contentOf(m_path) == before && content() == textsOf(oldProject);
+                                      writeFile(report, text + "x").reason()};
+            const bool isUnchanged =
+                contentOf(m_path) == before && content() == textsOf(oldProject) && contentOf(report) == text;
             return reasons.filter(QRegularExpression(reason)) == reasons && isUnchanged ? QString()
                                                                                         : reasons.join('\n');
         };

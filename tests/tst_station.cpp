@@ -12,6 +12,8 @@
 
 #include <QUndoStack>
 
+#include <sys/stat.h>
+
 class TestStation : public QObject, private SampleStations {
     Q_OBJECT
 
@@ -40,6 +42,7 @@ private slots:
         Project part = stationOf({13655})->project();
         part.modules.push_back(unavailableModule({0, 1}, part.modules[0].state));
         QVERIFY(ProjectFile("part.station").write(part));
+        QCOMPARE(mkfifo("pipe", S_IRUSR | S_IWUSR), 0);
     }
     void init() { simulatedhost::resetBase(); }
 
@@ -247,6 +250,9 @@ private slots:
         row("decompile a file of another kind", "x.station --decompile batch.station", Findings, "No project");
         row("decompile an endless device", "x.station --decompile /dev/zero", UsageOrUnreadable, "larger than");
         row("list without a project", "none.station --list", UsageOrUnreadable, "^none.station: ");
+        row("list a pipe", "pipe --list", UsageOrUnreadable, "^pipe: This is not a station file");
+        row("compile over a project", "batch.station --compile batch.station", UsageOrUnreadable,
+            "^batch.station: The file is a project");
         row("two tasks", "batch.station --list --verify", UsageOrUnreadable, "^--batch needs");
 
         row("compare", "batch.station --compare batch.station", NoFindings, "^$");

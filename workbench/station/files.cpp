@@ -1,6 +1,7 @@
 #include "files.h"
 
 #include "blockdecoder.h"
+#include "projectfile.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -51,6 +52,9 @@ Result<QByteArray> readBlockFile(const QString &path)
 
 Result<> writeFile(const QString &path, const QByteArray &bytes)
 {
+    if (ProjectFile(path).isProject()) {
+        return Failure{Texts::tr("The file is a project, and only a project can replace it. Choose another name.")};
+    }
     const QFileInfo target(path);
     QFile device(path);
     QSaveFile file(path);

@@ -9,5 +9,6 @@
 /// blockdecoder::maximumFileSize.
 Result<QByteArray> readBlockFile(const QString &path);
 
-/// Replaces the file as a whole, or writes to the device of this name. A failure leaves an existing file unchanged.
+/// Replaces the file as a whole, or writes to the device of this name. Fails if the file is a project.
+/// A failure leaves an existing file unchanged.
 Result<> writeFile(const QString &path, const QByteArray &bytes);

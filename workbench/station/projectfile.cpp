@@ -18,6 +18,16 @@ constexpr int headerSize = 100; // of a SQLite database, as its format defines i
 constexpr int versionOffset = 60;
 constexpr int applicationIdOffset = 68;
 
+bool isDatabase(const QByteArray &header)
+{
+    return header.size() == headerSize && header.startsWith(QByteArray("SQLite format 3\0", 16));
+}
+
+bool hasApplicationId(const QByteArray &header)
+{
+    return qFromBigEndian<quint32>(header.constData() + applicationIdOffset) == ProjectFile::applicationId;
+}
+
 QString damaged(const QString &complaint)
 {
     return ProjectFile::tr("The file is damaged: %1").arg(complaint);
@@ -143,11 +153,26 @@ QString projectChecksum(const Project &project, int version)
 
 ProjectFile::ProjectFile(const QString &path) : m_path(QFileInfo(path).absoluteFilePath()) {}
 
+bool ProjectFile::isProject() const
+{
+    QFile file(m_path);
+    if (!QFileInfo(m_path).isFile() || !file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    const QByteArray header = file.read(headerSize);
+    return isDatabase(header) && hasApplicationId(header);
+}
+
 /// Checks the first bytes, so the database library does not open files of other programs.
 Result<> ProjectFile::recognise() const
 {
     if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE"))) {
         return Failure{tr("Qt's SQLite driver is not installed.")};
+    }
+    const QString isOther = tr("This is not a station file, or its header is damaged.");
+    // Opening a pipe waits for a writer.
+    if (const QFileInfo info(m_path); info.exists() && !info.isFile()) {
+        return Failure{isOther};
     }
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -157,10 +182,10 @@ Result<> ProjectFile::recognise() const
         return Failure{tr("The file is too large for a station.")};
     }
     const QByteArray header = file.read(headerSize);
-    if (header.size() < headerSize || !header.startsWith(QByteArray("SQLite format 3\0", 16))) {
-        return Failure{tr("This is not a station file, or its header is damaged.")};
+    if (!isDatabase(header)) {
+        return Failure{isOther};
     }
-    if (qFromBigEndian<quint32>(header.constData() + applicationIdOffset) != applicationId) {
+    if (!hasApplicationId(header)) {
         return Failure{tr("This is the database of another program, or its header is damaged.")};
     }
     const auto version = qFromBigEndian<quint32>(header.constData() + versionOffset);

@@ -24,6 +24,8 @@ public:
 
     explicit ProjectFile(const QString &path);
 
+    /// Also true for a file of another format version and for a damaged file with an intact header.
+    bool isProject() const;
     Result<Project> read() const;
     /// Creates the file, or replaces the project that it contains and keeps that one as backupPath(). Fails when the
     /// file cannot be written or is not a project; it is then unchanged. If @p expected is not empty, it is the

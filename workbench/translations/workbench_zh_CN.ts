@@ -722,6 +722,10 @@
         <source>The file is larger than %1 bytes, the limit for configuration blocks.</source>
         <translation>文件大于%1字节，即配置数据块的上限。</translation>
     </message>
+    <message>
+        <source>The file is a project, and only a project can replace it. Choose another name.</source>
+        <translation>该文件是项目文件，只能由项目替换。请使用其他名称。</translation>
+    </message>
 </context>
 <context>
     <name>FindDialog</name>
