@@ -3,6 +3,7 @@
 #include "baseservices.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QVarLengthArray>
 
 namespace {
@@ -10,8 +11,13 @@ namespace {
 /// Returns the text of the type code's file; empty if the file cannot be read.
 QString readMetFile(quint32 typeCode)
 {
+    const QString path = metFilePath(typeCode);
+    // Opening a pipe waits for a writer, and a device may have no end.
+    if (const QFileInfo info(path); !info.isFile() || info.size() > maximumMetFileSize) {
+        return {};
+    }
     // Unbuffered, because the file is read in one piece.
-    QFile file(metFilePath(typeCode));
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return {};
     }

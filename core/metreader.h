@@ -8,6 +8,9 @@
 
 #include <QVector>
 
+/// In bytes, many times the size of any description file. A larger file has no entries.
+constexpr qint64 maximumMetFileSize = Q_INT64_C(16) * 1024 * 1024;
+
 /// Parses the lines of one file and yields each entry at its [END].
 class MetParser {
 public:
@@ -29,7 +32,8 @@ QString metFileName(quint32 typeCode);
 /// Returns the path of a type code's description file.
 QString metFilePath(quint32 typeCode);
 
-/// Returns all entries of the type code's file in file order; empty if the file cannot be read.
+/// Returns all entries of the type code's file in file order; empty if the file is not a regular file, is larger than
+/// maximumMetFileSize or cannot be read.
 QVector<ModuleMetInfo> readMetEntries(quint32 typeCode);
 
 /// Copies the first entry of @p typeCode to @p destination. Intended: type code 4 is looked up as 3, and the copy has

@@ -219,6 +219,7 @@ private slots:
             "[missing-component]\n");
         row("a missing file after another file", {"@DIR@/6/hw00003453.met", "@DIR@/none"}, 2, message);
         row("a folder without description files", {"@DIR@/9"}, 2, "");
+        row("an endless device", {"/dev/zero"}, 2, "");
         row("no arguments", {}, 2, "");
         row("an unknown option", {"--all", "@DIR@"}, 2, "");
         row("a host version that is not a number", {"--host-version", "x", "@DIR@"}, 2, "");

@@ -8,6 +8,8 @@
 
 #include <rapidcheck.h>
 
+#include <sys/stat.h>
+
 namespace {
 
 /// The fields in which @p info differs from a fresh record.
@@ -157,6 +159,7 @@ private slots:
             "[MODULE START]\nObjID=3453\n[MODULE START]\nObjName=x\n[END]\n", -1, "");
         row("empty file", 13395, "", -1, "");
         row("no file", 13395, {}, -1, "");
+        row("a file above the limit", 13395, first + QByteArray(maximumMetFileSize, '\n'), -1, "");
         row("type code 4 is looked up as 3", 4, "ObjID=3\nObjName=three\n[END]\n", 0, "three");
     }
     void lookUp()
@@ -173,6 +176,13 @@ private slots:
         QCOMPARE(lookUpMetInfo(typeCode, info), index);
         QTEST(info.objName, "name");
         QCOMPARE(info.objId, index < 0 ? 0U : typeCode);
+    }
+
+    void aPipeIsNotOpened()
+    {
+        const CatalogFolder catalog;
+        QCOMPARE(mkfifo(QFile::encodeName(metFilePath(13395)).constData(), S_IRUSR | S_IWUSR), 0);
+        QVERIFY(readMetEntries(13395).isEmpty());
     }
 
     void outcomeEqualsThatOfThePlainReader()

@@ -2,6 +2,7 @@
 #include "linter.h"
 
 #include "baseservices.h"
+#include "metreader.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -120,9 +121,19 @@ private:
             fail(path % QStringLiteral(": ") % file.errorString());
             return;
         }
-        const QByteArray content = file.readAll();
+        QByteArray content;
+        QByteArray part;
+        do { // a pipe yields its content in parts
+            part = file.read(maximumMetFileSize + 1 - content.size());
+            content += part;
+        } while (!part.isEmpty());
         if (file.error() != QFileDevice::NoError) {
             fail(path % QStringLiteral(": ") % file.errorString());
+            return;
+        }
+        if (content.size() > maximumMetFileSize) {
+            fail(path % QStringLiteral(": the file is larger than %1 bytes, the limit for description files")
+                            .arg(maximumMetFileSize));
             return;
         }
         const QFileInfo info(path);

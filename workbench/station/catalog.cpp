@@ -51,7 +51,8 @@ CatalogFamily familyOf(int baseType, quint32 typeCode)
 void readTexts(const QString &path, CatalogEntry &entry)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    // Opening a pipe waits for a writer, and a device may have no end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return;
     }
     QTextStream stream(&file);
@@ -100,7 +101,7 @@ QString catalogProblem(quint32 typeCode)
 {
     const QString name = descriptionFileName(typeCode);
     const QString path = getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription) + name;
-    if (!QFile::exists(path)) {
+    if (!QFileInfo(path).isFile()) {
         return Texts::tr("The catalog has no description file %1 for type %2.").arg(name).arg(typeCode);
     }
     CatalogEntry entry;

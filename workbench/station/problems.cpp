@@ -115,7 +115,7 @@ std::vector<Problem> ignoredDescriptions(const PluginLibrary &plugin)
     const QDir folder(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription));
     std::vector<Problem> problems;
     for (const QFileInfo &info : folder.entryInfoList({QStringLiteral("hw*.met")}, QDir::Files, QDir::Name)) {
-        if (!isUsed(plugin, catalog, info.fileName())) {
+        if (info.isFile() && !isUsed(plugin, catalog, info.fileName())) {
             addDiagnostics(info, problems);
         }
     }
