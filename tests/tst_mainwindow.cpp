@@ -379,6 +379,16 @@ private slots:
         const QString written = process.readAll();
         QVERIFY2(written.contains(QRegularExpression(fetched<QString>("output"))), qPrintable(written));
     }
+
+    void reportsAFullDisk()
+    {
+        QProcess process;
+        process.setStandardOutputFile("/dev/full");
+        process.start(WORKBENCH_PROGRAM, {"--table"});
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitCode(), 1);
+        QVERIFY(process.readAllStandardError().contains("could not be written"));
+    }
 };
 
 QTEST_MAIN(TestMainWindow)

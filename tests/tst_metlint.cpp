@@ -239,6 +239,16 @@ private slots:
         QCOMPARE(process.readAllStandardError().isEmpty(), exitCode != 2);
     }
 
+    void reportsAFullDisk()
+    {
+        QProcess process;
+        process.setStandardOutputFile("/dev/full");
+        process.start(METLINT_PROGRAM, {"--list-rules"});
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitCode(), 2);
+        QVERIFY(process.readAllStandardError().contains("could not be written"));
+    }
+
     // Runs after the tests above, because it uses their messages.
     void everyRuleHasAFixtureAndIsDocumented()
     {

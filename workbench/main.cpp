@@ -63,6 +63,17 @@ void complain(const QString &text)
     QTextStream(stderr) << text << '\n';
 }
 
+/// Returns @p status, or @p failure after an error message if a part of the output could not be written.
+int statusAfterOutput(QTextStream &out, int status, int failure)
+{
+    out.flush();
+    if (out.status() == QTextStream::Ok) {
+        return status;
+    }
+    complain(QStringLiteral("A part of the output could not be written."));
+    return failure;
+}
+
 /// Users who start the program from a desktop do not see standard error.
 void complainAtStart(const QString &text, bool inWindow)
 {
@@ -115,7 +126,7 @@ int printTable(const PluginLibrary &plugin, const std::vector<CatalogEntry> &cat
         return exitFailure;
     }
     QTextStream out(stdout);
-    return printStation(out, **station) ? 0 : exitFailure;
+    return statusAfterOutput(out, printStation(out, **station) ? 0 : exitFailure, exitFailure);
 }
 
 int showWindow(const PluginLibrary &plugin, const std::vector<CatalogEntry> &catalog, const QString &path)
@@ -151,7 +162,7 @@ int run(Options &options, const QCoreApplication &application, bool asTable)
     if (asBatch) {
         QTextStream out(stdout);
         QTextStream err(stderr);
-        return runBatch(options.parser, options.batch, plugin, out, err);
+        return statusAfterOutput(out, runBatch(options.parser, options.batch, plugin, out, err), exitUsage);
     }
     const std::vector<CatalogEntry> catalog = readCatalog();
     if (catalog.empty()) {

@@ -1,5 +1,6 @@
 // blockinspect: prints the fields of a module's block, or the fields in which two blocks differ.
 #include "blockreport.h"
+#include "standardoutput.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -172,7 +173,7 @@ int main(int argc, char *argv[])
         "Exit status:\n"
         "  0  The block is valid, or the two blocks are equal.\n"
         "  1  The two blocks differ.\n"
-        "  2  A block is damaged, a file cannot be read or the command line is invalid.\n\n"
+        "  2  A block is damaged, a file cannot be read or written, or the command line is invalid.\n\n"
         "Examples:\n"
         "  $ blockinspect module.state\n"
         "  $ blockinspect --config --json station.block\n"
@@ -196,5 +197,6 @@ int main(int argc, char *argv[])
         return Failure;
     }
     const QString path = parser.positionalArguments().constFirst();
-    return parser.isSet(options.diff) ? compareFiles(path, parser, options) : inspectFile(path, parser, options);
+    return statusAfterOutput("blockinspect", parser.isSet(options.diff) ? compareFiles(path, parser, options)
+                                                                        : inspectFile(path, parser, options));
 }

@@ -2,6 +2,7 @@
 #include "hostfunctions.h"
 #include "isolation.h"
 #include "promises.h"
+#include "standardoutput.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -201,7 +202,7 @@ int main(int argc, char *argv[])
         "Exit status:\n"
         "  0  All promises are kept.\n"
         "  1  A promise is broken.\n"
-        "  2  The command line is invalid or the libraries cannot be loaded.\n\n"
+        "  2  The command line is invalid, the libraries cannot be loaded or the output cannot be written.\n\n"
         "Examples:\n"
         "  $ hostcheck\n"
         "  $ hostcheck --owner line-1 --other-owner line-2 host/lib"));
@@ -225,10 +226,10 @@ int main(int argc, char *argv[])
     }
     if (parser.isSet(options.list)) {
         listPromises(parser.isSet(options.json));
-        return Kept;
+        return statusAfterOutput("hostcheck", Kept);
     }
     try {
-        return run(parser, options);
+        return statusAfterOutput("hostcheck", run(parser, options));
     } catch (const std::system_error &error) {
         complain(QString::fromLocal8Bit(error.what()));
         return Failure;

@@ -3,6 +3,7 @@
 
 #include "baseservices.h"
 #include "metreader.h"
+#include "standardoutput.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -214,7 +215,7 @@ int main(int argc, char *argv[])
                        "Exit status:\n"
                        "  0  There are no diagnostics.\n"
                        "  1  There are diagnostics.\n"
-                       "  2  The command line is invalid or a file cannot be read.\n\n"
+                       "  2  The command line is invalid, a file cannot be read or the output cannot be written.\n\n"
                        "Examples:\n"
                        "  $ metlint hw00003453.met\n"
                        "  $ metlint --json --components components descriptions"));
@@ -236,7 +237,7 @@ int main(int argc, char *argv[])
     }
     if (parser.isSet(list)) {
         listRules(parser.isSet(json));
-        return Clean;
+        return statusAfterOutput("metlint", Clean);
     }
 
     bool isNumber = false;
@@ -260,7 +261,7 @@ int main(int argc, char *argv[])
         for (const QString &path : paths) {
             run.lintArgument(path);
         }
-        return run.finish();
+        return statusAfterOutput("metlint", run.finish());
     }
     return Failure;
 }
