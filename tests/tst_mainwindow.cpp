@@ -367,6 +367,9 @@ private slots:
         row("missing library", "--table --library absent.so", 1, "^The plug-in cannot be loaded: .*absent.so");
         row("missing project", "--table absent.station", 1, "^absent.station: No such file or directory\n$");
         row("unknown option", "--unknown --table", 2, "^Unknown option 'unknown'");
+        row("task without batch", "--table absent.station --compile x.blk", 2, "^A task needs --batch");
+        row("two projects", "--table a.station b.station", 2, "^Expected at most one file");
+        row("no file name", "--table ", 2, "^Expected at most one file");
         row("batch without a task", "--batch", 2, "^--batch needs a project file");
     }
     void runsWithoutAWindow()

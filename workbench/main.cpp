@@ -154,6 +154,15 @@ int run(Options &options, const QCoreApplication &application, bool asTable)
     }
     options.parser.process(application); // exits for --help and --version
     const bool asBatch = options.parser.isSet(options.batch.batch);
+    const QStringList files = options.parser.positionalArguments();
+    if (!asBatch && (options.batch.taskCount(options.parser) != 0 || options.parser.isSet(options.batch.modules))) {
+        complain(QStringLiteral("A task needs --batch; see --help."));
+        return exitUsage;
+    }
+    if (!asBatch && (files.size() > 1 || files.contains(QString()))) {
+        complain(QStringLiteral("Expected at most one file, with a name that is not empty; see --help."));
+        return exitUsage;
+    }
     PluginLibrary plugin;
     if (const Result<> loaded = plugin.load(options.parser.value(options.library)); !loaded) {
         complainAtStart(QStringLiteral("The plug-in cannot be loaded: %1").arg(loaded.reason()), !asTable && !asBatch);
@@ -171,7 +180,7 @@ int run(Options &options, const QCoreApplication &application, bool asTable)
                         !asTable);
         return exitFailure;
     }
-    const QString path = options.parser.positionalArguments().value(0);
+    const QString path = files.value(0);
     return asTable ? printTable(plugin, catalog, path) : showWindow(plugin, catalog, path);
 }
 

@@ -235,16 +235,20 @@ void BatchOptions::addTo(QCommandLineParser &parser) const
     parser.addOptions({batch, list, verify, compile, decompile, report, compare, create, modules});
 }
 
+int BatchOptions::taskCount(const QCommandLineParser &parser) const
+{
+    const auto tasks = {&list, &verify, &compile, &decompile, &report, &compare, &create};
+    return static_cast<int>(std::count_if(tasks.begin(), tasks.end(),
+                                          [&parser](const QCommandLineOption *task) { return parser.isSet(*task); }));
+}
+
 BatchExit runBatch(const QCommandLineParser &parser, const BatchOptions &options, const PluginLibrary &plugin,
                    QTextStream &out, QTextStream &err)
 {
-    const auto tasks = {&options.list,   &options.verify,  &options.compile, &options.decompile,
-                        &options.report, &options.compare, &options.create};
-    const auto chosen =
-        std::count_if(tasks.begin(), tasks.end(), [&](const QCommandLineOption *task) { return parser.isSet(*task); });
     const bool creates = parser.isSet(options.create);
     const QStringList files = parser.positionalArguments();
-    if (chosen != 1 || parser.isSet(options.modules) != creates || files.size() != (creates ? 0 : 1)) {
+    if (options.taskCount(parser) != 1 || parser.isSet(options.modules) != creates ||
+        files.size() != (creates ? 0 : 1)) {
         err << "--batch needs a project file and one of --list, --verify, --compile, --decompile, --report and "
                "--compare, or "
                "--new and --modules.\n";

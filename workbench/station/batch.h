@@ -19,6 +19,8 @@ struct BatchOptions {
     BatchOptions();
 
     void addTo(QCommandLineParser &parser) const;
+    /// The number of different tasks in the arguments.
+    int taskCount(const QCommandLineParser &parser) const;
 
     QCommandLineOption batch;
     QCommandLineOption list;
@@ -32,7 +34,6 @@ struct BatchOptions {
 };
 
 /// Runs the task of a parsed command line. Prints results and problems to @p out, and the reason of UsageOrUnreadable
-/// to
-/// @p err. Never overwrites a file with a new project.
+/// to @p err. Never overwrites a file with a new project.
 BatchExit runBatch(const QCommandLineParser &parser, const BatchOptions &options, const PluginLibrary &plugin,
                    QTextStream &out, QTextStream &err);
