@@ -18,6 +18,13 @@ constexpr int headerSize = 100; // of a SQLite database, as its format defines i
 constexpr int versionOffset = 60;
 constexpr int applicationIdOffset = 68;
 
+Result<> findDriver()
+{
+    return QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE"))
+               ? Result<>()
+               : Failure{ProjectFile::tr("Qt's SQLite driver is not installed.")};
+}
+
 bool isDatabase(const QByteArray &header)
 {
     return header.size() == headerSize && header.startsWith(QByteArray("SQLite format 3\0", 16));
@@ -166,8 +173,8 @@ bool ProjectFile::isProject() const
 /// Checks the first bytes, so the database library does not open files of other programs.
 Result<> ProjectFile::recognise() const
 {
-    if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE"))) {
-        return Failure{tr("Qt's SQLite driver is not installed.")};
+    if (Result<> found = findDriver(); !found) {
+        return found;
     }
     const QString isOther = tr("This is not a station file, or its header is damaged.");
     // Opening a pipe waits for a writer.
@@ -209,6 +216,9 @@ Result<Project> ProjectFile::read() const
 
 Result<ProjectFile::Written> ProjectFile::write(const Project &project, const QString &expected) const
 {
+    if (const Result<> found = findDriver(); !found) {
+        return found.failure();
+    }
     removeLeftovers(m_path);
     if (!QFileInfo::exists(m_path)) {
         const Result<> created = createWith(project);
