@@ -3,22 +3,24 @@
 #include "baseservices.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QVarLengthArray>
+
+#include <fcntl.h>
 
 namespace {
 
 /// Returns the text of the type code's file; empty if the file cannot be read.
 QString readMetFile(quint32 typeCode)
 {
-    const QString path = metFilePath(typeCode);
-    // Opening a pipe waits for a writer, and a device may have no end.
-    if (const QFileInfo info(path); !info.isFile() || info.size() > maximumMetFileSize) {
-        return {};
-    }
-    // Unbuffered, because the file is read in one piece.
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    // QFile alone would wait for the writer of a pipe, and asking for the kind of the file first costs a system call
+    // more.
+    const int descriptor =
+        open(QFile::encodeName(metFilePath(typeCode)).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    // Unbuffered, because the file is read in one piece. A pipe or a device may have no end.
+    QFile file;
+    if (descriptor < 0 ||
+        !file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle) ||
+        file.isSequential() || file.size() > maximumMetFileSize) {
         return {};
     }
     QTextCodec::ConverterState state;
