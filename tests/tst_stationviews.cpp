@@ -1,6 +1,7 @@
 // What the workbench answers about a station: channels, search, differences, reports; and the edits on many modules.
 #include "channeladdress.h"
 #include "channellist.h"
+#include "fastfolder.h"
 #include "projectcompare.h"
 #include "projecttexts.h"
 #include "reportfile.h"
@@ -9,9 +10,11 @@
 #include "stationcommands.h"
 #include "stationsearch.h"
 
+#include <QBuffer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPdfWriter>
 #include <QUndoStack>
 
 using Bytes = QMap<QString, int>; // fields and their last bytes
@@ -278,6 +281,30 @@ private slots:
         }
         QCOMPARE(written, names);
         QCOMPARE(stationJson(**Station::opened(m_plugin, "again", station->project())), stationJson(*station));
+    }
+
+    void printsPages_data()
+    {
+        const Rows<int, int, int> rows("first", "last", "pages");
+        rows("all", 1, 99, 3);
+        rows("one", 2, 2, 1);
+        rows("from the second", 2, 99, 2);
+    }
+    void printsPages()
+    {
+        QBuffer pdf;
+        QVERIFY(pdf.open(QIODevice::WriteOnly));
+        QPdfWriter writer(&pdf);
+        QPageLayout layout = reportLayout();
+        layout.setOrientation(QPageLayout::Landscape);
+        writer.setPageLayout(layout);
+        QVERIFY(printReport({"a", "b", "c"}, writer, {}, {fetched<int>("first"), fetched<int>("last")}));
+        QCOMPARE(pdf.data().count("/Type /Page\n"), fetched<int>("pages"));
+
+        const auto station = stationOf({13401});
+        QVERIFY(writeReport("landscape.pdf", *station, readCatalog(), {"plant.station", {}}, {}, layout));
+        QVERIFY(contentOf("landscape.pdf").contains("/MediaBox [0 0 842"));
+        QVERIFY(QFile::remove("landscape.pdf"));
     }
 
     /// 4,000 modules: all channels in 300 ms, a search in a frame of 16 ms. The limits leave room for a busy machine.

@@ -23,7 +23,7 @@ constexpr int fontSize = 9;     // points
 constexpr qreal margin = 15;    // mm
 
 /// Empty when @p progress cancels.
-QByteArray pdfOf(const QStringList &parts, const QString &title, const Progress &progress)
+QByteArray pdfOf(const QStringList &parts, const QString &title, const Progress &progress, const QPageLayout &layout)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -31,14 +31,19 @@ QByteArray pdfOf(const QStringList &parts, const QString &title, const Progress 
     QPdfWriter writer(&buffer);
     writer.setTitle(title);
     writer.setResolution(resolution);
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
+    writer.setPageLayout(layout);
     return printReport(parts, writer, progress) ? bytes : QByteArray();
 }
 
 } // namespace
 
-bool printReport(const QStringList &parts, QPagedPaintDevice &device, const Progress &progress)
+QPageLayout reportLayout()
+{
+    return {QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(margin, margin, margin, margin),
+            QPageLayout::Millimeter};
+}
+
+bool printReport(const QStringList &parts, QPagedPaintDevice &device, const Progress &progress, PageRange range)
 {
     QFont font(QStringLiteral("DejaVu Sans"), fontSize);
     font.setStyleHint(QFont::SansSerif);
@@ -57,7 +62,11 @@ bool printReport(const QStringList &parts, QPagedPaintDevice &device, const Prog
         document.setPageSize(page); // first, because every call lays the document out again
         document.setHtml(parts.at(done));
         for (int i = 0; i < document.pageCount(); ++i) {
-            if (number++ != 0) {
+            ++number;
+            if (number < range.first || number > range.last) {
+                continue;
+            }
+            if (number != range.first) {
                 device.newPage();
             }
             const QRectF shown(QPointF(0, i * page.height()), page);
@@ -76,7 +85,7 @@ bool printReport(const QStringList &parts, QPagedPaintDevice &device, const Prog
 }
 
 Result<> writeReport(const QString &path, const Station &station, const std::vector<CatalogEntry> &catalog,
-                     const ReportInfo &info, const Progress &progress)
+                     const ReportInfo &info, const Progress &progress, const QPageLayout &layout)
 {
     const QString suffix = QFileInfo(path).suffix().toLower();
     if (suffix == QLatin1String("csv")) {
@@ -94,6 +103,7 @@ Result<> writeReport(const QString &path, const Station &station, const std::vec
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) == nullptr) {
         return Failure{Texts::tr("A PDF needs Qt's fonts, which this program did not load.")};
     }
-    const QByteArray pdf = pdfOf(stationHtmlParts(station, catalog, info), station.properties().title, progress);
+    const QByteArray pdf =
+        pdfOf(stationHtmlParts(station, catalog, info), station.properties().title, progress, layout);
     return pdf.isEmpty() ? Failure() : writeFile(path, pdf);
 }

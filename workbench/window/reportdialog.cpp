@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
@@ -20,7 +21,7 @@ struct Texts {
 };
 
 void saveReport(const Station &station, const std::vector<CatalogEntry> &catalog, const ReportInfo &info,
-                QWidget *parent)
+                const QPageLayout &layout, QWidget *parent)
 {
     const QFileInfo project(info.fileName);
     const QString present = info.fileName.isEmpty()
@@ -34,9 +35,23 @@ void saveReport(const Station &station, const std::vector<CatalogEntry> &catalog
         return;
     }
     const Result<> written = withProgress(parent, Texts::tr("Preparing the report..."), [&](const Progress &progress) {
-        return writeReport(path, station, catalog, info, progress);
+        return writeReport(path, station, catalog, info, progress, layout);
     });
     showFailure(parent, Texts::tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path)), written);
+}
+
+/// Prints the pages that the user selected in the print dialog. Returns false when the user cancels.
+bool print(const QStringList &parts, QPrinter &printer, QWidget *parent)
+{
+    const bool isRange = printer.printRange() == QPrinter::PageRange;
+    const PageRange range = isRange ? PageRange{printer.fromPage(), printer.toPage()} : PageRange();
+    const bool isComplete = withProgress(parent, Texts::tr("Preparing the report..."), [&](const Progress &progress) {
+        return printReport(parts, printer, progress, range);
+    });
+    if (!isComplete && !printer.outputFileName().isEmpty()) { // no name: the preview or a printer
+        QFile::remove(printer.outputFileName());
+    }
+    return isComplete;
 }
 
 } // namespace
@@ -46,16 +61,13 @@ void showReport(const Station &station, const std::vector<CatalogEntry> &catalog
 {
     const QStringList parts = stationHtmlParts(station, catalog, info);
     QPrinter printer(QPrinter::HighResolution);
-    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setPageLayout(reportLayout());
     printer.setDocName(Texts::tr("Report"));
     QPrintPreviewDialog preview(&printer, parent);
     preview.setObjectName(QStringLiteral("reportPreview"));
     preview.setWindowTitle(Texts::tr("Report"));
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter *device) {
-        const bool isComplete =
-            withProgress(parent, Texts::tr("Preparing the report..."),
-                         [&](const Progress &progress) { return printReport(parts, *device, progress); });
-        if (!isComplete) { // a part of the report would look like a short one
+        if (!print(parts, *device, parent)) { // a part of the report would look like a short one
             QTimer::singleShot(0, &preview, &QDialog::reject);
         }
     });
@@ -63,7 +75,8 @@ void showReport(const Station &station, const std::vector<CatalogEntry> &catalog
         QAction *save = bar->addAction(Texts::tr("&Save As..."));
         save->setObjectName(QStringLiteral("saveReportAction"));
         save->setIconText(plainText(*save));
-        QObject::connect(save, &QAction::triggered, &preview, [&] { saveReport(station, catalog, info, &preview); });
+        QObject::connect(save, &QAction::triggered, &preview,
+                         [&] { saveReport(station, catalog, info, printer.pageLayout(), &preview); });
     }
     resizeToFit(preview, {960, 860});
     preview.exec();
