@@ -47,9 +47,14 @@ private slots:
         QCOMPARE(table->model()->rowCount(), 0);
         child<QDockWidget>("channelDock")->raise();
         QTRY_COMPARE(table->model()->rowCount(), 44);
+        QCoreApplication::sendPostedEvents(); // the layout
+        const QPoint place = child<QCheckBox>("changedOnlyCheck")->pos();
         child<QCheckBox>("changedOnlyCheck")->setChecked(true);
         QCOMPARE(table->model()->rowCount(), 0);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(child<QCheckBox>("changedOnlyCheck")->pos(), place);
         child<QCheckBox>("changedOnlyCheck")->setChecked(false);
+        table->sortByColumn(0, Qt::AscendingOrder);
         QTest::keyClicks(child<QLineEdit>("channelSearch"), "aiw 10");
         QCOMPARE(child<QLabel>("channelCount")->text(), QString("1 of 44 channels"));
         QCOMPARE(cell(0, 4), QString("AIW10"));
@@ -60,6 +65,7 @@ private slots:
         QCOMPARE(cell(0, 5), QString("4~20mA"));
         QVERIFY(table->model()->index(0, 5).data(Qt::FontRole).value<QFont>().bold());
         child<QLineEdit>("channelSearch")->clear();
+        QCOMPARE(cell(0, 4), QString("AIW0")); // equal racks: the order of the station
         child<QCheckBox>("changedOnlyCheck")->setChecked(true);
         QCOMPARE(table->model()->rowCount(), 1);
         m_racks->setCurrentPlace({0, 6});

@@ -202,3 +202,15 @@ bool ChannelFilter::filterAcceptsRow(int row, const QModelIndex & /*parent*/) co
                            [&](const QString &text) { return text.contains(word, Qt::CaseInsensitive); });
     });
 }
+
+/// Equal channels keep the order of the station, also those that a changed filter shows again.
+bool ChannelFilter::lessThan(const QModelIndex &left, const QModelIndex &right) const
+{
+    if (QSortFilterProxyModel::lessThan(left, right)) {
+        return true;
+    }
+    if (QSortFilterProxyModel::lessThan(right, left)) {
+        return false;
+    }
+    return sortOrder() == Qt::AscendingOrder ? left.row() < right.row() : left.row() > right.row();
+}

@@ -205,7 +205,11 @@ void ChannelView::saveCsv()
 
 void ChannelView::updateCount()
 {
-    m_count->setText(tr("%1 of %2 channels").arg(m_filter->rowCount()).arg(m_model->rowCount()));
+    const int total = m_model->rowCount();
+    const QString text = tr("%1 of %2 channels");
+    m_count->setText(text.arg(m_filter->rowCount()).arg(total));
+    // The width of the longest text, because another width would move the check box away from the mouse.
+    m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(text.arg(total).arg(total)));
 }
 
 void ChannelView::retranslate()
