@@ -13,11 +13,13 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 constexpr int placeRole = Qt::UserRole;
+constexpr int widestColumn = 40; // characters; a longer title or name would move the other project out of view
 
 QString propertyTitle(const QString &name)
 {
@@ -66,6 +68,8 @@ CompareDialog::CompareDialog(const Project &left, const QString &leftName, const
     }
     for (int column = 0; column < m_list->columnCount(); ++column) {
         m_list->resizeColumnToContents(column);
+        m_list->setColumnWidth(column,
+                               std::min(m_list->columnWidth(column), widestColumn * fontMetrics().averageCharWidth()));
     }
     connect(m_list, &QTreeWidget::itemActivated, this, [this](const QTreeWidgetItem *item) {
         if (const QVariant place = item->data(0, placeRole); place.isValid()) {
