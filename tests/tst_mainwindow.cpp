@@ -166,7 +166,7 @@ private slots:
         m_racks->setCurrentPlace({4, 4});
         press(m_racks, Qt::Key_V, Qt::ControlModifier);
         QVERIFY(cell({4, 4}).endsWith("AI 0..7") && cell({4, 5}).endsWith("I 0"));
-        QVERIFY(message().endsWith("with their former addresses."));
+        QVERIFY(message().endsWith("with the former addresses."));
         QCOMPARE(m_racks->selectedModules().size(), 2);
         press(m_racks, Qt::Key_Delete);
         QCOMPARE(message(), QString());

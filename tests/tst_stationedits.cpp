@@ -212,7 +212,7 @@ private slots:
             "1 module(s): No free slot follows.");
         row("into a full area", {13652, 13650, 13651}, false, {2, 0}, "65 66", "2 of 3 module(s) pasted",
             "1 module(s): The area I has no room for 4 more");
-        row("cut", {13650, 13651}, true, {2, 0}, "64 65", "2 of 2 module(s) pasted, with their former addresses.", "");
+        row("cut", {13650, 13651}, true, {2, 0}, "64 65", "2 of 2 module(s) pasted, with the former addresses.", "");
         row("cut, with an address that is taken", {13650, 13652}, true, {2, 0}, "64 65",
             "2 of 2 module(s) pasted: 1 with former addresses, 1 with new", "");
     }

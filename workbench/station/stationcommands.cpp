@@ -225,7 +225,7 @@ QString PasteResult::text() const
     if (keptAddresses == 0) {
         return tr("%1, with new addresses.").arg(count);
     }
-    return newAddresses == 0 ? tr("%1, with their former addresses.").arg(count)
+    return newAddresses == 0 ? tr("%1, with the former addresses.").arg(count)
                              : tr("%1: %2 with former addresses, %3 with new ones because the former are taken.")
                                    .arg(count, QString::number(keptAddresses), QString::number(newAddresses));
 }

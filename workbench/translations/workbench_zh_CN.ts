@@ -1337,7 +1337,7 @@ Qt %2，使用 Qt %3编译
         <translation>%1，使用新地址。</translation>
     </message>
     <message>
-        <source>%1, with their former addresses.</source>
+        <source>%1, with the former addresses.</source>
         <translation>%1，保留原地址。</translation>
     </message>
     <message>

@@ -366,6 +366,7 @@ void RackView::startDrag(Qt::DropActions supportedActions)
     drag->setPixmap(dragPicture(*this, modules.size()));
     drag->setHotSpot({-14, -10});
     drag->exec(supportedActions);
+    viewport()->update(); // without the mark of a drag that was cancelled
 }
 
 /// Unlike the base class allows modules to move into slots that they leave themselves.
