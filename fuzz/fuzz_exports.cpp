@@ -116,7 +116,7 @@ private:
 
     void place(Module &module)
     {
-        module.rack = m_input.number<qint8>();
+        module.rack = static_cast<qint8>(m_input.byte());
         module.slot = m_input.byte() % 2U == 0 ? m_input.number<qint8>() : m_input.number<qint32>();
         module.position = {m_input.number<qint32>(), m_input.number<qint16>()};
         setRackId(module.handle.get(), module.rack);
@@ -273,7 +273,7 @@ private:
         m_modules.push_back(std::move(module));
     }
 
-    void check(const Module &module)
+    static void check(const Module &module)
     {
         SimpleExtendPar *const handle = module.handle.get();
         require(getRackId(handle) == module.rack && getSlotId(handle) == module.slot &&

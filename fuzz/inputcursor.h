@@ -4,14 +4,14 @@
 #include <QByteArray>
 #include <QtEndian>
 
-#include <cstring>
+#include <utility>
 
 namespace fuzz {
 
 /// After the end of the input all numbers are 0 and all byte arrays are empty.
 class InputCursor {
 public:
-    explicit InputCursor(const QByteArray &input) : m_rest(input) {}
+    explicit InputCursor(QByteArray input) : m_rest(std::move(input)) {}
 
     bool atEnd() const { return m_rest.isEmpty(); }
 
@@ -31,7 +31,7 @@ public:
 private:
     QByteArray taken(int count)
     {
-        const QByteArray bytes = m_rest.left(count);
+        QByteArray bytes = m_rest.left(count);
         m_rest = m_rest.mid(count);
         return bytes;
     }

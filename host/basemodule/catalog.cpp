@@ -37,7 +37,7 @@ QString shippedCatalog()
     };
     // The library is in lib/, lib/<architecture>/ or lib/<architecture>/simpleextend/ of the installation.
     for (const char *prefix : {"..", "../..", "../../.."}) {
-        const QString catalog = catalogBelow(prefix);
+        QString catalog = catalogBelow(prefix);
         if (QFileInfo::exists(catalog)) {
             return catalog;
         }
