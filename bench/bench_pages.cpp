@@ -2,6 +2,7 @@
 // nothing else. Both contain the time of the editors alone. The time of the actions that change many channels.
 #include "baseservices.h"
 #include "comparison.h"
+#include "pageplan.h"
 #include "saifilterwgt.h"
 #include "sairangewgt.h"
 #include "saqouttblwgt.h"
@@ -14,13 +15,9 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMetaProperty>
 #include <QPushButton>
 #include <QScrollArea>
@@ -84,101 +81,6 @@ constexpr std::array kinds = {
     Kind{"digital output table", make<SDQOutTblWgt>, 13650, VoltageCurrent, "output_0"},
     Kind{"weighing", make<SWeightParCfgWgt>, 14418, VoltageCurrent, "sensitivity_0", PlainToContents, 0.65},
 };
-
-/// The editor or the text at one place of a page's grid or table.
-struct Cell {
-    int row = 0;
-    int column = 0;
-    int rowSpan = 1;
-    int columnSpan = 1;
-    std::function<QWidget *(QWidget *parent)> newEditor; ///< empty for a table cell with text
-};
-
-template <class Widget>
-QWidget *newWidget(QWidget *parent)
-{
-    return new Widget(parent);
-}
-
-/// Returns a function that creates plain editors like @p widget; an empty function if @p widget is not an editor.
-std::function<QWidget *(QWidget *parent)> makerOf(const QWidget *widget)
-{
-    if (const auto *label = qobject_cast<const QLabel *>(widget)) {
-        return [text = label->text()](QWidget *parent) { return new QLabel(text, parent); };
-    }
-    if (const auto *box = qobject_cast<const QCheckBox *>(widget)) {
-        return [text = box->text()](QWidget *parent) { return new QCheckBox(text, parent); };
-    }
-    if (const auto *box = qobject_cast<const QComboBox *>(widget)) {
-        QStringList texts;
-        for (int i = 0; i < box->count(); ++i) {
-            texts.append(box->itemText(i));
-        }
-        return [texts](QWidget *parent) {
-            auto *editor = new QComboBox(parent);
-            editor->addItems(texts);
-            return editor;
-        };
-    }
-    if (qobject_cast<const QLineEdit *>(widget) != nullptr) {
-        return newWidget<QLineEdit>;
-    }
-    if (qobject_cast<const QDoubleSpinBox *>(widget) != nullptr) {
-        return newWidget<QDoubleSpinBox>;
-    }
-    return qobject_cast<const QSpinBox *>(widget) != nullptr ? newWidget<QSpinBox>
-                                                             : std::function<QWidget *(QWidget *)>();
-}
-
-/// The editors of a page, taken from the page itself, so the plain page changes with it.
-struct Plan {
-    QStringList titles; ///< of a table's columns; empty for a grid
-    int rows = 0;
-    std::vector<Cell> cells;
-};
-
-Plan planOfTable(const QTableWidget &table)
-{
-    Plan plan;
-    plan.rows = table.rowCount();
-    for (int column = 0; column < table.columnCount(); ++column) {
-        plan.titles.append(table.horizontalHeaderItem(column)->text());
-        for (int row = 0; row < plan.rows; ++row) {
-            plan.cells.push_back({row, column, 1, 1, makerOf(table.cellWidget(row, column))});
-        }
-    }
-    return plan;
-}
-
-Plan planOfGrid(const QGridLayout &grid)
-{
-    Plan plan;
-    for (int i = 0; i < grid.count(); ++i) {
-        Cell cell;
-        grid.getItemPosition(i, &cell.row, &cell.column, &cell.rowSpan, &cell.columnSpan);
-        cell.newEditor = makerOf(grid.itemAt(i)->widget());
-        if (cell.newEditor) {
-            plan.cells.push_back(cell);
-        }
-    }
-    return plan;
-}
-
-Plan planOf(const QWidget &page)
-{
-    if (const auto *table = page.findChild<QTableWidget *>()) {
-        return planOfTable(*table);
-    }
-    Plan largest;
-    const auto grids = page.findChildren<QGridLayout *>();
-    for (const QGridLayout *grid : grids) {
-        Plan plan = planOfGrid(*grid);
-        if (plan.cells.size() > largest.cells.size()) {
-            largest = std::move(plan);
-        }
-    }
-    return largest;
-}
 
 QWidget *newPlainTable(const Plan &plan, QHeaderView::ResizeMode resizeMode)
 {

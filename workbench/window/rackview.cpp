@@ -22,9 +22,8 @@ constexpr int margin = 3;             // px around a card
 constexpr int padding = 6;            // px inside a card
 constexpr int stripeHeight = 5;       // px of a card's colour at its top
 constexpr int cardLines = 4;          // order number, name, input, output
-constexpr int minimumCharacters = 20; // in a line of a card
-constexpr int maximumCharacters = 40;
-constexpr int cornerRadius = 4; // px
+constexpr int minimumCharacters = 20; // in a line of a card; at most twice as many
+constexpr int cornerRadius = 4;       // px
 
 /// Colour of less important texts.
 QColor faded(const QPalette &palette)
@@ -179,12 +178,12 @@ void RackView::fitToFont()
     QFont bold = font();
     bold.setBold(true);
     const QFontMetrics metrics(bold);
-    const int character = metrics.horizontalAdvance(QLatin1Char('x'));
-    int width = minimumCharacters * character;
+    const int narrowest = minimumCharacters * metrics.horizontalAdvance(QLatin1Char('x'));
+    int width = narrowest;
     for (const CatalogEntry &entry : m_model->catalog()) {
         width = std::max(width, metrics.horizontalAdvance(entry.name) + 1);
     }
-    horizontalHeader()->setDefaultSectionSize(std::min(width, maximumCharacters * character) + 2 * (margin + padding));
+    horizontalHeader()->setDefaultSectionSize(std::min(width, 2 * narrowest) + 2 * (margin + padding));
     const int cardHeight = fontMetrics().height() * cardLines + stripeHeight + 3 * margin + padding;
     verticalHeader()->setDefaultSectionSize(cardHeight);
     setMinimumHeight(cardHeight + horizontalHeader()->sizeHint().height() + horizontalScrollBar()->sizeHint().height());
