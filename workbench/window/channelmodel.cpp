@@ -206,11 +206,12 @@ bool ChannelFilter::filterAcceptsRow(int row, const QModelIndex & /*parent*/) co
 /// Equal channels keep the order of the station, also those that a changed filter shows again.
 bool ChannelFilter::lessThan(const QModelIndex &left, const QModelIndex &right) const
 {
-    if (QSortFilterProxyModel::lessThan(left, right)) {
-        return true;
-    }
-    if (QSortFilterProxyModel::lessThan(right, left)) {
-        return false;
+    const auto isLess = [this](const QModelIndex &first, const QModelIndex &second) {
+        return QSortFilterProxyModel::lessThan(first, second);
+    };
+    const bool isBefore = isLess(left, right);
+    if (isBefore || isLess(right, left)) {
+        return isBefore;
     }
     return sortOrder() == Qt::AscendingOrder ? left.row() < right.row() : left.row() > right.row();
 }
