@@ -60,6 +60,10 @@ QStringList projectSchema(int version)
 
 QString storedText(const QString &text)
 {
+    const auto isKept = [](QChar character) { return !character.isSurrogate() && character.unicode() < 0xFFFE; };
+    if (!text.isEmpty() && !text.startsWith(QChar::ByteOrderMark) && std::all_of(text.begin(), text.end(), isKept)) {
+        return text;
+    }
     QVector<uint> characters = text.toUcs4(); // with U+FFFD for unpaired surrogates
     std::replace_if(
         characters.begin(), characters.end(), [](uint character) { return character == 0xFFFE || character == 0xFFFF; },

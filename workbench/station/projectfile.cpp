@@ -152,7 +152,9 @@ QString projectChecksum(const Project &project, int version)
             texts += storedText(module.name);
         }
         for (const QString &text : qAsConst(texts)) {
-            hash.addData(' ' + QByteArray::number(text.toUtf8().size()) + ':' + text.toUtf8());
+            const QByteArray bytes = text.toUtf8();
+            hash.addData(' ' + QByteArray::number(bytes.size()) + ':');
+            hash.addData(bytes);
         }
     }
     return QString::fromLatin1(hash.result().toHex());
