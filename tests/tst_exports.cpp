@@ -367,6 +367,7 @@ private slots:
             QVERIFY(host().restore(throws ? state : QByteArray(), owner) == nullptr);
             QVERIFY(host().recompile(throws ? state : QByteArray(), owner, &result) == nullptr);
             QCOMPARE(host().config(throws ? module.get() : nullptr, owner, &parent, false), 0);
+            host().releaseObject(nullptr);
             simulatedhost::setFaults([](HostCall) -> bool { throw std::bad_alloc(); });
         }
         QVERIFY(host().recompile("\1\2", owner, nullptr) == nullptr);
