@@ -48,7 +48,7 @@ void ChannelModel::setStation(const Station *station)
     });
 }
 
-/// During an edit of many modules there is no list that could follow it.
+/// An edit of many modules deletes the list at its start and creates a new one at its end.
 void ChannelModel::insert(Place place)
 {
     if (!m_channels) {
