@@ -298,6 +298,10 @@ private slots:
         read = restoreModule(goldenBlock(golden, true), owner);
         QCOMPARE((QList<int>{read->inMap.count, read->outMap.count}), (QList<int>{6, 5}));
 
+        SimpleExtendPar par = recordOf(golden); // the length of the range is stored modulo 256
+        par.inMap = {132, 0x1234, 100, 1, 4};
+        QVERIFY(saveModule(par).contains(hex("84 1234 90")));
+
         bytes = goldenBlock(goldens().last(), true);
         bytes[bytes.size() - 14] = 0; // the marker in front of the interrupt table
         QCOMPARE(int(restoreModule(bytes, owner)->intEnableTbl[4]), 0);

@@ -58,6 +58,7 @@ private slots:
         QVERIFY(par);
         QTEST(recordingHost().takeCalls(), "calls");
         QTEST(QString(describe(par->inMap) + ' ' + describe(par->outMap)), "ranges");
+        QCOMPARE((QList<int>{par->inMap.flag, par->outMap.flag}), (QList<int>{1, 1}));
         QTEST(channelTexts(*par), "channels");
         QCOMPARE(par->memoryOwner, owner);
 
@@ -112,11 +113,12 @@ private slots:
 
     void confirm_data()
     {
-        const Rows<int, int, int, qint32, QStringList, int> row("area", "count", "unit", "found", "calls", "freed");
-        row("analog range that is not free moves", 6, 4, 2, 7, {"get plc 6 40 8", "auto plc 6 8"}, 8);
-        row("double words count as bits", 132, 2, 4, 1, {"get plc 132 40 1"}, 8);
-        row("the other direction's words count as bits", 7, 4, 2, 1, {"get plc 7 40 1"}, 8);
-        row("range without channels", 6, 0, 2, 0, {}, 0);
+        const Rows<int, int, int, qint32, QStringList, QStringList> row("area", "count", "unit", "found", "calls",
+                                                                        "freed");
+        row("analog range that is not free moves", 6, 4, 2, 7, {"get plc 6 40 8", "auto plc 6 8"}, {"free  6 4464 8"});
+        row("double words count as bits", 132, 2, 4, 1, {"get plc 132 40 1"}, {"free  132 40 8"});
+        row("the other direction's words count as bits", 7, 4, 2, 1, {"get plc 7 40 1"}, {"free  7 40 8"});
+        row("range without channels", 6, 0, 2, 0, {}, {});
     }
     void confirm()
     {
@@ -130,12 +132,15 @@ private slots:
         QCOMPARE(int(range.start), calls.size() == 2 ? 70000 - 65536 : 40);
         QVERIFY(confirmRange(QString(), range, VarArea::AnalogInput));
         QVERIFY(recordingHost().calls.isEmpty());
-        QTEST(int(rangeLength(range)), "freed");
+        freeRange(QString(), range);
+        QTEST(recordingHost().takeCalls(), "freed");
 
-        recordingHost().allocate = [](VarArea, qint32) { return -1; };
         recordingHost().takeResult = 0;
-        QCOMPARE(confirmRange(owner, range, VarArea::AnalogInput), count == 0);
-        QCOMPARE(int(range.start), count == 0 ? 40 : 65535);
+        for (const qint32 start : {65535, -1}) { // only -1 means no room
+            recordingHost().allocate = [start](VarArea, qint32) { return start; };
+            QCOMPARE(confirmRange(owner, range, VarArea::AnalogInput), count == 0 || start != -1);
+            QCOMPARE(int(range.start), count == 0 ? 40 : 65535);
+        }
     }
 };
 

@@ -328,6 +328,22 @@ private slots:
         }
     }
 
+    void configPassesItsArgumentsOn()
+    {
+        const ModuleHandle module = newModule(mixedAnalog);
+        const QString other = "other";
+        QWidget parent;
+        QList<int> seen;
+        QTimer::singleShot(0, &parent, [&] {
+            auto *dialog = parent.findChild<QDialog *>();
+            seen << int(child(*dialog, "okButton")->isEnabled()) << simulatedhost::openSnapshots(other)
+                 << simulatedhost::openSnapshots(owner);
+            dialog->reject();
+        });
+        QCOMPARE(host().config(module.get(), other, &parent, true), 0);
+        QCOMPARE(seen << simulatedhost::openSnapshots(other), (QList<int>{0, 1, 0, 0}));
+    }
+
     void gettersSettersAndBlocks()
     {
         ModuleHandle handle = m_plugin.own(host().createObject(13650, owner));

@@ -178,6 +178,17 @@ private slots:
         QCOMPARE(info.objId, index < 0 ? 0U : typeCode);
     }
 
+    void entryWithoutVersionNeedsHost2000()
+    {
+        CatalogFolder catalog;
+        catalog.writeDescription(13395, "ObjID=3453\n[END]\n");
+        ModuleMetInfo info;
+        recordingHost().appVersion = 1999;
+        QCOMPARE(lookUpMetInfo(13395, info), -1);
+        recordingHost().appVersion = 2000;
+        QCOMPARE(lookUpMetInfo(13395, info), 0);
+    }
+
     void aPipeIsNotOpened()
     {
         const CatalogFolder catalog;
