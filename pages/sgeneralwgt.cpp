@@ -75,6 +75,16 @@ QString fittingStart(const QString &comment)
     return fits(comment) ? comment : comment.left(fittingLength(QString(), comment, QString()));
 }
 
+/// Returns @p text as a text edit will return it. These characters take more bytes than those that replace them.
+QString plainText(QString text)
+{
+    const QChar lineEnd = QLatin1Char('\n');
+    return text.replace(QLatin1String("\r\n"), QString(lineEnd))
+        .replace(QChar::LineSeparator, lineEnd)
+        .replace(QChar::ParagraphSeparator, lineEnd)
+        .replace(QChar::Nbsp, QLatin1Char(' '));
+}
+
 /// Inserts only as much pasted or dropped text as fits, because the layout of a very long text takes minutes.
 class CommentEdit : public QTextEdit {
 protected:
@@ -84,7 +94,7 @@ protected:
         const QTextCursor cursor = textCursor();
         const QString head = comment.left(cursor.selectionStart());
         const QString tail = comment.mid(cursor.selectionEnd());
-        QString text = wholeCharacters(source->text()).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        QString text = plainText(wholeCharacters(source->text()));
         text.truncate(fittingLength(head, text, tail));
         QMimeData fitting;
         fitting.setText(text);
@@ -145,10 +155,13 @@ void SGeneralWgt::initConnect()
 void SGeneralWgt::initData(SimpleExtendPar *par)
 {
     m_name->setText(wholeCharacters(par->objName.left(maximumNameLength)));
-    m_comment->setPlainText(fittingStart(par->comment));
+    m_comment->setPlainText(fittingStart(plainText(par->comment)));
     m_comment->document()->setModified(false);
-    m_loadedName = {par->objName, m_name->text()};
-    m_loadedComment = {fits(par->comment) ? par->comment : m_comment->toPlainText(), m_comment->toPlainText()};
+    const QString name = m_name->text();
+    const QString comment = m_comment->toPlainText();
+    const bool isEdited = par != m_par; // by the Defaults button
+    m_loadedName = {isEdited ? name : par->objName, name};
+    m_loadedComment = {isEdited || !fits(par->comment) ? comment : par->comment, comment};
 }
 
 bool SGeneralWgt::saveData()

@@ -71,6 +71,9 @@ private slots:
         comment("a surrogate pair is not split", letters(247) + '|', {"=" + smiley}, letters(247) + '|');
         comment("a very long text", "|end", {"=" + letters(3'000'000)}, letters(247) + "|end");
         comment("unedited line ends stay", "|one\r\ntwo", {}, "|one\r\ntwo");
+        comment("no-break spaces become shorter", '|' + QString(200, QChar::Nbsp), {}, '|' + QString(200, ' '));
+        comment("no-break spaces pasted", "|", {"=" + QString(200, QChar::Nbsp)}, QString(200, ' ') + '|');
+        comment("line separators pasted", "|", {"=" + QString(200, QChar::LineSeparator)}, QString(200, '\n') + '|');
         comment("a longer comment is truncated", '|' + letters(260) + "b", {}, '|' + letters(250));
         comment("a pair at the limit is removed", '|' + letters(248) + smiley, {}, '|' + letters(248));
         row("a name replaced by a text of the shown length", "nameEdit", '|' + letters(30), {"!" + letters(24)},
@@ -127,7 +130,7 @@ private slots:
         SimpleExtendPar par;
         SimpleExtendPar factory;
         par.objName = "mine";
-        factory.objName = "factory";
+        factory.objName = letters(30);
         SGeneralWgt page(&par, nullptr, nullptr);
         SimpleExtendPar *answer = nullptr;
         int requests = 0;
@@ -140,9 +143,10 @@ private slots:
         QCOMPARE(child<QLineEdit>(page, "nameEdit")->text(), par.objName);
         answer = &factory;
         edit(page, "defaultsButton defaultsButton");
-        QCOMPARE(child<QLineEdit>(page, "nameEdit")->text(), factory.objName);
         QCOMPARE(requests, 2);
         QCOMPARE(par.objName, QStringLiteral("mine"));
+        QVERIFY(page.saveData());
+        QCOMPARE(par.objName, letters(24)); // as it is shown
     }
 
     void isHeard()
