@@ -166,6 +166,7 @@ private slots:
 
     void saveCalls_data()
     {
+        // done: calls, starts and the editor of a refusal
         const Rows<QString, int, QString> row("edits", "answer", "done");
         const QString in = "free plc 6 2 8, get plc 6 20 8, ";
         const QString out = "free plc 7 4 4, get plc 7 30 4, ";
@@ -173,8 +174,8 @@ private slots:
         row("input only, the snapshot stays open", "inputStart=20", 1, in + "20 4");
         row("output only", "outputStart=30", 1, out + "pop plc, 2 30");
         row("both", "inputStart=20 outputStart=30", 1, in + out + "pop plc, 20 30");
-        row("input refused", "inputStart=20 outputStart=30", 6, in + "restore plc, 2 4");
-        row("output refused", "outputStart=30", 6, out + "restore plc, 2 4");
+        row("input refused", "inputStart=20 outputStart=30", 6, in + "restore plc, 2 4, inputStart");
+        row("output refused", "outputStart=30", 6, out + "restore plc, 2 4, outputStart");
     }
     void saveCalls()
     {
@@ -188,10 +189,12 @@ private slots:
         recordingHost().takeResult = answer;
         const bool held = answer == simulatedhost::Held;
         BoxRecorder boxes;
+        QStringList refused;
+        connect(&page, &ParamPage::signal_refused, this, [&](QWidget *editor) { refused << editor->objectName(); });
         QCOMPARE(page.saveData(), held);
         const QString starts = QStringLiteral("%1 %2").arg(par.inMap.start).arg(par.outMap.start);
         QCOMPARE(recordingHost().calls.takeFirst(), QString("backup plc"));
-        QTEST((recordingHost().takeCalls() << starts).join(", "), "done"); // calls and starts
+        QTEST((recordingHost().takeCalls() << starts << refused).join(", "), "done");
         QCOMPARE(boxes.told, held ? QStringList() : QStringList{"warning, X: " + getMemoryErrStrByErrCode(answer)});
     }
 
@@ -259,6 +262,18 @@ private slots:
         QCOMPARE(heard, QStringList({"Input, Start: Input, Start, 0~1000", "Input, End: Input, End",
                                      "Input, Length: Input, Length", "Words: Input, Unit", "AI: Input, Memory",
                                      "Output, Start: Output, Start, 0~500", "AQ: Output, Memory"}));
+    }
+
+    void unitsAreWordsBytesAndDoubleWords()
+    {
+        SimpleExtendPar par = moduleWith({6, 10, 4, 1, 2});
+        const SAddrMapWgt page(&par, nullptr, nullptr);
+        const auto *units = child<QComboBox>(page, "inputUnit");
+        QStringList choices;
+        for (int i = 0; i < units->count(); ++i) {
+            choices << units->itemData(i).toString() + '=' + units->itemText(i);
+        }
+        QCOMPARE(choices.join('|'), QString("2=Words|1=Bytes|4=DWord"));
     }
 
     void wheelNeedsFocus()

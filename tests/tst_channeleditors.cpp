@@ -123,6 +123,10 @@ private slots:
             QCOMPARE(placed.remove(editor), !editor->isHidden()); // every visible editor is in its cell
         }
         QVERIFY(placed.isEmpty());
+        const bool isWeighing = widths.isEmpty();
+        QCOMPARE(table->verticalHeader()->isHidden(), isWeighing);
+        QCOMPARE(table->selectionBehavior() == QAbstractItemView::SelectRows, isWeighing);
+        QCOMPARE(table->editTriggers() == QAbstractItemView::NoEditTriggers, isWeighing);
         QTEST(table->rowCount(), "channels");
         for (int channel = 0; channel < table->rowCount(); ++channel) {
             const QTableWidgetItem *const number = table->item(channel, 0);

@@ -60,7 +60,8 @@ private slots:
         row("Select All changes only the switch", aiFilter, "0/5/320 1/9/16", "selectAllButton", "1/5/320 1/9/16");
         row("Clear All changes only the switch", aiFilter, "1/5/320", "clearAllButton", "0/5/320");
         row("only the value 1 means filtered", aiFilter, "7/5/320", "", "0/5/320");
-        row("default filters", aiFilter, "-", "defaultsButton", "1/5/320", "1/5/320");
+        row("default filters, a missing one is 0", aiFilter, "- 1/7/16", "defaultsButton", "1/5/320 0/0/0", "1/5/320");
+        row("a deadband above the limit", aiFilter, "1/5/5000", "", "1/5/4080");
         row("a deadband that is not a multiple of 16", aiFilter, "1/1/16 1/1/16 1/1/16",
             "samples_0=2 deadband_0=32 samples_1=3 filterOn_1=0 deadband_1=20 samples_2=4", "1/2/32 0/3/16 1/1/16", "",
             "deadband_1, warning, X: The value of deadband must be multiples of sixteen.");
@@ -98,10 +99,14 @@ private slots:
         row("a stop value", aqTable, "- -", "stopValue_0=-32000 stopValue_1=32000", "0/-32000 0/32000");
         row("an invalid text is saved as 0", aqTable, "0/9 0/9", "stopValue_0= stopValue_1=-", "0/0 0/0");
         row("32768 cannot be typed", aqTable, "- -", "stopValue_0=32768 stopValue_1=+32768", "0/3276 0/3276");
+        row("stop values beyond the limits stay", aqTable, "0/-32768 0/32767", "", "0/-32768 0/32767");
+        row("a stop value beyond the limit is typed", aqTable, "-", "stopValue_0=32767", "0/32767");
         row("default stop values", aqTable, "0/7", "defaultsButton", "1/0, without stopValue_0", "1/0");
+        row("outputs beyond the default record stay", aqTable, "0/1 0/2", "defaultsButton",
+            "1/9 0/2, without stopValue_0", "1/9");
         row("an output range is chosen", aqType, "1/1 - -", "range_2=3 enable_1=1", "1/1 1/0 0/3");
         row("an output type without a choice is saved as 255", aqType, "2/4", "", "255/255");
-        row("default output types", aqType, "9/0", "defaultsButton", "1/1", "1/1");
+        row("default output types, a missing one is 0", aqType, "9/0 1/2", "defaultsButton", "1/1 0/0", "1/1");
 
         row("every weighing column by default", weighing, "0/3/5/3/1/1/1/2/3 -", "defaultsButton subMax_1=14",
             "1/2/4/15/0/0/0/1/0 1/2/4/15/14/0/0/1/0");
@@ -115,6 +120,7 @@ private slots:
             "sensitivity_0=1.2346 sensitivity_1=0", "1/1.2346/4/15/0/0/0/1/0 1/0/4/15/0/0/0/1/0");
         row("a default sensitivity", weighing, "1/1.23456", "defaultsButton", "1/2/4/15/0/0/0/1/0");
         row("weighing codes without a choice", weighing, "2/2/0/15/0/0/2/7", "", "255/2/0/15/0/0/0/0/0");
+        row("weighing numbers beyond the limits", weighing, "1/2/4/5000/0/0/0/1/-200", "", "1/2/4/2000/0/0/0/1/-99");
         row("a filter depth up to 1 has no rule", weighing, "1/2/4/1/2000/2000 1/2/4/0/1/1", "",
             "1/2/4/1/2000/2000/0/1/0 1/2/4/0/1/1/0/1/0");
         row("a filter depth that equals the sum", weighing, "1/2/4/15/7/7 1/2/4/2/1/1 1/2/4/2/3/0",

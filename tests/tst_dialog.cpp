@@ -119,6 +119,27 @@ private slots:
         QTEST(QString(root->text(0) + ": " + simulatedhost::lastHelpKeyword()), "heading");
     }
 
+    void frame()
+    {
+        OpenDialog opened;
+        QCOMPARE(opened->windowFlags(), Qt::Window | Qt::WindowCloseButtonHint | Qt::WindowTitleHint |
+                                            Qt::WindowSystemMenuHint); // the last two come from Qt
+        QCOMPARE(opened->size(), QSize(690, 440));
+        QCOMPARE(opened.tree()->iconSize(), QSize(24, 24));
+        QCOMPARE(opened.tree()->lineWidth(), 2);
+        const auto *general = opened.root()->child(0);
+        QVERIFY(!opened->windowIcon().isNull() && !opened.root()->icon(0).isNull() && !general->icon(0).isNull());
+        opened.press("helpButton");
+        QCOMPARE(general->data(0, Qt::UserRole + 11).toString(), simulatedhost::lastHelpKeyword());
+        const auto *stack = opened.find<QStackedWidget>("pageStack");
+        QCOMPARE(stack->indexOf(opened.shownTab()), stack->count() - 1); // each page is inserted before the others
+        QStringList texts;
+        for (const char *button : {"okButton", "cancelButton", "defaultAllButton", "helpButton"}) {
+            texts << opened.find<QPushButton>(button)->text();
+        }
+        QCOMPARE(texts.join('|'), QString("OK|Cancel|Default All|Help"));
+    }
+
     void f1OpensHelp()
     {
         simulatedhost::setLanguage(simulatedhost::Language::Local);
@@ -164,6 +185,14 @@ private slots:
         QCOMPARE(saveModule(*par), before);
         QCOMPARE(claims(owner), held);
         QVERIFY(opened->slot_returnDefaultParam() == opened->slot_returnDefaultParam());
+    }
+
+    void defaultAllAffectsTheWeighingPage()
+    {
+        const auto par = buildDefault(0x3852, owner);
+        OpenDialog opened(par.get());
+        edit(*opened.operator->(), "filterDepth_0=7 defaultAllButton");
+        QCOMPARE(opened.find<QSpinBox>("filterDepth_0")->value(), 15);
     }
 
     void defaultAllCallsTheHostOncePerPress()

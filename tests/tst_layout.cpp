@@ -25,15 +25,15 @@ SimpleExtendPar smallModule()
     return par;
 }
 
-/// The object name, else the text; "area" for what only scrolls or frames a layout.
+/// The object name and the text; "area" for what only scrolls or frames a layout.
 QString nameOf(const QWidget *widget)
 {
-    if (!widget->objectName().isEmpty()) {
-        return widget->objectName();
-    }
-    const char *const property = qobject_cast<const QGroupBox *>(widget) != nullptr ? "title" : "text";
-    const QString text = widget->property(property).toString();
-    return text.isEmpty() ? QStringLiteral("area") : QString('\'' + text + '\'');
+    const bool isBox = qobject_cast<const QGroupBox *>(widget) != nullptr;
+    const bool hasText = isBox || widget->inherits("QLabel") || widget->inherits("QAbstractButton");
+    const QString text = hasText ? widget->property(isBox ? "title" : "text").toString() : QString();
+    QStringList parts{widget->objectName(), text.isEmpty() ? QString() : '\'' + text + '\''};
+    parts.removeAll(QString());
+    return parts.isEmpty() ? QStringLiteral("area") : parts.join(' ');
 }
 
 /// Fixed sizes, and whether the widget takes the place that it can get.
@@ -140,14 +140,19 @@ private slots:
         // spans more than one. Spacers have width and height with their policies, e = expanding, m = minimum.
         const Rows<MakePage, QString> row("make", "places");
         row("general", make<SGeneralWgt>,
-            "descriptionLabel; defaultsButton right; 'Information'['&Name:' 0,0; nameEdit 0,1; "
+            "descriptionLabel 'You can adjust the name and comment for the object.'; defaultsButton 'Defaults' right; "
+            "'Information'['&Name:' 0,0; nameEdit 0,1; "
             "'&Comment:' top 1,0; commentEdit expanding 1,1]");
-        const QString range = "'%1'['Address' 0,0; 'Start:' 0,1; %2Start 0,2; 'End:' 0,3; %2End 0,4; 'Length' 1,1; "
-                              "%2Length 1,2; 'Unit' 1,3; %2Unit 1,4; 'Memory:' 2,1; %2Memory 2,2; stretch 0,0,1,0,1]; ";
-        row("address", make<SAddrMapWgt>, range.arg("Input", "input") + range.arg("Output", "output") + "spacer 0mx0e");
+        const QString range =
+            "'%1'['Address' 0,0; 'Start:' 0,1; %2Start 0,2; 'End:' 0,3; %2End 0,4; 'Length' 1,1; "
+            "%2Length 1,2; 'Unit' 1,3; %2Unit 1,4; 'Memory:' 2,1; %2Memory '%3' 2,2; stretch 0,0,1,0,1]; ";
+        row("address", make<SAddrMapWgt>,
+            range.arg("Input", "input", "AI") + range.arg("Output", "output", "AQ") + "spacer 0mx0e");
         row("digital input filter", make<SDIFilterWgt>,
-            "area[defaultsButton right; 'Input Filter Delays'[margins 50,9,50,9; descriptionLabel; "
-            "[filterLabel_0 0,0; filter_0 0,1; filterLabel_1 1,0; filter_1 1,1; stretch 0,1]]]");
+            "area[defaultsButton 'Defaults' right; 'Input Filter Delays'[margins 50,9,50,9; descriptionLabel 'You can "
+            "select the time that the input must remain constant before the signalis caught by the PLC.'; "
+            "[filterLabel_0 'I0.0 - I0.3' 0,0; filter_0 0,1; filterLabel_1 'I0.4 - I0.7' 1,0; filter_1 1,1; stretch "
+            "0,1]]]");
         QString digits;
         QString firstRow;
         for (int i = 0; i < 8; ++i) {
@@ -155,29 +160,39 @@ private slots:
             firstRow += QString("output_%1 centred 1,%2; ").arg(i).arg(i + 1);
         }
         row("digital output table", make<SDQOutTblWgt>,
-            "area['States on transition from RUN to STOP'[descriptionLabel; [freezeCheck; defaultsButton right]; "
+            "area['States on transition from RUN to STOP'[descriptionLabel 'You can configure the ON and OFF states of "
+            "each digital output on Transition from RUN to STOP of the PLC.'; [freezeCheck 'Freeze outputs in last "
+            "state'; defaultsButton 'Defaults' right]; "
             "'Selected output will be ON when the PLC transitions from RUN to STOP mode.'; [" +
                 digits + "'Q0.x' w14 h14 centred 1,0; " + firstRow +
                 "'Q1.x' w14 h14 centred 2,0; output_8 centred 2,1; stretch 0,0,0,0,0,0,0,0,0,1]; "
-                "[selectAllButton; clearAllButton; spacer 0ex0m]]]");
+                "[selectAllButton 'Select All'; clearAllButton 'Clear All'; spacer 0ex0m]]]");
         row("analog input filter", make<SAIFilterWgt>,
-            "area[descriptionLabel; defaultsButton right; area[['Whether to Filter' 0,0; "
-            "'Number of Samples' 0,1; 'Deadband(16 - 4080, 0 = forbid)' 0,2; filterOn_0 1,0; samples_0 1,1; "
-            "deadband_0 1,2; filterOn_1 2,0; samples_1 2,1; deadband_1 2,2; spacer 10mx10e 4,2; "
+            "area[descriptionLabel 'The analog value the PLC used is the average of the number of samples taken,if the "
+            "Analog Input Filter is selected. If the actual analog value exceeds the average value by more than the "
+            "deadband, the average will be replaced with the actual value.'; defaultsButton 'Defaults' right; "
+            "area[['Whether to Filter' 0,0; "
+            "'Number of Samples' 0,1; 'Deadband(16 - 4080, 0 = forbid)' 0,2; filterOn_0 'AIW0' 1,0; samples_0 1,1; "
+            "deadband_0 1,2; filterOn_1 'AIW2' 2,0; samples_1 2,1; deadband_1 2,2; spacer 10mx10e 4,2; "
             "stretch 2,2,3] 0,0 8x4; "
-            "selectAllButton 8,1; clearAllButton 8,2] expanding]");
-        row("analog range", make<SAIRangeWgt>, "descriptionLabel; defaultsButton right; rangeTable expanding");
+            "selectAllButton 'Select All' 8,1; clearAllButton 'Clear All' 8,2] expanding]");
+        row("analog range", make<SAIRangeWgt>,
+            "descriptionLabel 'You can adjust the range parameters.'; defaultsButton 'Defaults' right; rangeTable "
+            "expanding");
         row("analog output table", make<SAQOutTblWgt>,
-            "area[descriptionLabel; defaultsButton right; "
-            "'Values on transition from RUN to STOP'[freeze_0 0,0; spacer 10ex10m 0,1; 'AQW0:' 0,2; "
-            "stopValue_0 w50 0,3; freeze_1 1,0; spacer 10ex10m 1,1; 'AQW2:' 1,2; "
+            "area[descriptionLabel 'You can configure the value of each analog output on transition from RUN to STOP "
+            "of the PLC.'; defaultsButton 'Defaults' right; "
+            "'Values on transition from RUN to STOP'[freeze_0 'Freeze outputs in last state' 0,0; spacer 10ex10m 0,1; "
+            "'AQW0:' 0,2; "
+            "stopValue_0 w50 0,3; freeze_1 'Freeze outputs in last state' 1,0; spacer 10ex10m 1,1; 'AQW2:' 1,2; "
             "stopValue_1 w50 1,3] expanding]");
         row("analog output type", make<SAQOutTypeWgt>,
-            "area[descriptionLabel; defaultsButton right; "
+            "area[descriptionLabel 'You can configure the value of each analog output type of the PLC.'; "
+            "defaultsButton 'Defaults' right; "
             "'Values on transition from RUN to STOP'[spacer 0mx0m 0,0; 'Channel Enable' h24 0,1 1x2; "
             "'Range' h24 0,3 1x2; enable_0 1,1 1x2; range_0 1,3 1x2; 'Channel 0:' 1,0; "
             "enable_1 2,1 1x2; range_1 2,3 1x2; 'Channel 1:' 2,0; spacer 10mx10e 3,0] expanding]");
-        row("weighing", make<SWeightParCfgWgt>, "defaultsButton right; weighTable expanding");
+        row("weighing", make<SWeightParCfgWgt>, "defaultsButton 'Defaults' right; weighTable expanding");
     }
     void places()
     {
