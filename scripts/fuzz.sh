@@ -24,17 +24,19 @@ select_targets() {
     done
 }
 
-# run_target TARGET SECONDS. The corpus of the target grows in the build folder, next to its log. The options save a
-# fifth of the time: without them the sanitizer records a stack for every allocation, and its quarantine exceeds the
-# caches. A replay under the preset asan shows the stacks of an input that breaks the target.
+# run_target TARGET SECONDS. The corpus of the target grows in the build folder, next to its log. The options of the
+# sanitizer save a third of the time: without them it records a stack for every allocation and fills the memory, and its
+# quarantine exceeds the caches. A replay under the preset asan shows the stacks of an input that breaks the target.
 run_target() {
     local findings=fuzz/findings/$1 arguments fuzzer
     mapfile -t arguments <"$folder/$1.arguments"
-    fuzzer=(env ASAN_OPTIONS=malloc_context_size=0:quarantine_size_mb=4 "$PWD/build/fuzz/bin/$1" -timeout=10
-        "-artifact_prefix=$findings/" "$folder/corpus/$1" "${arguments[@]}")
+    fuzzer=(env ASAN_OPTIONS=malloc_context_size=0:max_malloc_fill_size=0:quarantine_size_mb=4
+        "$PWD/build/fuzz/bin/$1" -timeout=60 "-artifact_prefix=$findings/" "$folder/corpus/$1" "${arguments[@]}")
     mkdir -p "$findings" "$folder/corpus/$1"
-    # The search runs the expensive checks on one input in 32. Afterwards all inputs that it kept go through all checks.
-    if FUZZ_COSTLY_SHARE=32 "${fuzzer[@]}" -max_total_time="$2" -print_final_stats=1 && "${fuzzer[@]}" -runs=0; then
+    # The search runs the expensive checks on one input in 32 and does not look for leaks. Afterwards all inputs that it
+    # kept go through all checks.
+    if FUZZ_COSTLY_SHARE=32 "${fuzzer[@]}" -max_total_time="$2" -detect_leaks=0 -print_final_stats=1 &&
+        "${fuzzer[@]}" -runs=0; then
         echo "fuzz: clean"
     fi &>"$folder/$1.log"
     rmdir --ignore-fail-on-non-empty "$findings"
