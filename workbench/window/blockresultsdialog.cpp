@@ -1,6 +1,7 @@
 #include "blockresultsdialog.h"
 
 #include "windowsize.h"
+#include "wrappedcolumn.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -20,7 +21,6 @@ BlockResultsDialog::BlockResultsDialog(int moduleCount, const std::vector<BlockR
     list->setAccessibleName(tr("Problems"));
     list->setHeaderLabels({tr("Block"), tr("Offset"), tr("Result code"), tr("Reason")});
     list->setRootIsDecorated(false);
-    list->setWordWrap(true);
     for (const BlockResult &result : results) {
         const QStringList reasons{result.error, result.unread};
         const QString code = result.code < 0 ? tr("none") : QString::number(result.code);
@@ -28,7 +28,8 @@ BlockResultsDialog::BlockResultsDialog(int moduleCount, const std::vector<BlockR
                                                 reasons.join(QLatin1Char(' ')).trimmed()});
         item->setToolTip(3, item->text(3));
     }
-    for (int column = 0; column + 1 < list->columnCount(); ++column) { // the reasons wrap
+    wrapLastColumn(*list);
+    for (int column = 0; column + 1 < list->columnCount(); ++column) {
         list->resizeColumnToContents(column);
     }
     auto *buttons = new QDialogButtonBox;

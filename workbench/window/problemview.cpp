@@ -1,8 +1,8 @@
 #include "problemview.h"
 
-#include "columngap.h"
 #include "station.h"
 #include "textfiledialog.h"
+#include "wrappedcolumn.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -13,24 +13,6 @@ namespace {
 
 constexpr int refreshDelay = 100; // ms
 
-/// Wraps the texts of the last column, whose width is that of the rest of the view.
-class WrappedTexts : public ColumnGap {
-public:
-    explicit WrappedTexts(QTreeView &view) : ColumnGap(&view), m_view(view) {}
-
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        QStyleOptionViewItem sized = option;
-        if (index.column() == m_view.header()->count() - 1) {
-            sized.rect = QRect(0, 0, m_view.columnWidth(index.column()), QWIDGETSIZE_MAX);
-        }
-        return ColumnGap::sizeHint(sized, index);
-    }
-
-private:
-    const QTreeView &m_view;
-};
-
 } // namespace
 
 ProblemView::ProblemView(std::vector<Problem> descriptions, QWidget *parent)
@@ -40,12 +22,10 @@ ProblemView::ProblemView(std::vector<Problem> descriptions, QWidget *parent)
     setModel(m_model);
     setRootIsDecorated(false);
     setAlternatingRowColors(true);
-    setWordWrap(true);
     setSelectionBehavior(SelectRows);
-    setItemDelegate(new WrappedTexts(*this));
+    wrapLastColumn(*this);
     header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    connect(header(), &QHeaderView::sectionResized, this, &ProblemView::scheduleDelayedItemsLayout);
     connect(this, &QTreeView::activated, this, &ProblemView::showPlace);
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(refreshDelay);
