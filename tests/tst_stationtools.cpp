@@ -1,4 +1,5 @@
 // The window's commands that answer questions and edit many modules, driven by keys and mouse.
+#include "blockresultsdialog.h"
 #include "channelview.h"
 #include "memoryview.h"
 #include "projectfile.h"
@@ -160,6 +161,28 @@ private slots:
         press(m_racks, Qt::Key_P, Qt::ControlModifier);
         QCOMPARE(pages, 1);
         QVERIFY(contentOf("report.html").contains("<h1>Plant</h1>"));
+    }
+
+    void truncatesNoMessage()
+    {
+        m_racks->setCurrentPlace({0, 0});
+        answerNext([](QDialog *dialog) {
+            edit(*dialog, "slotSpin=6");
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+            const auto *occupant = dialog->findChild<QLabel *>("occupantLabel");
+            QVERIFY(occupant->text().contains("taken by \"Digital Input 32 x 24 V\""));
+            QVERIFY(occupant->width() >= occupant->sizeHint().width());
+            dialog->reject();
+        });
+        trigger("placeAction");
+
+        BlockResult result;
+        result.error = QString("A sentence of the plug-in. ").repeated(8);
+        BlockResultsDialog dialog(1, {BlockResult(), result}, m_window.get());
+        dialog.show();
+        const auto *list = dialog.findChild<QTreeWidget *>("resultList");
+        const auto rowHeight = [&](int row) { return list->visualItemRect(list->topLevelItem(row)).height(); };
+        QTRY_VERIFY(rowHeight(1) > rowHeight(0));
     }
 
     void explainsItsCommands()

@@ -18,6 +18,7 @@ PlaceDialog::PlaceDialog(const Station &station, int index, QWidget *parent)
     setObjectName(QStringLiteral("placeDialog"));
     m_rack->setObjectName(QStringLiteral("rackSpin"));
     m_slot->setObjectName(QStringLiteral("slotSpin"));
+    m_occupant->setObjectName(QStringLiteral("occupantLabel"));
     setWindowTitle(tr("Move %1").arg(module.name));
     m_rack->setRange(0, Place::rackCount - 1);
     m_rack->setValue(module.place.rack);
@@ -33,7 +34,8 @@ PlaceDialog::PlaceDialog(const Station &station, int index, QWidget *parent)
     form->addRow(tr("&Slot:"), m_slot);
     form->addRow(m_occupant);
     form->addRow(buttons);
-    m_occupant->setMinimumWidth(m_occupant->fontMetrics().averageCharWidth() * 44);
+    // Not a minimum of the label, because it would replace the width of the label's text.
+    m_rack->setMinimumWidth(m_rack->fontMetrics().averageCharWidth() * 36);
 
     connect(m_rack, QOverload<int>::of(&QSpinBox::valueChanged), this, &PlaceDialog::showOccupant);
     connect(m_slot, QOverload<int>::of(&QSpinBox::valueChanged), this, &PlaceDialog::showOccupant);
