@@ -349,7 +349,7 @@ Result<> StationEdits::setPlcType(quint32 type)
     Result<> result = m_station.setPlcType(type);
     if (result && type != before) {
         push(
-            tr("Change the PLC type"), [&station = m_station, before] { expectSuccess(station.setPlcType(before)); },
+            tr("Change the controller"), [&station = m_station, before] { expectSuccess(station.setPlcType(before)); },
             [&station = m_station, type] { expectSuccess(station.setPlcType(type)); });
     }
     return result;

@@ -1813,8 +1813,8 @@ Qt %2，使用 Qt %3编译
         <translation>编辑%1</translation>
     </message>
     <message>
-        <source>Change the PLC type</source>
-        <translation>更改PLC类型</translation>
+        <source>Change the controller</source>
+        <translation>更改控制器</translation>
     </message>
     <message>
         <source>No free slot follows. Paste them at an earlier slot.</source>
