@@ -33,8 +33,7 @@ DecompiledStation decompiled(const PluginLibrary &plugin, const QString &memoryO
         const Result<> added = station->addBlock(bytesOf(bytes, block), problem.code);
         problem.error = added.reason();
         if (!block.complete) {
-            problem.unread =
-                Texts::tr("The block is damaged and its end is unknown, so the bytes after it were not read.");
+            problem.unread = Texts::tr("The end of this block is unknown, so the bytes after it were not read.");
         }
         if (!added || !problem.unread.isEmpty()) {
             result.problems.push_back(problem);

@@ -1765,8 +1765,8 @@ Qt %2，使用 Qt %3编译
 <context>
     <name>StationBlocks</name>
     <message>
-        <source>The block is damaged and its end is unknown, so the bytes after it were not read.</source>
-        <translation>数据块已损坏，无法确定其末尾，因此未读取后面的字节。</translation>
+        <source>The end of this block is unknown, so the bytes after it were not read.</source>
+        <translation>无法确定该数据块的末尾，因此未读取后面的字节。</translation>
     </message>
 </context>
 <context>
