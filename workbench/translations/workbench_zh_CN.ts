@@ -846,16 +846,24 @@
         <translation>模块属性</translation>
     </message>
     <message>
-        <source>Give the value to all channels</source>
-        <translation>将值应用到所有通道</translation>
+        <source>Apply to All Channels</source>
+        <translation>应用到所有通道</translation>
     </message>
     <message>
-        <source>Give the value to the channels below</source>
-        <translation>将值应用到下面的通道</translation>
+        <source>Fill Down</source>
+        <translation>向下填充</translation>
     </message>
     <message>
-        <source>Factory value</source>
-        <translation>出厂值</translation>
+        <source>Reset to Default</source>
+        <translation>恢复默认值</translation>
+    </message>
+    <message>
+        <source>Go to the previous or next channel</source>
+        <translation>转到上一个或下一个通道</translation>
+    </message>
+    <message>
+        <source>Go to the first or last channel</source>
+        <translation>转到第一个或最后一个通道</translation>
     </message>
     <message>
         <source>C&amp;lose</source>

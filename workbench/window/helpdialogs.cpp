@@ -72,9 +72,11 @@ void showShortcuts(const QMenuBar &menus, QWidget *parent)
              {Texts::tr("Move the module to the next free slot"), Texts::tr("Ctrl+Arrow keys")},
              {Texts::tr("Card size"), Texts::tr("Ctrl+Mouse wheel")}});
     addKeys(*list, Texts::tr("Properties of a module"),
-            {{Texts::tr("Give the value to all channels"), QStringLiteral("Ctrl+Shift+D")},
-             {Texts::tr("Give the value to the channels below"), QStringLiteral("Ctrl+D")},
-             {Texts::tr("Factory value"), QStringLiteral("Ctrl+R")}});
+            {{Texts::tr("Apply to All Channels"), QStringLiteral("Ctrl+Shift+D")},
+             {Texts::tr("Fill Down"), QStringLiteral("Ctrl+D")},
+             {Texts::tr("Reset to Default"), QStringLiteral("Ctrl+R")},
+             {Texts::tr("Go to the previous or next channel"), QStringLiteral("Ctrl+Up, Ctrl+Down")},
+             {Texts::tr("Go to the first or last channel"), QStringLiteral("Ctrl+Home, Ctrl+End")}});
     list->expandAll();
     list->resizeColumnToContents(0);
     auto *buttons = new QDialogButtonBox;
