@@ -265,6 +265,11 @@ private slots:
         QVERIFY2(csv.at(2).endsWith(",Range: 0~20mA instead of 0~10V"), qPrintable(csv.at(2)));
         QCOMPARE(csv.last(), QString());
         QCOMPARE(csvLine({"a\"b", "c;d", "e\nf", "g"}), QString("\"a\"\"b\",\"c;d\",\"e\nf\",g\n"));
+        ChannelRow named;
+        for (const char *name : {"=1+1", "+1", "-1", "@a"}) {
+            named.module = name;
+            QCOMPARE(csvCells(named, {}).at(2), QString("'") + name);
+        }
 
         const QJsonObject json = QJsonDocument::fromJson(stationJson(*station)).object();
         QCOMPARE(json.value("title").toString(), QString("Plant <1>"));

@@ -35,6 +35,13 @@ QJsonArray fieldsOf(const QByteArray &state)
     return fields;
 }
 
+/// A spreadsheet would calculate a name that begins like a formula, and a project can come from another person.
+QString notAFormula(const QString &name)
+{
+    static const QRegularExpression formula(QStringLiteral("^[=+@-]"));
+    return name.contains(formula) ? QLatin1Char('\'') + name : name;
+}
+
 } // namespace
 
 QString csvLine(const QStringList &cells)
@@ -61,7 +68,7 @@ QStringList csvCells(const ChannelRow &channel, const ChannelParameters &paramet
 {
     return {QString::number(channel.place.rack),
             QString::number(channel.place.slot),
-            channel.module,
+            notAFormula(channel.module),
             QString::number(channel.typeCode),
             QString::number(channel.channel),
             channel.address(),
