@@ -197,9 +197,10 @@ void FileCommands::compile()
         return;
     }
     const QFileInfo project(m_document.fileName());
-    const QString suggestion = project.fileName().isEmpty()
-                                   ? QString()
-                                   : project.dir().filePath(project.completeBaseName() + QStringLiteral(".blk"));
+    const QString suggestion =
+        project.fileName().isEmpty()
+            ? QString()
+            : project.absoluteDir().filePath(project.completeBaseName() + QStringLiteral(".blk"));
     if (m_blocks.isNull()) {
         m_blocks = new BlockView(&m_window);
         connect(m_blocks, &BlockView::compileRequested, this, &FileCommands::compile);

@@ -26,7 +26,7 @@ void saveReport(const Station &station, const std::vector<CatalogEntry> &catalog
     const QFileInfo project(info.fileName);
     const QString present = info.fileName.isEmpty()
                                 ? QString()
-                                : project.dir().filePath(project.completeBaseName() + QStringLiteral(".pdf"));
+                                : project.absoluteDir().filePath(project.completeBaseName() + QStringLiteral(".pdf"));
     const QString filter =
         Texts::tr("PDF (*.pdf);;HTML (*.html);;Channels, comma-separated values (*.csv);;All fields, "
                   "JSON (*.json)");
