@@ -5,6 +5,8 @@
 #include "simpleextendcfgdlg.h"
 #include "simulatedbase.h"
 
+#include <QFontDatabase>
+
 using namespace looks;
 
 namespace {
@@ -68,6 +70,9 @@ private slots:
         QFETCH(bool, whileOpen);
         const QFont font = enlarged(m_font, fetched<double>("fontFactor"));
         if (fetched<bool>("chinese")) {
+            if (QFontDatabase().families(QFontDatabase::SimplifiedChinese).isEmpty()) {
+                QSKIP("no font has Chinese characters"); // boxes have other widths
+            }
             QCoreApplication::installTranslator(&m_chinese);
         }
         auto samples = samplemodules::factoryModules(true);
