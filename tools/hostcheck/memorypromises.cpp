@@ -71,6 +71,16 @@ public:
         return {start, length};
     }
 
+    /// Claims a range, takes a snapshot, then claims a second range and releases the first. Returns both.
+    std::pair<Range, Range> changeAfterSnapshot() const
+    {
+        const Range earlier = claim(8);
+        host::backupUsedMemory(m_owner);
+        const Range later = claim(8);
+        release(earlier);
+        return {earlier, later};
+    }
+
     void expectClaimed(const Range &range, const QString &when) const
     {
         for (qint32 start = range.start; start < range.end(); ++start) {
@@ -207,10 +217,7 @@ void checkSnapshotDrop(const Owners &owners)
 {
     const QString after = QStringLiteral("after popBackupMemory");
     inEachArea(owners.station, [&](const Memory &memory) {
-        const Range earlier = memory.claim(8);
-        host::backupUsedMemory(owners.station);
-        const Range later = memory.claim(8);
-        memory.release(earlier);
+        const auto [earlier, later] = memory.changeAfterSnapshot();
         host::popBackupMemory(owners.station);
         memory.expectClaimed(later, after);
         memory.expectFree(earlier, after);
@@ -221,10 +228,7 @@ void checkSnapshotRestore(const Owners &owners)
 {
     const QString after = QStringLiteral("after restoreUsedMemory");
     inEachArea(owners.station, [&](const Memory &memory) {
-        const Range earlier = memory.claim(8);
-        host::backupUsedMemory(owners.station);
-        const Range later = memory.claim(8);
-        memory.release(earlier);
+        const auto [earlier, later] = memory.changeAfterSnapshot();
         host::restoreUsedMemory(owners.station);
         memory.expectClaimed(earlier, after);
         memory.expectFree(later, after);
