@@ -1,9 +1,7 @@
 // blockinspect: prints the fields of a module's block, or the fields in which two blocks differ.
 #include "blockreport.h"
-#include "standardoutput.h"
+#include "commandline.h"
 
-#include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QFile>
 #include <QJsonDocument>
 
@@ -15,7 +13,7 @@ namespace {
 
 using namespace blockdecoder;
 
-enum ExitStatus { Success = 0, Different = 1, Failure = 2 };
+enum ExitStatus { Success = 0, Different = 1, Failure = exitFailure };
 
 struct Options {
     QCommandLineOption config{QStringLiteral("config"),
@@ -27,15 +25,7 @@ struct Options {
     QCommandLineOption diff{QStringLiteral("diff"),
                             QStringLiteral("Print only the fields in which FILE and OTHER differ."),
                             QStringLiteral("OTHER")};
-    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help and exit.")};
-    QCommandLineOption version{{QStringLiteral("v"), QStringLiteral("version")},
-                               QStringLiteral("Show the version and exit.")};
 };
-
-void complain(const QString &message)
-{
-    std::fputs(qPrintable(QStringLiteral("blockinspect: %1\n").arg(message)), stderr);
-}
 
 void print(const QByteArray &utf8)
 {
@@ -163,8 +153,6 @@ int inspectFile(const QString &path, const QCommandLineParser &parser, const Opt
 int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("blockinspect"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(TOOLS_VERSION));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Prints every field of a module's block: offset, bytes, name, value and meaning.\n"
@@ -179,24 +167,14 @@ int main(int argc, char *argv[])
         "  $ blockinspect --config --json station.block\n"
         "  $ blockinspect before.state --diff after.state"));
     const Options options;
-    parser.addOptions({options.config, options.hex, options.json, options.diff, options.help, options.version});
     parser.addPositionalArgument(QStringLiteral("FILE"),
                                  QStringLiteral("The file with the block; - is standard input."));
-    if (!parser.parse(QCoreApplication::arguments())) {
-        complain(parser.errorText());
-        return Failure;
-    }
-    if (parser.isSet(options.help)) {
-        parser.showHelp(Success);
-    }
-    if (parser.isSet(options.version)) {
-        parser.showVersion();
-    }
+    processArguments(parser, "blockinspect", {options.config, options.hex, options.json, options.diff});
     if (parser.positionalArguments().size() != 1) {
         complain(QStringLiteral("expected one FILE; see --help"));
         return Failure;
     }
     const QString path = parser.positionalArguments().constFirst();
-    return statusAfterOutput("blockinspect", parser.isSet(options.diff) ? compareFiles(path, parser, options)
-                                                                        : inspectFile(path, parser, options));
+    return statusAfterOutput(parser.isSet(options.diff) ? compareFiles(path, parser, options)
+                                                        : inspectFile(path, parser, options));
 }

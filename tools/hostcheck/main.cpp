@@ -1,11 +1,9 @@
 // hostcheck: checks whether a pair of host libraries keeps the promises that the plug-in relies on.
+#include "commandline.h"
 #include "hostfunctions.h"
 #include "isolation.h"
 #include "promises.h"
-#include "standardoutput.h"
 
-#include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -18,14 +16,11 @@
 
 namespace {
 
-enum ExitStatus { Kept = 0, Broken = 1, Failure = 2 };
+enum ExitStatus { Kept = 0, Broken = 1, Failure = exitFailure };
 
 using Row = QStringList;
 
 struct Options {
-    QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help and exit.")};
-    QCommandLineOption version{{QStringLiteral("v"), QStringLiteral("version")},
-                               QStringLiteral("Show the version and exit.")};
     QCommandLineOption json{QStringLiteral("json"), QStringLiteral("Print JSON instead of lines.")};
     QCommandLineOption list{QStringLiteral("list-promises"), QStringLiteral("List the promises and exit.")};
     QCommandLineOption owner{QStringLiteral("owner"),
@@ -38,17 +33,6 @@ struct Options {
                                QStringLiteral("Time for each promise in seconds (default: 10)."),
                                QStringLiteral("SECONDS"), QStringLiteral("10")};
 };
-
-void printLine(std::FILE *stream, const QString &line)
-{
-    std::fputs(line.toLocal8Bit().constData(), stream);
-    std::fputc('\n', stream);
-}
-
-void complain(const QString &text)
-{
-    printLine(stderr, QStringLiteral("hostcheck: ") % text);
-}
 
 QVector<Promise> allPromises()
 {
@@ -68,7 +52,7 @@ void print(const QStringList &keys, const QVector<Row> &rows, bool asJson)
         }
         array.append(object);
         if (!asJson) {
-            printLine(stdout, line.trimmed());
+            std::puts(qPrintable(line.trimmed()));
         }
     }
     if (asJson) {
@@ -190,9 +174,6 @@ ExitStatus run(const QCommandLineParser &parser, const Options &options)
 int main(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("hostcheck"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(TOOLS_VERSION));
-
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Checks whether the host libraries basemodule and helpsharemodule keep the promises that the\n"
@@ -207,29 +188,16 @@ int main(int argc, char *argv[])
         "  $ hostcheck\n"
         "  $ hostcheck --owner line-1 --other-owner line-2 host/lib"));
     const Options options;
-    parser.addOptions(
-        {options.help, options.version, options.json, options.list, options.owner, options.other, options.timeout});
     parser.addPositionalArgument(QStringLiteral("[FOLDER]"),
                                  QStringLiteral("Folder with libbasemodule.so and libhelpsharemodule.so (default: the "
                                                 "libraries that this program was installed with)."));
-
-    // Not process(), because its exit status for an invalid command line is 1.
-    if (!parser.parse(QCoreApplication::arguments())) {
-        complain(parser.errorText());
-        return Failure;
-    }
-    if (parser.isSet(options.help)) {
-        parser.showHelp(Kept);
-    }
-    if (parser.isSet(options.version)) {
-        parser.showVersion();
-    }
+    processArguments(parser, "hostcheck", {options.json, options.list, options.owner, options.other, options.timeout});
     if (parser.isSet(options.list)) {
         listPromises(parser.isSet(options.json));
-        return statusAfterOutput("hostcheck", Kept);
+        return statusAfterOutput(Kept);
     }
     try {
-        return statusAfterOutput("hostcheck", run(parser, options));
+        return statusAfterOutput(run(parser, options));
     } catch (const std::system_error &error) {
         complain(QString::fromLocal8Bit(error.what()));
         return Failure;

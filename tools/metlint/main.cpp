@@ -2,11 +2,9 @@
 #include "linter.h"
 
 #include "baseservices.h"
+#include "commandline.h"
 #include "metreader.h"
-#include "standardoutput.h"
 
-#include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -17,21 +15,10 @@
 
 namespace {
 
-enum ExitStatus { Clean = 0, Diagnostics = 1, Failure = 2 };
+enum ExitStatus { Clean = 0, Diagnostics = 1, Failure = exitFailure };
 
 const QLatin1String descriptionFolder("6"); // as the host names its component folders
 const QLatin1String componentFolder("9");
-
-void printLine(std::FILE *stream, const QByteArray &line)
-{
-    std::fputs(line.constData(), stream);
-    std::fputc('\n', stream);
-}
-
-void complain(const QString &text)
-{
-    printLine(stderr, (QStringLiteral("metlint: ") % text).toLocal8Bit());
-}
 
 void printJson(const QJsonArray &array)
 {
@@ -47,8 +34,7 @@ void listRules(bool asJson)
                                      {QStringLiteral("severity"), severityName(rule.severity)},
                                      {QStringLiteral("text"), QString::fromLatin1(rule.description)}});
         } else {
-            printLine(stdout, QByteArray(rule.id).leftJustified(20) +
-                                  severityName(rule.severity).toLatin1().leftJustified(9) + rule.description);
+            std::printf("%-20s%-9s%s\n", rule.id, qPrintable(severityName(rule.severity)), rule.description);
         }
     }
     if (asJson) {
@@ -167,7 +153,7 @@ private:
             if (m_asJson) {
                 m_array.append(toJson(path, diagnostic));
             } else {
-                printLine(stdout, formatDiagnostic(path, diagnostic).toLocal8Bit());
+                std::puts(qPrintable(formatDiagnostic(path, diagnostic)));
             }
         }
         m_found = m_found || !diagnostics.isEmpty();
@@ -186,13 +172,6 @@ private:
 int main(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("metlint"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(TOOLS_VERSION));
-
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
-                                  QStringLiteral("Show this help and exit."));
-    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
-                                     QStringLiteral("Show the version and exit."));
     const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print JSON instead of lines."));
     const QCommandLineOption list(QStringLiteral("list-rules"), QStringLiteral("List the rules and exit."));
     const QCommandLineOption host(
@@ -219,25 +198,13 @@ int main(int argc, char *argv[])
                        "Examples:\n"
                        "  $ metlint hw00003453.met\n"
                        "  $ metlint --json --components components descriptions"));
-    parser.addOptions({help, version, json, list, host, components, encoding});
     parser.addPositionalArgument(
         QStringLiteral("FILE|FOLDER..."),
         QStringLiteral("Description files, folders of them, or the folder that holds the folders 6 and 9."));
-
-    // Not process(), because its exit status for an invalid command line is 1.
-    if (!parser.parse(QCoreApplication::arguments())) {
-        complain(parser.errorText());
-        return Failure;
-    }
-    if (parser.isSet(help)) {
-        parser.showHelp(Clean);
-    }
-    if (parser.isSet(version)) {
-        parser.showVersion();
-    }
+    processArguments(parser, "metlint", {json, list, host, components, encoding});
     if (parser.isSet(list)) {
         listRules(parser.isSet(json));
-        return statusAfterOutput("metlint", Clean);
+        return statusAfterOutput(Clean);
     }
 
     bool isNumber = false;
@@ -261,7 +228,7 @@ int main(int argc, char *argv[])
         for (const QString &path : paths) {
             run.lintArgument(path);
         }
-        return statusAfterOutput("metlint", run.finish());
+        return statusAfterOutput(run.finish());
     }
     return Failure;
 }
