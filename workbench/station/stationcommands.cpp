@@ -85,12 +85,6 @@ Place shifted(Place place, Place from, Place to)
     return {place.rack + to.rack - from.rack, place.slot + to.slot - from.slot};
 }
 
-std::vector<MemoryRange> rangesIn(const QByteArray &state)
-{
-    const auto [in, out] = rangesOfState(state);
-    return memoryRanges(in, out);
-}
-
 /// Undoing and redoing restore states of the station that were possible, so they cannot fail.
 void expectSuccess(const Result<> &result)
 {
@@ -294,39 +288,22 @@ void StationEdits::configure(Place place, QWidget *parent)
     }
 }
 
-Result<> StationEdits::replaceState(Place place, const QByteArray &state)
-{
-    const StoredModule before = stored(place);
-    StoredModule after = before;
-    after.state = state;
-    after.unavailable.clear();
-    Result<> replaced = exchange({before}, {after});
-    if (replaced) {
-        pushReplacement({before}, {stored(place)}, tr("Edit %1").arg(nameAt(place)));
-    }
-    return replaced;
-}
-
-/// Replaces each module by another one in its place. A failure changes nothing.
+/// Replaces each module by another one with its place and addresses. A failure changes nothing.
 Result<> StationEdits::exchange(const std::vector<StoredModule> &before, const std::vector<StoredModule> &after)
 {
     const ManyChanges changes(m_station, before.size());
     for (std::size_t i = 0; i < before.size(); ++i) {
         m_station.take(before[i].place);
-        const bool isReaddressed = rangesIn(before[i].state) != rangesIn(after[i].state);
-        Result<> result = isReaddressed ? m_station.checkAddresses(after[i].state) : Result<>();
-        if (result && m_station.put(after[i])) {
+        if (m_station.put(after[i])) {
             continue;
         }
-        if (result) {
-            result = Failure{m_station.take(after[i].place).unavailable};
-        }
+        const QString reason = m_station.take(after[i].place).unavailable;
         m_station.put(before[i]);
         for (std::size_t undone = 0; undone < i; ++undone) {
             m_station.take(before[undone].place);
             m_station.put(before[undone]);
         }
-        return result;
+        return Failure{reason};
     }
     return {};
 }

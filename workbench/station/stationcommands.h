@@ -56,8 +56,6 @@ public:
     void remove(const QVector<Place> &places);
     /// Opens the properties dialog. All its changes are one step.
     void configure(Place place, QWidget *parent);
-    /// Replaces the saved state of a module. Fails when the plug-in cannot restore the state at that place.
-    Result<> replaceState(Place place, const QByteArray &state);
     Result<> setPlcType(quint32 type);
     /// Pushes no step if nothing changes.
     void setProperties(const ProjectProperties &properties);
