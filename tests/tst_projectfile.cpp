@@ -328,6 +328,30 @@ private slots:
         }
     }
 
+    void explainsWhichNamesAProjectCannotHave_data()
+    {
+        const Rows<QString, QString, bool> row("name", "reason", "isReadable");
+        row("the longest", QString(210, 'x'), {}, true);
+        row("longer", QString(211, 'x'), "has 211 bytes. That of a project can have at most 210 bytes.", true);
+        row("longer in bytes", QString(71, QChar(0x4e2d)), "has 213 bytes", true);
+        row("the name of a resource", ":x.station", "needs its folder, such as ./:x.station.", false);
+        row("with its folder", "./:x.station", {}, true);
+    }
+    void explainsWhichNamesAProjectCannotHave()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, reason);
+        QVERIFY(QDir::setCurrent(m_folder.path()));
+        const QString written = ProjectFile(name).write(oldProject).reason();
+        QVERIFY2(reason.isEmpty() ? written.isEmpty() : written.contains(reason), qPrintable(written));
+        QCOMPARE(files().size(), reason.isEmpty() ? 1 : 0);
+        QVERIFY(ProjectFile(m_path).write(oldProject));
+        QVERIFY(QFile::remove(m_folder.filePath(name)) || !reason.isEmpty());
+        QVERIFY(QFile::rename(m_path, m_folder.path() + '/' + name));
+        const QString read = ProjectFile(name).read().reason();
+        QVERIFY2(fetched<bool>("isReadable") ? read.isEmpty() : read.contains(reason), qPrintable(read));
+    }
+
     void writesToAPipeInsteadOfReplacingIt()
     {
         std::array<int, 2> pipeEnds{};

@@ -17,12 +17,31 @@ namespace {
 constexpr int headerSize = 100; // of a SQLite database, as its format defines it
 constexpr int versionOffset = 60;
 constexpr int applicationIdOffset = 68;
+constexpr int fileSystemName = 255; // bytes of a file name in most file systems
+constexpr int longestSuffix = 45;   // bytes that the journal of a TemporaryName appends to a name
 
-Result<> findDriver()
+/// Fails if Qt cannot open any project, or not one of this name.
+Result<> checkUsable(const QString &path)
 {
-    return QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE"))
+    if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE"))) {
+        return Failure{ProjectFile::tr("Qt's SQLite driver is not installed.")};
+    }
+    if (path.startsWith(QLatin1Char(':'))) { // the name of a resource of the program
+        return Failure{
+            ProjectFile::tr("A file name that begins with a colon needs its folder, such as ./%1.").arg(path)};
+    }
+    return {};
+}
+
+Result<> checkNameLength(const QString &path)
+{
+    constexpr int maximum = fileSystemName - longestSuffix;
+    const int size = QFile::encodeName(QFileInfo(path).fileName()).size();
+    return size <= maximum
                ? Result<>()
-               : Failure{ProjectFile::tr("Qt's SQLite driver is not installed.")};
+               : Failure{ProjectFile::tr("The file name has %1 bytes. That of a project can have at most %2 bytes.")
+                             .arg(size)
+                             .arg(maximum)};
 }
 
 bool isDatabase(const QByteArray &header)
@@ -175,8 +194,8 @@ bool ProjectFile::isProject() const
 /// Checks the first bytes, so the database library does not open files of other programs.
 Result<> ProjectFile::recognise() const
 {
-    if (Result<> found = findDriver(); !found) {
-        return found;
+    if (Result<> usable = checkUsable(m_path); !usable) {
+        return usable;
     }
     const QString isOther = tr("This is not a station file, or its header is damaged.");
     // Opening a pipe waits for a writer.
@@ -218,8 +237,10 @@ Result<Project> ProjectFile::read() const
 
 Result<ProjectFile::Written> ProjectFile::write(const Project &project, const QString &expected) const
 {
-    if (const Result<> found = findDriver(); !found) {
-        return found.failure();
+    for (const Result<> &possible : {checkUsable(m_path), checkNameLength(m_path)}) {
+        if (!possible) {
+            return possible.failure();
+        }
     }
     removeLeftovers(m_path);
     if (!QFileInfo::exists(m_path)) {

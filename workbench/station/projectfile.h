@@ -28,7 +28,8 @@ public:
     bool isProject() const;
     Result<Project> read() const;
     /// Creates the file, or replaces the project that it contains and keeps that one as backupPath(). Fails when the
-    /// file cannot be written or is not a project; it is then unchanged. If @p expected is not empty, it is the
+    /// file cannot be written, is not a project or has a name that leaves no room for the suffixes of temporary files;
+    /// it is then unchanged. If @p expected is not empty, it is the
     /// projectChecksum() of the only project that may be replaced; no other process can change the file between this
     /// comparison and the replacement. Also removes temporary files that a killed program left beside the file.
     Result<Written> write(const Project &project, const QString &expected = {}) const;

@@ -1540,6 +1540,14 @@ Qt %2，使用 Qt %3编译
         <source>it has unreadable pages or invalid values.</source>
         <translation>其中有无法读取的页或无效的值。</translation>
     </message>
+    <message>
+        <source>A file name that begins with a colon needs its folder, such as ./%1.</source>
+        <translation>以冒号开头的文件名需要带上文件夹，例如 ./%1。</translation>
+    </message>
+    <message>
+        <source>The file name has %1 bytes. That of a project can have at most %2 bytes.</source>
+        <translation>文件名有 %1 个字节。项目的文件名最多可有 %2 个字节。</translation>
+    </message>
 </context>
 <context>
     <name>ProjectPropertiesDialog</name>
