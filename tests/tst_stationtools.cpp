@@ -1,6 +1,7 @@
 // The window's commands that answer questions and edit many modules, driven by keys and mouse.
 #include "blockresultsdialog.h"
 #include "channelview.h"
+#include "filequestions.h"
 #include "memoryview.h"
 #include "projectfile.h"
 #include "windowfixture.h"
@@ -189,6 +190,8 @@ private slots:
     {
         QCOMPARE(child<QAction>("findAction")->toolTip(), QString("Find (Ctrl+F)"));
         QVERIFY(m_window->frameGeometry().width() <= m_window->screen()->availableSize().width());
+        const auto progress = newProgressDialog(m_window.get(), {});
+        QVERIFY(progress->width() > 2 * m_window->fontMetrics().horizontalAdvance(progress->windowTitle()));
         QString listed;
         answerNext([&](QDialog *dialog) {
             for (const QTreeWidgetItem *item :

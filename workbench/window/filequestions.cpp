@@ -10,7 +10,8 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(FileQuestions)
 };
 
-constexpr int progressDelay = 400; // ms until a long operation shows its progress
+constexpr int progressDelay = 400;     // ms until a long operation shows its progress
+constexpr int progressCharacters = 50; // of the width, which has room for the title and the buttons beside it
 
 } // namespace
 
@@ -31,6 +32,7 @@ std::unique_ptr<QProgressDialog> newProgressDialog(QWidget *parent, const QStrin
     dialog->setWindowTitle(Texts::tr("Module Workbench"));
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setMinimumDuration(progressDelay);
+    dialog->setMinimumWidth(dialog->fontMetrics().averageCharWidth() * progressCharacters);
     return dialog;
 }
 
