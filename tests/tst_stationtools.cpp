@@ -2,8 +2,11 @@
 #include "blockresultsdialog.h"
 #include "channelview.h"
 #include "filequestions.h"
+#include "helpbrowser.h"
+#include "helpdialog.h"
 #include "memoryview.h"
 #include "projectfile.h"
+#include "rows.h"
 #include "windowfixture.h"
 
 class TestStationTools : public WindowFixture {
@@ -94,6 +97,27 @@ private slots:
         QCOMPARE(table->model()->rowCount(), 44);
         child<QDockWidget>("memoryDock")->raise();
         QTRY_COMPARE(table->model()->rowCount(), 0); // nothing is read while it is hidden
+    }
+
+    void helpLeavesTheDialogVisible_data()
+    {
+        const Rows<bool, int> row("isAtLeftEdge", "room"); // in widths of the help
+        row("to the right", true, 2);
+        row("narrow, to the right", true, 1);
+        row("to the left", false, 2);
+        row("narrow, to the left", false, 1);
+    }
+    void helpLeavesTheDialogVisible()
+    {
+        const QRect screen = m_window->screen()->availableGeometry();
+        QDialog dialog;
+        const int room = fetched<int>("room") * (HelpBrowser(nullptr).minimumWidth() + 8);
+        const bool isLeft = fetched<bool>("isAtLeftEdge");
+        dialog.setGeometry(screen.adjusted(isLeft ? 0 : room, 0, isLeft ? -room : 0, -100));
+        dialog.show();
+        HelpDialog::showFor(dialog, {});
+        const QRect help = ::child<QDialog>(dialog, "helpDialog")->geometry();
+        QVERIFY(screen.contains(help) && !help.intersects(dialog.geometry()));
     }
 
     void pastesParametersToTheSelection()

@@ -31,14 +31,19 @@ HelpDialog::HelpDialog(QWidget &dialog) : QDialog(&dialog), m_browser(new HelpBr
     m_browser->setFocus();
 }
 
-/// To the right of the dialog, else to its left, else where the screen has room.
+/// To the right of the dialog, else to its left, narrower if necessary. Covers a part of a dialog that leaves less room
+/// than the help needs.
 void HelpDialog::moveBeside(const QWidget &dialog)
 {
     const QRect frame = dialog.frameGeometry();
     const QRect screen = dialog.screen()->availableGeometry();
-    const int width = std::min(m_browser->minimumWidth() * 3 / 2, screen.width());
-    const bool fitsRight = frame.right() + width <= screen.right();
-    const int x = fitsRight ? frame.right() + 1 : frame.left() - width;
+    const int roomLeft = frame.left() - screen.left();
+    const int roomRight = screen.right() - frame.right();
+    const int wanted = m_browser->minimumWidth() * 3 / 2;
+    const bool isRight = roomRight >= std::min(wanted, roomLeft);
+    const int room = std::clamp(isRight ? roomRight : roomLeft, m_browser->minimumWidth(), wanted);
+    const int width = std::min(room, screen.width());
+    const int x = isRight ? frame.right() + 1 : frame.left() - width;
     const int height = std::min(frame.height(), screen.height());
     setGeometry(std::clamp(x, screen.left(), screen.right() + 1 - width),
                 std::clamp(dialog.geometry().top(), screen.top(), screen.bottom() + 1 - height), width, height);
