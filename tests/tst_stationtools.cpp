@@ -22,6 +22,17 @@ class TestStationTools : public WindowFixture {
                 Place::slotCount - m_racks->horizontalHeader()->hiddenSectionCount()};
     }
 
+    /// The addresses of the selected channels, then that of the current one.
+    QStringList selectedChannels() const
+    {
+        const QItemSelectionModel &model = *child<QTableView>("channelTable")->selectionModel();
+        QStringList addresses;
+        for (const QModelIndex &row : model.selectedRows(4)) {
+            addresses += row.data().toString();
+        }
+        return addresses << model.currentIndex().siblingAtColumn(4).data().toString();
+    }
+
 private slots:
     void initTestCase() { loadPlugin(); }
     void init() { show({{13395, {0, 0}}, {13395, {0, 1}}, {13652, {0, 6}}, {13395, {2, 0}}}); }
@@ -97,6 +108,37 @@ private slots:
         QCOMPARE(table->model()->rowCount(), 44);
         child<QDockWidget>("memoryDock")->raise();
         QTRY_COMPARE(table->model()->rowCount(), 0); // nothing is read while it is hidden
+    }
+
+    void keepsTheSelectedChannels()
+    {
+        auto *table = child<QTableView>("channelTable");
+        child<QDockWidget>("channelDock")->raise();
+        QTRY_COMPARE(table->model()->rowCount(), 44);
+        table->sortByColumn(4, Qt::DescendingOrder);
+        QTest::keyClicks(child<QLineEdit>("channelSearch"), "analog");
+        table->selectRow(1);
+        table->selectionModel()->select(table->model()->index(5, 0),
+                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        const QStringList selected{"AIW20", "AIW12", "AIW20"};
+        QCOMPARE(selectedChannels(), selected);
+        press(m_racks, Qt::Key_A, Qt::ControlModifier);
+        press(m_racks, Qt::Key_Down, Qt::ControlModifier);
+        QCOMPARE(m_racks->selectedModules().at(0), (Place{1, 0}));
+        QCOMPARE(selectedChannels(), selected);
+        press(m_racks, Qt::Key_Delete);
+        QCOMPARE(table->model()->rowCount(), 0);
+        trigger("undoAction");
+        QCOMPARE(selectedChannels(), selected);
+        child<QDockWidget>("memoryDock")->raise();
+        QTRY_COMPARE(table->model()->rowCount(), 0);
+        child<QDockWidget>("channelDock")->raise();
+        QTRY_COMPARE(selectedChannels(), selected);
+        child<QLineEdit>("channelSearch")->setText("AIW12");
+        trigger("undoAction");
+        QCOMPARE(selectedChannels(), (QStringList{"AIW12", "AIW12"}));
+        trigger("newAction");
+        QCOMPARE(selectedChannels(), QStringList(""));
     }
 
     void helpLeavesTheDialogVisible_data()

@@ -21,6 +21,8 @@ public:
     void retranslate();
 
     ChannelRow channel(int row) const { return m_channels->at(row); }
+    /// First row and number of rows of the module at @p place.
+    std::pair<int, int> rowsOf(Place place) const { return m_channels->rowsOf(place); }
     const ChannelParameters &parameters(int row) const { return m_channels->parameters(row); }
     /// The cells of a row as stationCsv() has them.
     QStringList cells(int row) const;

@@ -1,6 +1,7 @@
 #include "channelview.h"
 
 #include "channelmodel.h"
+#include "channelselection.h"
 #include "filequestions.h"
 #include "files.h"
 #include "reporttexts.h"
@@ -92,6 +93,7 @@ ChannelView::ChannelView(QWidget *parent)
     m_count->setObjectName(QStringLiteral("channelCount"));
     m_table->setObjectName(QStringLiteral("channelTable"));
     m_table->setModel(m_filter);
+    m_selection = new ChannelSelection(*m_table, *m_model, *m_filter);
     m_table->setItemDelegateForColumn(ChannelModel::Settings, new SettingsPainter(*m_model, *m_filter, this));
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -148,6 +150,7 @@ void ChannelView::addActions()
 void ChannelView::setStation(const Station *station)
 {
     m_station = station;
+    m_selection->begin(station);
     m_model->setStation(m_isActive ? station : nullptr);
 }
 

@@ -8,6 +8,7 @@
 
 class ChannelFilter;
 class ChannelModel;
+class ChannelSelection;
 class QAction;
 class QCheckBox;
 class QLabel;
@@ -49,6 +50,7 @@ private:
     QCheckBox *m_changedOnly;
     QLabel *m_count;
     QTableView *m_table;
+    ChannelSelection *m_selection = nullptr;
     QAction *m_copy;
     QAction *m_save;
 };
