@@ -1,4 +1,4 @@
-// The window's commands that answer questions and edit many modules, driven by keys and mouse.
+// The window's commands that answer questions and edit many modules, driven by keys and mouse; dropped files; dialogs.
 #include "blockresultsdialog.h"
 #include "channelview.h"
 #include "filequestions.h"
@@ -31,6 +31,27 @@ class TestStationTools : public WindowFixture {
             addresses += row.data().toString();
         }
         return addresses << model.currentIndex().siblingAtColumn(4).data().toString();
+    }
+
+    /// Drags files to the racks and drops them if the window accepts them there.
+    bool drop(const QStringList &paths) const
+    {
+        QMimeData files;
+        QList<QUrl> urls;
+        for (const QString &path : paths) {
+            urls += QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
+        }
+        files.setUrls(urls);
+        const QPoint point(5, 5);
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(point, actions, &files, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_racks->viewport(), &enter); // reaches the window because the racks ignore it
+        if (!enter.isAccepted() || enter.dropAction() != Qt::CopyAction) {
+            return false;
+        }
+        QDropEvent event(point, actions, &files, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_window.get(), &event);
+        return event.isAccepted();
     }
 
 private slots:
@@ -139,6 +160,43 @@ private slots:
         QCOMPARE(selectedChannels(), (QStringList{"AIW12", "AIW12"}));
         trigger("newAction");
         QCOMPARE(selectedChannels(), QStringList(""));
+    }
+
+    void opensDroppedFiles()
+    {
+        const QStringList rejected{"text.txt", "folder.station", "absent.station"};
+        const Project empty{1, {}, {}};
+        QVERIFY(ProjectFile("dropped.station").write(empty) && ProjectFile("text.txt").write(empty));
+        QVERIFY(QDir().mkdir("folder.station"));
+        for (const QString &path : rejected) {
+            QVERIFY2(!drop({path}), qPrintable(path));
+        }
+        QVERIFY(!drop({"dropped.station", "dropped.station"}));
+        QDialog modal;
+        modal.setModal(true);
+        modal.show();
+        QVERIFY(!drop({"dropped.station"}));
+        modal.close();
+
+        trigger("compileAction");
+        const QString blocks = "dropped.BLK";
+        chooseNext(blocks);
+        child<QPushButton>("saveBlockButton")->click();
+        m_racks->setCurrentPlace({0, 0});
+        press(m_racks, Qt::Key_Delete);
+        QString question;
+        answerNext([&](QDialog *box) {
+            question = box->objectName();
+            box->reject();
+        });
+        QVERIFY(drop({"dropped.station"}));
+        QTRY_COMPARE(question, QString("unsavedBox"));
+        QVERIFY(m_window->windowTitle().startsWith("New station"));
+        clickNext("unsavedBox", "&Discard");
+        QVERIFY(drop({"dropped.station"}));
+        QTRY_VERIFY(m_window->windowTitle().startsWith("dropped.station"));
+        QVERIFY(drop({blocks}));
+        QTRY_VERIFY2(child<QLabel>("stationSummary")->text().startsWith("4 modules"), qPrintable(message()));
     }
 
     void helpLeavesTheDialogVisible_data()

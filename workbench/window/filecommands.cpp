@@ -15,6 +15,11 @@ namespace {
 
 constexpr int shownProblems = 8;
 
+bool isBlockFile(const QString &path)
+{
+    return path.endsWith(QLatin1String(".blk"), Qt::CaseInsensitive);
+}
+
 QString shown(const QString &path)
 {
     return QDir::toNativeSeparators(path);
@@ -52,6 +57,24 @@ void FileCommands::openRecent(const QString &path)
 {
     if (mayDiscard() && !openFile(path) && !QFileInfo::exists(path)) {
         emit fileMissing(path);
+    }
+}
+
+bool FileCommands::canOpen(const QString &path)
+{
+    const bool isProject = path.endsWith(QLatin1String(".station"), Qt::CaseInsensitive);
+    return (isProject || isBlockFile(path)) && QFileInfo(path).isFile();
+}
+
+void FileCommands::openDropped(const QString &path)
+{
+    if (!mayDiscard()) {
+        return;
+    }
+    if (isBlockFile(path)) {
+        decompileFile(path);
+    } else {
+        openFile(path);
     }
 }
 
@@ -225,9 +248,13 @@ void FileCommands::decompile()
     }
     const QString path =
         QFileDialog::getOpenFileName(&m_window, tr("Decompile Configuration Blocks"), {}, blockFilter());
-    if (path.isEmpty()) {
-        return;
+    if (!path.isEmpty()) {
+        decompileFile(path);
     }
+}
+
+void FileCommands::decompileFile(const QString &path)
+{
     const auto rebuilt = withProgress(&m_window, tr("Decompiling..."),
                                       [&](const Progress &progress) { return m_document.readBlocks(path, progress); });
     if (!rebuilt) {

@@ -19,6 +19,10 @@ public:
     /// user, and keeps the present station when the file is rejected.
     bool openFile(const QString &path);
     void openRecent(const QString &path);
+    /// True for an existing file with the name of a project or of configuration blocks.
+    static bool canOpen(const QString &path);
+    /// Opens or decompiles a file that canOpen(), after the question about unsaved changes.
+    void openDropped(const QString &path);
     bool save();
     bool saveAs();
     void compile();
@@ -42,6 +46,7 @@ private:
     bool offerRecover(const QString &path, const Result<> &rejected);
     bool recover(const QString &path);
     void showUnavailable();
+    void decompileFile(const QString &path);
     void markBlocksOutdated();
 
     StationDocument &m_document;

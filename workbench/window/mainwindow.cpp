@@ -21,7 +21,9 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMimeData>
 #include <QSettings>
+#include <QTimer>
 #include <QToolButton>
 
 #include <utility>
@@ -33,6 +35,14 @@ constexpr int messageTime = 6000; // ms
 QSettings settings()
 {
     return QSettings(QStringLiteral("simpleextend"), QStringLiteral("workbench"));
+}
+
+/// The file that a drop opens; empty if it opens none.
+QString droppedFile(const QMimeData &data)
+{
+    const QList<QUrl> urls = data.urls();
+    const QString path = urls.size() == 1 ? urls.first().toLocalFile() : QString();
+    return FileCommands::canOpen(path) ? path : QString();
 }
 
 } // namespace
@@ -53,6 +63,7 @@ MainWindow::MainWindow(const PluginLibrary &plugin, std::vector<CatalogEntry> ca
       m_controllers(new QActionGroup(this))
 {
     m_ui->setupUi(this);
+    setAcceptDrops(true);
     addViews();
     m_tools = new StationTools(*m_ui, m_document, m_catalog, *m_rackView, *this);
     addControllers();
@@ -335,6 +346,26 @@ void MainWindow::updateTitle()
 {
     setWindowTitle(tr("%1[*] - Module Workbench").arg(m_files->fileTitle()));
     setWindowModified(m_document.isModified());
+}
+
+/// Never moves the file, whatever the file manager proposes.
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (QApplication::activeModalWidget() == nullptr && !droppedFile(*event->mimeData()).isEmpty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+/// Opens the file later, because the file manager waits for the end of the event, and the user may be asked first.
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    QTimer::singleShot(0, m_files, [this, path = droppedFile(*event->mimeData())] {
+        activateWindow();
+        m_files->openDropped(path);
+    });
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

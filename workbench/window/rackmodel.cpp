@@ -158,7 +158,8 @@ Result<> RackModel::checkDrop(const QMimeData &data, Place to) const
 bool RackModel::canDropMimeData(const QMimeData *data, Qt::DropAction /*action*/, int /*row*/, int /*column*/,
                                 const QModelIndex &parent) const
 {
-    if (!parent.isValid() || m_station == nullptr) {
+    const bool isModule = data->hasFormat(CatalogView::mimeType()) || data->hasFormat(m_moveMimeType);
+    if (!isModule || !parent.isValid() || m_station == nullptr) {
         return false;
     }
     const Result<> possible = checkDrop(*data, placeOf(parent));
