@@ -2,6 +2,7 @@
 
 #include "channelmodel.h"
 
+#include <QScrollBar>
 #include <QTableView>
 
 #include <algorithm>
@@ -46,6 +47,7 @@ void ChannelSelection::store()
         const auto [place, number] = channelOf(index);
         m_selected[place.index()].append(number);
     }
+    m_scrollValue = m_table.verticalScrollBar()->value();
     const QModelIndex current = m_table.currentIndex();
     m_current = current.isValid() ? std::optional<Channel>(channelOf(current)) : std::nullopt;
 }
@@ -78,6 +80,7 @@ void ChannelSelection::restore()
     model.select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     if (m_current) {
         model.setCurrentIndex(indexOf(*m_current), QItemSelectionModel::NoUpdate);
+        m_table.verticalScrollBar()->setValue(m_scrollValue); // the table has scrolled to the current channel
     }
 }
 

@@ -41,4 +41,5 @@ private:
     const ChannelFilter &m_filter;
     QMap<int, QVector<int>> m_selected; ///< channels by the index of the place
     std::optional<Channel> m_current;
+    int m_scrollValue = 0;
 };

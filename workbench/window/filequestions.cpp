@@ -11,7 +11,7 @@ struct Texts {
 };
 
 constexpr int progressDelay = 400;     // ms until a long operation shows its progress
-constexpr int progressCharacters = 50; // of the width, which has room for the title and the buttons beside it
+constexpr int progressCharacters = 40; // of the width, which has room for the title and the buttons beside it
 
 } // namespace
 

@@ -44,7 +44,7 @@ void HelpDialog::moveBeside(const QWidget &dialog)
     const int room = std::clamp(isRight ? roomRight : roomLeft, m_browser->minimumWidth(), wanted);
     const int width = std::min(room, screen.width());
     const int x = isRight ? frame.right() + 1 : frame.left() - width;
-    const int height = std::min(frame.height(), screen.height());
+    const int height = std::min(dialog.height(), screen.height());
     setGeometry(std::clamp(x, screen.left(), screen.right() + 1 - width),
                 std::clamp(dialog.geometry().top(), screen.top(), screen.bottom() + 1 - height), width, height);
 }
