@@ -203,6 +203,27 @@ private slots:
         QTRY_VERIFY2(child<QLabel>("stationSummary")->text().startsWith("4 modules"), qPrintable(message()));
     }
 
+    void keysReachNoHiddenTab()
+    {
+        auto *search = child<QLineEdit>("catalogSearch");
+        for (const char *dock : {"channelDock", "problemDock", "memoryDock"}) {
+            const auto *content = child<QDockWidget>(dock)->widget();
+            QAction *const toggle = child<QDockWidget>(dock)->toggleViewAction();
+            toggle->trigger(); // hides it, also behind another tab
+            toggle->trigger();
+            QTRY_VERIFY(!content->visibleRegion().isEmpty());
+            press(search, Qt::Key_Tab);
+            bool isReached = false;
+            for (const QWidget *each = QApplication::focusWidget(); each != search;
+                 each = QApplication::focusWidget()) {
+                QVERIFY2(!each->visibleRegion().isEmpty(), qPrintable(each->objectName()));
+                isReached = isReached || each == content || content->isAncestorOf(each);
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            }
+            QVERIFY(isReached);
+        }
+    }
+
     void helpLeavesTheDialogVisible_data()
     {
         const Rows<bool, int> row("isAtLeftEdge", "room"); // in widths of the help

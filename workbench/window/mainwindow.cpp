@@ -67,6 +67,7 @@ MainWindow::MainWindow(const PluginLibrary &plugin, std::vector<CatalogEntry> ca
     addViews();
     m_tools = new StationTools(*m_ui, m_document, m_catalog, *m_rackView, *this);
     addControllers();
+    connectDocks();
     connectFileActions();
     connectModuleActions();
     connectViewActions();
@@ -116,6 +117,20 @@ void MainWindow::addControllers()
     m_ui->controllerMenu->addActions(m_controllers->actions());
     connect(m_controllers, &QActionGroup::triggered, this,
             [this](const QAction *action) { setController(action->data().toUInt()); });
+}
+
+/// Disables the content of a dock that is behind another tab, because the Tab key would reach it there. A dock that the
+/// menu shows comes to the front.
+void MainWindow::connectDocks()
+{
+    for (QDockWidget *dock : findChildren<QDockWidget *>()) {
+        connect(dock, &QDockWidget::visibilityChanged, dock->widget(), &QWidget::setEnabled);
+        connect(dock->toggleViewAction(), &QAction::triggered, dock, [dock](bool isShown) {
+            if (isShown) {
+                dock->raise();
+            }
+        });
+    }
 }
 
 void MainWindow::connectFileActions()

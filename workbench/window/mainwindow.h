@@ -46,6 +46,7 @@ protected:
 private:
     void addViews();
     void addControllers();
+    void connectDocks();
     void connectFileActions();
     void connectModuleActions();
     void connectViewActions();
