@@ -8,10 +8,8 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFontDatabase>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -22,7 +20,6 @@ using blockdecoder::Field;
 namespace {
 
 constexpr int shownMissing = 8;
-constexpr int margin = 80;     // px of the screen for the frame of the window
 constexpr int shownBytes = 64; // numbers are shorter, and texts are shown as such
 
 QString hexOffset(int offset)

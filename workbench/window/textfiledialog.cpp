@@ -1,5 +1,7 @@
 #include "textfiledialog.h"
 
+#include "windowsize.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFontDatabase>
@@ -31,5 +33,5 @@ TextFileDialog::TextFileDialog(const QString &path, int line, QWidget *parent) :
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(text);
-    resize(fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 30);
+    resizeToFit(*this, {fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 30});
 }
