@@ -289,6 +289,7 @@ private slots:
         auto *list = child<QTreeWidget>("differenceList");
         const QList<QTreeWidgetItem *> found = list->findItems("only here", Qt::MatchExactly, 2);
         QCOMPARE(found.size(), 4);
+        QCOMPARE(list->topLevelItem(0)->toolTip(3), QString("Standard"));
         doubleClick(list->viewport(), list->visualItemRect(found.last()).center());
         QCOMPARE(m_racks->currentPlace(), (Place{2, 0}));
     }

@@ -1,5 +1,7 @@
 #include "fieldtexts.h"
 
+#include "simulatedbase.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -55,6 +57,11 @@ constexpr Title otherTitles[] = {
     {"header.outMap.start", QT_TRANSLATE_NOOP("FieldTexts", "Output address")},
     {"header.outMap.length", QT_TRANSLATE_NOOP("FieldTexts", "Output length")},
     {"digitalOutput.dqMode", QT_TRANSLATE_NOOP("FieldTexts", "Outputs in STOP")},
+    {"plcType", QT_TRANSLATE_NOOP("FieldTexts", "Controller")},
+    {"title", QT_TRANSLATE_NOOP("FieldTexts", "Title")},
+    {"author", QT_TRANSLATE_NOOP("FieldTexts", "Author")},
+    {"revision", QT_TRANSLATE_NOOP("FieldTexts", "Revision")},
+    {"notes", QT_TRANSLATE_NOOP("FieldTexts", "Notes")},
 };
 
 /// Entries of lists: "%1" is the number in brackets.
@@ -86,6 +93,16 @@ QString plainText(const QVariant &value)
 }
 
 } // namespace
+
+QString controllerName(quint32 plcType)
+{
+    for (const simulatedhost::PlcType &known : simulatedhost::plcTypes()) {
+        if (known.id == plcType) {
+            return known.name;
+        }
+    }
+    return QString::number(plcType);
+}
 
 QString parameterTitle(const QString &fieldName)
 {
@@ -132,6 +149,9 @@ QString fieldValueText(const blockdecoder::Field &field)
 {
     if (findParameter(field.name) != nullptr) {
         return parameterText(field);
+    }
+    if (field.name == QLatin1String("plcType")) {
+        return controllerName(field.value.toUInt());
     }
     const QString value = plainText(field.value);
     return field.meaning.isEmpty() ? value : QStringLiteral("%1 (%2)").arg(value, field.meaning);

@@ -1,4 +1,5 @@
 #include "channellist.h"
+#include "fieldtexts.h"
 #include "imagerangetext.h"
 #include "reporttexts.h"
 #include "simulatedbase.h"
@@ -73,16 +74,6 @@ QString table(const QString &rows, const QString &header = {})
 {
     return QStringLiteral("<table cellspacing=\"1\" cellpadding=\"3\" width=\"100%\">\n<thead>") + header +
            QStringLiteral("</thead>\n") + rows + QStringLiteral("</table>\n");
-}
-
-QString controllerName(quint32 type)
-{
-    for (const simulatedhost::PlcType &known : simulatedhost::plcTypes()) {
-        if (known.id == type) {
-            return known.name;
-        }
-    }
-    return QString::number(type);
 }
 
 /// Writes the report of one station. Call run() once.

@@ -311,26 +311,6 @@
 <context>
     <name>CompareDialog</name>
     <message>
-        <source>Controller</source>
-        <translation>控制器</translation>
-    </message>
-    <message>
-        <source>Title</source>
-        <translation>标题</translation>
-    </message>
-    <message>
-        <source>Author</source>
-        <translation>作者</translation>
-    </message>
-    <message>
-        <source>Revision</source>
-        <translation>版次</translation>
-    </message>
-    <message>
-        <source>Notes</source>
-        <translation>备注</translation>
-    </message>
-    <message>
         <source>missing</source>
         <translation>缺少</translation>
     </message>
@@ -538,6 +518,26 @@
     <message>
         <source>off</source>
         <translation>关</translation>
+    </message>
+    <message>
+        <source>Controller</source>
+        <translation>控制器</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>标题</translation>
+    </message>
+    <message>
+        <source>Author</source>
+        <translation>作者</translation>
+    </message>
+    <message>
+        <source>Revision</source>
+        <translation>版次</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>备注</translation>
     </message>
 </context>
 <context>

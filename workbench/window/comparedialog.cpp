@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -20,20 +19,6 @@ namespace {
 
 constexpr int placeRole = Qt::UserRole;
 constexpr int widestColumn = 40; // characters; a longer title or name would move the other project out of view
-
-QString propertyTitle(const QString &name)
-{
-    if (name == QLatin1String("plcType")) {
-        return CompareDialog::tr("Controller");
-    }
-    if (name == QLatin1String("title")) {
-        return CompareDialog::tr("Title");
-    }
-    if (name == QLatin1String("author")) {
-        return CompareDialog::tr("Author");
-    }
-    return name == QLatin1String("revision") ? CompareDialog::tr("Revision") : CompareDialog::tr("Notes");
-}
 
 QString sideText(const QVector<blockdecoder::Field> &side)
 {
@@ -96,13 +81,12 @@ void CompareDialog::addDifference(const ProjectDifference &difference)
     auto *item = new QTreeWidgetItem(m_list);
     if (difference.kind == ProjectDifference::Property) {
         item->setText(0, tr("Project"));
-        item->setText(2, propertyTitle(difference.field));
     } else {
         item->setText(0, tr("Rack %1, slot %2").arg(difference.place.rack).arg(difference.place.slot));
         item->setText(1, difference.module);
-        item->setText(2, fieldTitle(difference.field));
-        item->setToolTip(2, difference.field);
     }
+    item->setText(2, fieldTitle(difference.field));
+    item->setToolTip(2, difference.field);
     switch (difference.kind) {
     case ProjectDifference::OnlyLeft:
     case ProjectDifference::OnlyRight: {
@@ -115,6 +99,8 @@ void CompareDialog::addDifference(const ProjectDifference &difference)
     case ProjectDifference::Property:
         item->setText(3, sideText(difference.left));
         item->setText(4, sideText(difference.right));
+        item->setToolTip(3, item->text(3)); // a long text is elided
+        item->setToolTip(4, item->text(4));
         break;
     }
     if (difference.kind == ProjectDifference::Field || difference.kind == ProjectDifference::OnlyLeft) {
