@@ -292,6 +292,11 @@ private slots:
         QCOMPARE(list->topLevelItem(0)->toolTip(3), QString("Standard"));
         doubleClick(list->viewport(), list->visualItemRect(found.last()).center());
         QCOMPARE(m_racks->currentPlace(), (Place{2, 0}));
+        QApplication::clipboard()->setText("kept");
+        list->setCurrentItem(found.first());
+        press(list, Qt::Key_Return);
+        QCOMPARE(m_racks->currentPlace(), (Place{0, 0}));
+        QCOMPARE(QApplication::clipboard()->text(), QString("kept"));
     }
 
     void editsPropertiesAndReports()

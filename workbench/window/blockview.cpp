@@ -1,6 +1,7 @@
 #include "blockview.h"
 
 #include "columngap.h"
+#include "enterkey.h"
 #include "filequestions.h"
 #include "files.h"
 #include "windowsize.h"
@@ -75,6 +76,7 @@ BlockView::BlockView(QWidget *parent)
                     {tr("Field"), tr("Value"), tr("Meaning"), tr("Offset"), tr("Bytes")}))
 {
     setObjectName(QStringLiteral("blockView"));
+    installEventFilter(new EnterKey(this));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Configuration Blocks"));
     resizeToFit(*this, {1180, 640});

@@ -1,6 +1,7 @@
 #include "comparedialog.h"
 
 #include "columngap.h"
+#include "enterkey.h"
 #include "fieldtexts.h"
 #include "windowsize.h"
 
@@ -36,6 +37,7 @@ CompareDialog::CompareDialog(const Project &left, const QString &leftName, const
       m_list(new QTreeWidget(this))
 {
     setObjectName(QStringLiteral("compareDialog"));
+    installEventFilter(new EnterKey(this));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Compare: %1, %2").arg(leftName, rightName));
     auto *summary = new QLabel(m_differences.isEmpty() ? tr("The projects have the same content.")
