@@ -1213,6 +1213,10 @@ Qt %2，使用 Qt %3编译
         <source>Show the versions of the program and its libraries</source>
         <translation>显示程序及其库的版本</translation>
     </message>
+    <message>
+        <source>Show the list of problems</source>
+        <translation>显示问题列表</translation>
+    </message>
 </context>
 <context>
     <name>MemoryAreas</name>

@@ -337,6 +337,7 @@ void MainWindow::updateStation()
 
 void MainWindow::updateProblemCount(int count)
 {
+    m_problemCount->setToolTip(tr("Show the list of problems"));
     m_problemCount->setText(count == 0 ? tr("No problems") : tr("%n problem(s)", nullptr, count));
     m_problemCount->setIcon(count == 0 ? QIcon() : style()->standardIcon(QStyle::SP_MessageBoxWarning));
 }
