@@ -159,9 +159,19 @@ private slots:
         QTRY_COMPARE(table->model()->rowCount(), 0);
         child<QDockWidget>("channelDock")->raise();
         QTRY_COMPARE(selectedChannels(), selected);
+        m_racks->setCurrentPlace({3, 0}); // of AIW20
+        press(m_racks, Qt::Key_Up, Qt::ControlModifier);
+        press(m_racks, Qt::Key_Up, Qt::ControlModifier);
+        QCOMPARE(cell(1, 0), QString("0")); // before the other modules, because rack 1 is taken
+        QCOMPARE(selectedChannels(), selected);
+        answerNext([](QDialog *dialog) { edit(*dialog, "inputRange_2=3 okButton"); });
+        press(m_racks, Qt::Key_Return);
+        trigger("undoAction");
+        QCOMPARE(selectedChannels(), selected);
         child<QLineEdit>("channelSearch")->setText("AIW12");
         trigger("undoAction");
         QCOMPARE(selectedChannels(), (QStringList{"AIW12", "AIW12"}));
+        clickNext("unsavedBox", "&Discard");
         trigger("newAction");
         QCOMPARE(selectedChannels(), QStringList(""));
     }

@@ -119,8 +119,9 @@ signals:
     void moduleChanged(Place place);
     void plcTypeChanged();
     void propertiesChanged();
-    /// Before and after the signals above are emitted for several modules by one edit. A view can then read the station
-    /// once instead of following each signal. These calls are never nested.
+    /// Before and after one edit emits the signals above several times: for several modules, or for one that is removed
+    /// and added again. A view can then read the station once instead of following each signal. These calls are never
+    /// nested.
     void manyChangesBegin();
     void manyChangesEnd();
 

@@ -32,7 +32,7 @@ private:
     bool m_isExecuted = false;
 };
 
-/// Announces an edit of @p count modules while it exists.
+/// Announces an edit that adds, removes or moves @p count modules, while it exists. A replaced module counts twice.
 class ManyChanges {
 public:
     ManyChanges(Station &station, std::size_t count) : m_station(count > 1 ? &station : nullptr)
@@ -68,7 +68,7 @@ std::vector<StoredModule> takeAll(Station &station, QVector<Place> places)
 /// Takes all present modules before it puts the first wanted one, which may need their addresses.
 void replace(Station &station, const std::vector<StoredModule> &present, const std::vector<StoredModule> &wanted)
 {
-    const ManyChanges changes(station, std::max(present.size(), wanted.size()));
+    const ManyChanges changes(station, present.size() + wanted.size());
     QVector<Place> places;
     for (const StoredModule &module : present) {
         places.append(module.place);
@@ -291,7 +291,7 @@ void StationEdits::configure(Place place, QWidget *parent)
 /// Replaces each module by another one with its place and addresses. A failure changes nothing.
 Result<> StationEdits::exchange(const std::vector<StoredModule> &before, const std::vector<StoredModule> &after)
 {
-    const ManyChanges changes(m_station, before.size());
+    const ManyChanges changes(m_station, before.size() + after.size());
     for (std::size_t i = 0; i < before.size(); ++i) {
         m_station.take(before[i].place);
         if (m_station.put(after[i])) {

@@ -42,10 +42,7 @@ void ChannelModel::setStation(const Station *station)
     connect(station, &Station::moduleAdded, this, &ChannelModel::insert);
     connect(station, &Station::moduleRemoved, this, &ChannelModel::remove);
     connect(station, &Station::moduleChanged, this, &ChannelModel::update);
-    connect(station, &Station::moduleMoved, this, [this](Place from, Place to) {
-        remove(from);
-        insert(to);
-    });
+    connect(station, &Station::moduleMoved, this, &ChannelModel::move);
 }
 
 /// An edit of many modules deletes the list at its start and creates a new one at its end.
@@ -79,11 +76,33 @@ void ChannelModel::remove(Place place)
     endRemoveRows();
 }
 
+/// Keeps the rows, because views would deselect removed ones.
+void ChannelModel::move(Place from, Place to)
+{
+    if (!m_channels) {
+        return;
+    }
+    const auto [first, count] = m_channels->rowsOf(from);
+    const int target = m_channels->rowsOf(to).first;
+    const bool isMoved = count != 0 && beginMoveRows({}, first, first + count - 1, {}, target);
+    m_channels->remove(from);
+    m_channels->insert(to);
+    if (isMoved) {
+        endMoveRows();
+    }
+    emitChange(to);
+}
+
 /// The number of channels of a module does not change.
 void ChannelModel::update(Place place)
 {
     m_channels->remove(place);
     m_channels->insert(place);
+    emitChange(place);
+}
+
+void ChannelModel::emitChange(Place place)
+{
     if (const auto [first, count] = m_channels->rowsOf(place); count != 0) {
         emit dataChanged(index(first, 0), index(first + count - 1, ColumnCount - 1));
     }

@@ -35,7 +35,9 @@ public:
 private:
     void insert(Place place);
     void remove(Place place);
+    void move(Place from, Place to);
     void update(Place place);
+    void emitChange(Place place);
 
     QPointer<const Station> m_station; // may be destroyed before the model
     std::unique_ptr<ChannelList> m_channels;
