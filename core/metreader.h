@@ -14,7 +14,7 @@ constexpr qint64 maximumMetFileSize = Q_INT64_C(16) * 1024 * 1024;
 /// Parses the lines of one file and yields each entry at its [END].
 class MetParser {
 public:
-    /// Returns the entry that @p line ends, or null. The parser owns the entry, which is valid until the next call.
+    /// Returns the entry that @p line ends, or null. The parser owns the entry, and later lines change it.
     const ModuleMetInfo *feed(const MetLine &line);
 
 private:
