@@ -5,7 +5,6 @@
 #include <QPointer>
 #include <QVector>
 
-#include <utility>
 #include <vector>
 
 class DefaultsPage;

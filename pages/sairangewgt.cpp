@@ -7,7 +7,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMap>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>

@@ -9,7 +9,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLocale>
-#include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QVBoxLayout>

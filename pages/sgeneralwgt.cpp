@@ -7,7 +7,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMimeData>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTextEdit>
 

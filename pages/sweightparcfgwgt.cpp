@@ -4,7 +4,6 @@
 
 #include <QHeaderView>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <array>
