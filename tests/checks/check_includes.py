@@ -10,7 +10,8 @@ from pathlib import Path
 # Files of FOLDER may include no header of FORBIDDEN except the ones named.
 RULES = [
     # folder, forbidden folder ("Qt widgets": headers of that library), exceptions, reason
-    ("core", "core/exports", ("iomap.h",), "only hosts include the exports"),
+    *((folder, "core/exports", ("iomap.h",), "only hosts include the exports")
+      for folder in ("core", "persist", "pages", "dialog", "inspect")),
     ("inspect", "persist", ("blocklayout.h",), "the decoder is independent of the reader that it checks"),
     ("workbench/station", "Qt widgets", ("QUndoCommand", "QUndoStack"), "the model works without a window"),
 ]
