@@ -152,7 +152,7 @@ std::unique_ptr<SimpleExtendPar> restoreWholeByStream(const QByteArray &bytes)
         !QFileInfo(getHwcnfgComponentPath(HwcnfgComponent::ModuleComponent) % info.serverFile).isFile()) {
         return nullptr;
     }
-    par->serverFile = info.serverFile; // stands for the whole head
+    par->serverFile = info.serverFile; // represents the whole head
     return par;
 }
 

@@ -1,5 +1,5 @@
-# Installs the plug-in, the CMake package for find_package(simpleextend) and the file for pkg-config. host/CMakeLists.txt installs the
-# simulated host libraries, their headers and the catalog.
+# Installs the plug-in, the CMake package for find_package(simpleextend) and the file for pkg-config.
+# host/CMakeLists.txt installs the simulated host libraries, their headers and the catalog.
 include(CMakePackageConfigHelpers)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/simpleextend)

@@ -1,5 +1,5 @@
 // Writes the initial inputs of the fuzz targets: seeds FOLDER writes the golden blocks into one folder per format, a
-// catalog with their types, project files, and one dictionary per kind of input.
+// catalog with their types, project files, steps of a host, and the dictionaries.
 #include "goldenblocks.h"
 #include "metformat.h"
 #include "projectdatabase.h"

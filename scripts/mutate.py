@@ -23,7 +23,7 @@ MUTATED_FOLDERS = ("core", "persist", "pages")
 GOAL = 0.9
 MEMORY_LIMIT = 4 << 30  # bytes; a mutant may allocate in an endless loop
 TEST_TIMEOUT = 60  # seconds; ten times the slowest test
-# The first repeats another test on a real screen. The second builds a separate program from the installed package.
+# The first repeats another test on a virtual screen. The second builds a separate program from the installed package.
 LEFT_OUT = ("tst_mainwindow_xvfb", "package")
 
 SWAPS = {

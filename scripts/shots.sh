@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Renders the pages of the properties dialog with build/release. ./dev builds the program and calls this script.
-# All module types once; in the other languages, palettes, scales and in a large font one module of each kind.
+# It renders all module types once. In the other languages, palettes and scales and in a large font it renders one module
+# of each kind.
 #
 # usage: shots.sh FOLDER
 set -euo pipefail

@@ -125,7 +125,7 @@ private slots:
     void headerLength_data()
     {
         const Rows<qint64, bool, qint32> row("length", "accepted", "code"); // 55 = unchanged
-        row("honest", honest, true, 0);
+        row("correct", correct, true, 0);
         row("0 leaves no fields", 0, false, 0);
         row("7 leaves no fields", 7, false, 0);
         row("8 leaves no fields", 8, false, 0);

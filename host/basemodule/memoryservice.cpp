@@ -72,7 +72,7 @@ QString generalText(qint32 code)
     case EmptyRange:
         return QStringLiteral("The range is empty.");
     case OutOfRange:
-        return QStringLiteral("The addresses lie outside the memory area.");
+        return QStringLiteral("The addresses are outside the memory area.");
     case Overlap:
         return QStringLiteral("The addresses are already in use.");
     default:
@@ -103,7 +103,7 @@ qint32 getMemory(const QString &owner, VarArea area, qint32 start, qint32 length
     }
     if (start < 0 || length > size - start) {
         return refuse(OutOfRange,
-                      requested + QStringLiteral(" lie outside it; it has the addresses %1.").arg(addresses(0, size)));
+                      requested + QStringLiteral(" are outside it; it has the addresses %1.").arg(addresses(0, size)));
     }
     ByteMap &claimed = stationOf(owner).memory[area];
     const auto other = claimed.overlapping(start, length);

@@ -12,7 +12,7 @@ endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD_FOLDER} --prefix ${installed})
 
-# Of the host the contract is installed, and nothing that steers the simulated host.
+# Of the host only the contract is installed, without the control interface of the simulated host.
 file(GLOB headers RELATIVE ${installed}/include/simpleextend ${installed}/include/simpleextend/*)
 set(expected_headers basemodule.h baseservices.h basewidgets.h helpsharemodule.h iomap.h simpleextendexportfunc.h)
 if(NOT headers STREQUAL expected_headers)

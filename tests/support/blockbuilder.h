@@ -20,27 +20,27 @@ inline QByteArray be32(quint32 value)
     return bytes;
 }
 
-constexpr qint64 honest = -1; ///< stands for the correct count or length
+constexpr qint64 correct = -1; ///< in place of a count or length: the correct one
 
 inline quint32 lengthOf(const QByteArray &body, qint64 declared)
 {
-    return declared == honest ? static_cast<quint32>(body.size() + 8) : static_cast<quint32>(declared);
+    return declared == correct ? static_cast<quint32>(body.size() + 8) : static_cast<quint32>(declared);
 }
 
-inline QByteArray header(const QByteArray &fields, qint64 length = honest)
+inline QByteArray header(const QByteArray &fields, qint64 length = correct)
 {
     return be32(lengthOf(fields, length)) + hex("00020000") + fields;
 }
 
-inline QByteArray section(char type, const QByteArray &body, qint64 length = honest)
+inline QByteArray section(char type, const QByteArray &body, qint64 length = correct)
 {
     return be32(lengthOf(body, length)) + (type == 18 ? '\1' : '\0') + type + QByteArray(2, 0) + body;
 }
 
-inline QByteArray block(const QByteArray &header, const QByteArrayList &sections = {}, int count = honest)
+inline QByteArray block(const QByteArray &header, const QByteArrayList &sections = {}, int count = correct)
 {
     QByteArray bytes;
-    bytes += static_cast<char>(count == honest ? sections.size() + 1 : count);
+    bytes += static_cast<char>(count == correct ? sections.size() + 1 : count);
     bytes += header;
     bytes += sections.join();
     return bytes;

@@ -189,7 +189,7 @@ int main(int argc, char *argv[])
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Reports where the host reads something else than a module description file appears to say.\n"
+        QStringLiteral("Reports where the host's result differs from what a module description file appears to say.\n"
                        "Prints file:line:column: severity: text [rule].\n\n"
                        "Exit status:\n"
                        "  0  There are no diagnostics.\n"
