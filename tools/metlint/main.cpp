@@ -12,6 +12,7 @@
 #include <QTextCodec>
 
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -19,6 +20,23 @@ enum ExitStatus { Clean = 0, Diagnostics = 1, Failure = exitFailure };
 
 const QLatin1String descriptionFolder("6"); // as the host names its component folders
 const QLatin1String componentFolder("9");
+
+struct Options {
+    QCommandLineOption json{QStringLiteral("json"), QStringLiteral("Print JSON instead of lines.")};
+    QCommandLineOption list{QStringLiteral("list-rules"), QStringLiteral("List the rules and exit.")};
+    QCommandLineOption host{
+        QStringLiteral("host-version"),
+        QStringLiteral("Version number of the host that reads the files (default: %1).").arg(getAppVerNum()),
+        QStringLiteral("N"), QString::number(getAppVerNum())};
+    QCommandLineOption components{
+        QStringLiteral("components"),
+        QStringLiteral("Folder of the component files (default: the folder 9 next to that of the description files)."),
+        QStringLiteral("DIR")};
+    QCommandLineOption encoding{
+        QStringLiteral("encoding"),
+        QStringLiteral("Encoding of files without a byte-order mark on the host's machine (default: this machine's)."),
+        QStringLiteral("NAME")};
+};
 
 void printJson(const QJsonArray &array)
 {
@@ -167,26 +185,54 @@ private:
     bool m_failed = false;
 };
 
+/// Returns std::nullopt after an error message.
+std::optional<LintContext> contextOf(const QCommandLineParser &parser, const Options &options)
+{
+    bool isNumber = false;
+    LintContext context;
+    context.hostVersion = parser.value(options.host).toUInt(&isNumber);
+    if (!isNumber) {
+        complain(QStringLiteral("--host-version: expected a number"));
+        return std::nullopt;
+    }
+    if (parser.isSet(options.encoding)) {
+        context.encoding = QTextCodec::codecForName(parser.value(options.encoding).toUtf8());
+    }
+    if (context.encoding == nullptr) {
+        complain(QStringLiteral("unknown encoding ") % parser.value(options.encoding));
+        return std::nullopt;
+    }
+    context.componentFolder = parser.value(options.components);
+    if (parser.isSet(options.components) && !QFileInfo(context.componentFolder).isDir()) {
+        complain(QStringLiteral("--components: not a folder: ") % context.componentFolder);
+        return std::nullopt;
+    }
+    return context;
+}
+
+ExitStatus run(const QCommandLineParser &parser, const Options &options)
+{
+    const std::optional<LintContext> context = contextOf(parser, options);
+    if (!context) {
+        return Failure;
+    }
+    const QStringList paths = parser.positionalArguments();
+    if (paths.isEmpty()) {
+        complain(QStringLiteral("expected at least one file or folder; see --help"));
+        return Failure;
+    }
+    Run lintRun(*context, parser.isSet(options.json));
+    for (const QString &path : paths) {
+        lintRun.lintArgument(path);
+    }
+    return lintRun.finish();
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);
-    const QCommandLineOption json(QStringLiteral("json"), QStringLiteral("Print JSON instead of lines."));
-    const QCommandLineOption list(QStringLiteral("list-rules"), QStringLiteral("List the rules and exit."));
-    const QCommandLineOption host(
-        QStringLiteral("host-version"),
-        QStringLiteral("Version number of the host that reads the files (default: %1).").arg(getAppVerNum()),
-        QStringLiteral("N"), QString::number(getAppVerNum()));
-    const QCommandLineOption components(
-        QStringLiteral("components"),
-        QStringLiteral("Folder of the component files (default: the folder 9 next to that of the description files)."),
-        QStringLiteral("DIR"));
-    const QCommandLineOption encoding(
-        QStringLiteral("encoding"),
-        QStringLiteral("Encoding of files without a byte-order mark on the host's machine (default: this machine's)."),
-        QStringLiteral("NAME"));
-
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Reports where the host's result differs from what a module description file appears to say.\n"
@@ -198,37 +244,15 @@ int main(int argc, char *argv[])
                        "Examples:\n"
                        "  $ metlint hw00003453.met\n"
                        "  $ metlint --json --components components descriptions"));
+    const Options options;
     parser.addPositionalArgument(
         QStringLiteral("FILE|FOLDER..."),
         QStringLiteral("Description files, folders of them, or the folder that holds the folders 6 and 9."));
-    processArguments(parser, "metlint", {json, list, host, components, encoding});
-    if (parser.isSet(list)) {
-        listRules(parser.isSet(json));
+    processArguments(parser, "metlint",
+                     {options.json, options.list, options.host, options.components, options.encoding});
+    if (parser.isSet(options.list)) {
+        listRules(parser.isSet(options.json));
         return statusAfterOutput(Clean);
     }
-
-    bool isNumber = false;
-    LintContext context;
-    context.hostVersion = parser.value(host).toUInt(&isNumber);
-    context.componentFolder = parser.value(components);
-    if (parser.isSet(encoding)) {
-        context.encoding = QTextCodec::codecForName(parser.value(encoding).toUtf8());
-    }
-    if (!isNumber) {
-        complain(QStringLiteral("--host-version: expected a number"));
-    } else if (context.encoding == nullptr) {
-        complain(QStringLiteral("unknown encoding ") % parser.value(encoding));
-    } else if (parser.isSet(components) && !QFileInfo(context.componentFolder).isDir()) {
-        complain(QStringLiteral("--components: not a folder: ") % context.componentFolder);
-    } else if (parser.positionalArguments().isEmpty()) {
-        complain(QStringLiteral("expected at least one file or folder; see --help"));
-    } else {
-        const QStringList paths = parser.positionalArguments();
-        Run run(context, parser.isSet(json));
-        for (const QString &path : paths) {
-            run.lintArgument(path);
-        }
-        return statusAfterOutput(run.finish());
-    }
-    return Failure;
+    return statusAfterOutput(run(parser, options));
 }
