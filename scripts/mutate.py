@@ -6,6 +6,7 @@ that does not compile, or that gives the same library byte for byte, does not co
 seed and the same sources give the same mutants.
 """
 import argparse
+import concurrent.futures
 import dataclasses
 import hashlib
 import json
@@ -207,7 +208,11 @@ class Campaign:
         while True:
             mutant = self.take()
             if mutant is not None:
-                self.record(mutant, worker.outcome(mutant, self.tests_for(mutant)))
+                outcome = None
+                try:
+                    outcome = worker.outcome(mutant, self.tests_for(mutant))
+                finally:  # without the result of a worker that fails, the others would wait for it
+                    self.record(mutant, outcome)
             elif self.open == 0:
                 return
             else:
@@ -269,11 +274,8 @@ def main():
         sys.exit(f"mutate: these tests fail without any change: {', '.join(failing)}")
 
     campaign = Campaign(mutants, chosen.count, tests)
-    threads = [threading.Thread(target=campaign.run, args=(worker,)) for worker in workers]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
+    with concurrent.futures.ThreadPoolExecutor(len(workers)) as pool:
+        list(pool.map(campaign.run, workers))  # raises the exception of a worker
     return 0 if report(campaign.outcomes, report_path) else 1
 
 
