@@ -7,12 +7,13 @@
 #include "blockagreement.h"
 #include "blockcheck.h"
 #include "blockheader.h"
+#include "catalogtypes.h"
 #include "metreader.h"
 #include "target.h"
 
-#include <QDir>
-#include <QSet>
 #include <QVarLengthArray>
+
+#include <algorithm>
 
 namespace fuzz {
 
@@ -45,18 +46,6 @@ QString getHwcnfgComponentPath(HwcnfgComponent component)
 
 namespace fuzz {
 
-inline QSet<quint32> catalogTypes()
-{
-    QSet<quint32> types;
-    const QDir folder(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription));
-    const QStringList files = folder.entryList({QStringLiteral("hw*.met")});
-    for (const QString &file : files) {
-        types.insert(file.mid(2, 8).toUInt(nullptr, 16));
-    }
-    require(!types.isEmpty(), "the catalog is empty");
-    return types;
-}
-
 /// Requires at most the two ranges of the header, in their order and at the places of the module.
 inline void checkTakenRanges(const SimpleExtendPar *par)
 {
@@ -73,10 +62,11 @@ inline void checkTakenRanges(const SimpleExtendPar *par)
 inline void checkAgreement(const QByteArray &block, const SimpleExtendPar *par, qint32 result, BlockFormat format)
 {
     using namespace blockdecoder;
-    static const QSet<quint32> types = catalogTypes();
+    static const std::vector<quint32> types = catalogTypes();
     const DecodedBlock decoded = decodeFirst(block, format);
     const Field *type = decoded.find(QStringLiteral("header.objId"));
-    if (type != nullptr && !types.contains(static_cast<quint32>(type->value.toLongLong()))) {
+    if (type != nullptr &&
+        !std::binary_search(types.begin(), types.end(), static_cast<quint32>(type->value.toLongLong()))) {
         // Only the catalog has the known type codes.
         require(par == nullptr && (format == BlockFormat::SavedState || result == UnknownTypeCode),
                 "an unknown type code is accepted");

@@ -2,6 +2,7 @@
 //
 // An input describes the steps. The target compares the memory map, the places and the blocks after each step with a
 // model of the documented behavior.
+#include "catalogtypes.h"
 #include "dialogedit.h"
 #include "hostedmodule.h"
 #include "inputcursor.h"

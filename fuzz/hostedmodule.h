@@ -1,14 +1,10 @@
 // The modules and blocks of fuzz_exports, with what is expected of them.
 #pragma once
 
-#include "baseservices.h"
 #include "simpleextendexportfunc.h"
 #include "target.h"
 
-#include <QDir>
-
 #include <memory>
-#include <vector>
 
 namespace fuzz {
 
@@ -39,17 +35,6 @@ struct Block : Expected {
     QString name;
     QString comment;
 };
-
-inline std::vector<quint32> catalogTypes()
-{
-    std::vector<quint32> types;
-    const QDir folder(getHwcnfgComponentPath(HwcnfgComponent::ModuleDescription));
-    for (const QString &file : folder.entryList({QStringLiteral("hw*.met")}, QDir::Files, QDir::Name)) {
-        types.push_back(file.mid(2, 8).toUInt(nullptr, 16));
-    }
-    require(!types.empty(), "the catalog is empty");
-    return types;
-}
 
 inline QByteArray blockOf(SimpleExtendPar *module, bool isState)
 {
