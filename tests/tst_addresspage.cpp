@@ -195,7 +195,7 @@ private slots:
         const QString starts = QStringLiteral("%1 %2").arg(par.inMap.start).arg(par.outMap.start);
         QCOMPARE(recordingHost().calls.takeFirst(), QString("backup plc"));
         QTEST((recordingHost().takeCalls() << starts << refused).join(", "), "done");
-        QCOMPARE(boxes.told, held ? QStringList() : QStringList{"warning, X: " + getMemoryErrStrByErrCode(answer)});
+        QCOMPARE(boxes.texts, held ? QStringList() : QStringList{"warning, X: " + getMemoryErrStrByErrCode(answer)});
     }
 
     // Steps before Cancel: "ok 20 30" moves to these starts, the host refuses "refused 20 30" and changes the record by

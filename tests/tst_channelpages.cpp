@@ -22,12 +22,12 @@ private slots:
     void saves_data()
     {
         // edits: see pagefixture.h; saved: the record afterwards and the disabled controls of channels 0 and 1;
-        // told: the field and the message box of a refusal
+        // refusal: the field and the message box of a refusal
         const Rows<const Kind *, QString, QString, QString, QString, QString> rows("kind", "before", "edits", "saved",
-                                                                                   "defaults", "told");
+                                                                                   "defaults", "refusal");
         const auto row = [&rows](const char *name, const Kind &kind, const char *before, const char *edits,
-                                 const char *saved, const char *defaults = nullptr, const char *told = "") {
-            rows(name, &kind, before, edits, saved, defaults == nullptr ? before : defaults, told);
+                                 const char *saved, const char *defaults = nullptr, const char *refusal = "") {
+            rows(name, &kind, before, edits, saved, defaults == nullptr ? before : defaults, refusal);
         };
         const char *const frozen = "1:00, without output_0 output_1 selectAllButton clearAllButton";
         row("two rows share a byte", diFilter, "8 55", "filter_0=1 filter_1=6", "61");
@@ -132,7 +132,7 @@ private slots:
     {
         QFETCH(const Kind *, kind);
         QFETCH(QString, before);
-        QFETCH(QString, told);
+        QFETCH(QString, refusal);
         Par par = kind->record(before);
         Par defaultPar = kind->record(fetched<QString>("defaults"));
         const PagePtr page = kind->make(par, &defaultPar, m_dialog.get());
@@ -147,14 +147,14 @@ private slots:
         }
         BoxRecorder boxes;
         connect(page.get(), &ParamPage::signal_refused, page.get(),
-                [&](QWidget *field) { boxes.told << field->objectName(); });
-        QCOMPARE(page->saveData(), told.isEmpty());
-        QCOMPARE(boxes.told.join(", "), told);
+                [&](QWidget *field) { boxes.texts << field->objectName(); });
+        QCOMPARE(page->saveData(), refusal.isEmpty());
+        QCOMPARE(boxes.texts.join(", "), refusal);
         QTEST(QString(kind->text(par) + disabled.join(' ')), "saved");
 
         const QString stored = kind->text(par);
         const PagePtr again = kind->make(par, &defaultPar, m_dialog.get());
-        QVERIFY(again->saveData() || !told.isEmpty());
+        QVERIFY(again->saveData() || !refusal.isEmpty());
         QCOMPARE(kind->text(par), stored); // what is saved is shown again
     }
 

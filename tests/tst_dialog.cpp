@@ -271,7 +271,7 @@ private slots:
         opened.press("okButton");
         const QString address = QStringLiteral("SAddrMapWgt Address inputStart");
         QCOMPARE(shown, QStringList({address, "SAIFilterWgt Input Filter deadband_1"}));
-        QCOMPARE(boxes.told.filter(", " + opened->windowTitle() + ": ").size(), shown.size());
+        QCOMPARE(boxes.texts.filter(", " + opened->windowTitle() + ": ").size(), shown.size());
         QVERIFY(opened->isVisible());
         QCOMPARE(opened.shownFocus(), address);
         QCOMPARE(opened.find<QSpinBox>("inputStart")->findChild<QLineEdit *>()->selectedText(),

@@ -322,7 +322,7 @@ private slots:
             });
             QVERIFY(parent.isNull());
             QCOMPARE(answer, 0);
-            QCOMPARE(boxes.told.size(), 1);
+            QCOMPARE(boxes.texts.size(), 1);
             QTEST(throwingHost().calls.value("restoreUsedMemory"), "restores");
             QCOMPARE(heldBy(module.get()), before);
         }

@@ -14,7 +14,7 @@ class BoxRecorder : public QObject {
 public:
     BoxRecorder() { qApp->installEventFilter(this); }
 
-    QStringList told; ///< "icon, title: text" of each box, followed by " (choice)" if it has more buttons than OK
+    QStringList texts; ///< "icon, title: text" of each box, followed by " (choice)" if it has more buttons than OK
     std::function<void(const QMessageBox &box)> onBox = [](const QMessageBox &) {
     }; ///< called before the box is accepted
 
@@ -24,7 +24,7 @@ public:
         if (box != nullptr && event->type() == QEvent::Show) {
             const QString icon = QMetaEnum::fromType<QMessageBox::Icon>().valueToKey(box->icon());
             const QString choice = box->standardButtons() == QMessageBox::Ok ? "" : " (choice)";
-            told << QStringLiteral("%1, %2: %3%4").arg(icon.toLower(), box->windowTitle(), box->text(), choice);
+            texts << QStringLiteral("%1, %2: %3%4").arg(icon.toLower(), box->windowTitle(), box->text(), choice);
             onBox(*box);
             QMetaObject::invokeMethod(box, &QDialog::accept, Qt::QueuedConnection);
         }
