@@ -28,16 +28,20 @@ public:
     ~SimpleExtendcfgdlg() override;
 
 signals:
-    /// Never emitted by the dialog. It is connected to saveData() of every page.
+    /// Never emitted by the dialog. It is connected to saveData() of every page. The argument is ignored.
     void signal_saveData(bool &);
+    /// Emitted by the "Default All" button. It is connected to slot_btnDefault_clicked() of every page that has it.
     void signal_defaultAll();
 
 public slots:
+    /// Saves every page, even after a refusal. Accepts the dialog if none refuses, else shows the first refused field.
     void slot_bttnOK();
+    /// Opens the host's online help at the keyword of the module's kind.
     void slot_startHelpSystem();
     /// Returns the factory record of the module's type, which the dialog owns. The first call builds it. Returns null
     /// if that fails; the next call then tries again.
     SimpleExtendPar *slot_returnDefaultParam();
+    /// Shows the page of @p curItem; no-op for the root and for null.
     void raisePage(QTreeWidgetItem *curItem, QTreeWidgetItem *preItem);
 
 protected:
