@@ -22,7 +22,8 @@ struct Difference {
 /// blocks are compared in any case.
 QVector<Difference> difference(const QVector<DecodedBlock> &left, const QVector<DecodedBlock> &right);
 
-/// Returns a value as text; texts are quoted and escaped, bytes give an empty string.
+/// Returns a value as text; an empty string for bytes. Texts are in quotation marks, and their characters that are not
+/// printable are escaped. Quotation marks and backslashes are not.
 QString valueText(const Field &field);
 /// Returns a value for JSON, which has no bytes (here hexadecimal digits) and no infinite numbers (here texts).
 QJsonValue jsonValue(const QVariant &value);
