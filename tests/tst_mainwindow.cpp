@@ -181,6 +181,10 @@ private slots:
         QCOMPARE(m_racks->currentPlace(), (Place{0, 1}));
         QTest::mouseClick(strip, Qt::LeftButton, Qt::NoModifier, QPoint(1, strip->height() - 10));
         QCOMPARE(m_racks->currentPlace(), (Place{0, 0}));
+        press(m_racks, Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(m_racks->selectedModules().size(), 0);
+        press(m_racks, Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(m_racks->selectedModules(), QVector<Place>{{}});
     }
 
     void showsTheFieldsOfCompiledBlocks()

@@ -29,3 +29,11 @@ QColor refusalColor(const QPalette &palette)
 {
     return isDark(palette) ? QColor(255, 110, 100) : QColor(190, 20, 20);
 }
+
+QColor fadedColor(const QPalette &palette)
+{
+    const QColor &text = palette.color(QPalette::Text);
+    const QColor &base = palette.color(QPalette::Base);
+    return QColor::fromRgb((2 * text.red() + base.red()) / 3, (2 * text.green() + base.green()) / 3,
+                           (2 * text.blue() + base.blue()) / 3);
+}

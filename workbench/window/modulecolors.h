@@ -15,3 +15,5 @@ bool isDark(const QPalette &palette);
 QColor moduleColor(CatalogFamily family, Place place, const QPalette &palette);
 /// For refused drops and unavailable modules.
 QColor refusalColor(const QPalette &palette);
+/// For less important texts.
+QColor fadedColor(const QPalette &palette);

@@ -25,15 +25,6 @@ constexpr int cardLines = 4;          // order number, name, input, output
 constexpr int minimumCharacters = 20; // in a line of a card; at most twice as many
 constexpr int cornerRadius = 4;       // px
 
-/// Colour of less important texts.
-QColor faded(const QPalette &palette)
-{
-    const QColor &text = palette.color(QPalette::Text);
-    const QColor &base = palette.color(QPalette::Base);
-    return QColor::fromRgb((2 * text.red() + base.red()) / 3, (2 * text.green() + base.green()) / 3,
-                           (2 * text.blue() + base.blue()) / 3);
-}
-
 } // namespace
 
 /// Paints a slot: a card, or the outline of a free slot.
@@ -92,7 +83,7 @@ private:
         painter.setFont(m_view.font());
         const QString type = entry == nullptr ? RackModel::tr("Type %1").arg(module.typeCode) : entry->orderNumber;
         if (isAvailable) {
-            write(type, faded(palette));
+            write(type, fadedColor(palette));
         } else {
             write(RackView::tr("%1, not available").arg(type), refusalColor(palette));
         }
@@ -335,6 +326,10 @@ void RackView::keyPressEvent(QKeyEvent *event)
             return moveBy(-1, 0);
         case Qt::Key_Down:
             return moveBy(1, 0);
+        case Qt::Key_Home: // the base class would move the current slot and leave the selection
+        case Qt::Key_End:
+            return setCurrentPlace(RackModel::placeOf(
+                moveCursor(event->key() == Qt::Key_Home ? MoveHome : MoveEnd, Qt::ControlModifier)));
         default:
             break;
         }
