@@ -182,9 +182,7 @@ private slots:
         QTest::mouseClick(strip, Qt::LeftButton, Qt::NoModifier, QPoint(1, strip->height() - 10));
         QCOMPARE(m_racks->currentPlace(), (Place{0, 0}));
         press(m_racks, Qt::Key_End, Qt::ControlModifier);
-        QCOMPARE(m_racks->selectedModules().size(), 0);
-        press(m_racks, Qt::Key_Home, Qt::ControlModifier);
-        QCOMPARE(m_racks->selectedModules(), QVector<Place>{{}});
+        QVERIFY(m_racks->selectedModules().isEmpty());
     }
 
     void showsTheFieldsOfCompiledBlocks()
@@ -192,18 +190,21 @@ private slots:
         add("4 x TC");
         trigger("compileAction");
         auto *view = child<BlockView>("blockView");
-        QCOMPARE(view->findChild<QTreeWidget *>("blockList")->topLevelItem(0)->text(2), QString("Analog Input 4 x TC"));
-        QVERIFY(!view->findChild<QTreeWidget *>("blockFields")
-                     ->findItems("analogInput[3].", Qt::MatchStartsWith | Qt::MatchRecursive)
-                     .isEmpty());
+        const auto *list = child<QTreeWidget>("blockList");
+        QCOMPARE(list->topLevelItem(0)->text(2), QString("Analog Input 4 x TC"));
+        const auto *fields = child<QTreeWidget>("blockFields");
+        QVERIFY(!fields->findItems("analogInput[3].", Qt::MatchStartsWith | Qt::MatchRecursive).isEmpty());
         const auto *note = view->findChild<QWidget *>("outdatedNote");
         QVERIFY(!note->isVisible());
         add("SX-DI08");
         QVERIFY(note->isVisible());
         view->findChild<QPushButton *>("compileAgainButton")->click();
         QVERIFY(!note->isVisible());
-        QCOMPARE(view->findChild<QTreeWidget *>("blockList")->topLevelItemCount(), 2);
-        trigger("compileAction");
+        QCOMPARE(list->topLevelItemCount(), 2);
+        QVERIFY(list->currentItem()->text(2).endsWith("TC"));
+        trigger("compileAction"); // shows the block of the current module
+        view->findChild<QPushButton *>("compileAgainButton")->click();
+        QVERIFY(list->currentItem()->text(2).startsWith("Digital Input 8"));
         QCOMPARE(m_window->findChildren<BlockView *>().size(), 1);
     }
 
@@ -373,28 +374,19 @@ private slots:
         row("unknown option", "--unknown --table", 2, "^Unknown option 'unknown'");
         row("task without batch", "--table absent.station --compile x.blk", 2, "^A task needs --batch");
         row("two projects", "--table a.station b.station", 2, "^Expected at most one file");
-        row("no file name", "--table ", 2, "^Expected at most one file");
+        row("no file name", "--table ''", 2, "^Expected at most one file");
+        row("full disk", "--table >/dev/full", 1, "could not be written");
         row("batch without a task", "--batch", 2, "^--batch needs a project file");
     }
     void runsWithoutAWindow()
     {
         QProcess process;
         process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(WORKBENCH_PROGRAM, fetched<QString>("arguments").split(' '));
+        process.start("sh", {"-c", "'" WORKBENCH_PROGRAM "' " + fetched<QString>("arguments")});
         QVERIFY(process.waitForFinished());
         QTEST(process.exitCode(), "exitCode");
         const QString written = process.readAll();
         QVERIFY2(written.contains(QRegularExpression(fetched<QString>("output"))), qPrintable(written));
-    }
-
-    void reportsAFullDisk()
-    {
-        QProcess process;
-        process.setStandardOutputFile("/dev/full");
-        process.start(WORKBENCH_PROGRAM, {"--table"});
-        QVERIFY(process.waitForFinished());
-        QCOMPARE(process.exitCode(), 1);
-        QVERIFY(process.readAllStandardError().contains("could not be written"));
     }
 };
 

@@ -11,6 +11,7 @@
 #include <QFontDatabase>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -44,6 +45,11 @@ QString storedText(const DecodedBlock &block, const char *name)
 {
     const Field *field = block.find(QLatin1String(name));
     return field == nullptr ? QStringLiteral("?") : field->value.toString();
+}
+
+Place placeOf(const QTreeWidgetItem &block)
+{
+    return {block.text(0).toInt(), block.text(1).toInt()};
 }
 
 QTreeWidget *tree(const QString &objectName, const QString &accessibleName, const QStringList &labels)
@@ -151,8 +157,20 @@ void BlockView::setOutdated(bool isOutdated)
     m_outdated->setVisible(isOutdated);
 }
 
+void BlockView::showBlockOf(Place place)
+{
+    for (int i = 0; i < m_list->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *item = m_list->topLevelItem(i);
+        if (placeOf(*item) == place) {
+            m_list->setCurrentItem(item);
+        }
+    }
+}
+
 void BlockView::listBlocks()
 {
+    const QTreeWidgetItem *shown = m_list->currentItem();
+    const Place place = shown == nullptr ? Place{} : placeOf(*shown);
     m_list->clear();
     for (const DecodedBlock &block : qAsConst(m_blocks)) {
         auto *item =
@@ -162,10 +180,13 @@ void BlockView::listBlocks()
     }
     fitColumns(*m_list);
     m_list->setCurrentItem(m_list->topLevelItem(0));
+    showBlockOf(place);
 }
 
+/// Keeps the scroll position, because the same field of another block is often wanted next.
 void BlockView::showFields(int number)
 {
+    const int scrollValue = m_fields->verticalScrollBar()->value();
     m_fields->clear();
     if (number < 0) {
         return;
@@ -190,6 +211,7 @@ void BlockView::showFields(int number)
                              hexOffset(damage.offset)});
     }
     fitColumns(*m_fields);
+    m_fields->verticalScrollBar()->setValue(scrollValue);
 }
 
 void BlockView::save()

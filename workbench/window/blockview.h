@@ -14,8 +14,11 @@ class BlockView : public QDialog {
 public:
     explicit BlockView(QWidget *parent);
 
-    /// Shows concatenated blocks, and which modules they lack. Saving suggests @p fileName.
+    /// Shows concatenated blocks, and which modules they lack. Saving suggests @p fileName. The block of the same slot
+    /// as before stays selected.
     void setBlocks(const QByteArray &blocks, const std::vector<ModuleSummary> &missing, const QString &fileName);
+    /// Selects the block of the module at @p place, if it has one.
+    void showBlockOf(Place place);
     /// Shows whether the station has changed since it was compiled.
     void setOutdated(bool isOutdated);
 

@@ -211,7 +211,7 @@ bool FileCommands::saveChanged(const QString &path)
     return box.clickedButton() == saveAs && this->saveAs();
 }
 
-void FileCommands::compile()
+void FileCommands::compile(std::optional<Place> shown)
 {
     const Station &station = m_document.station();
     const std::optional<QByteArray> blocks = withProgress(
@@ -226,9 +226,12 @@ void FileCommands::compile()
             : project.absoluteDir().filePath(project.completeBaseName() + QStringLiteral(".blk"));
     if (m_blocks.isNull()) {
         m_blocks = new BlockView(&m_window);
-        connect(m_blocks, &BlockView::compileRequested, this, &FileCommands::compile);
+        connect(m_blocks, &BlockView::compileRequested, this, [this] { compile(); });
     }
     m_blocks->setBlocks(*blocks, station.unavailableModules(), suggestion);
+    if (shown) {
+        m_blocks->showBlockOf(*shown);
+    }
     m_blocks->show();
     m_blocks->raise();
     m_blocks->activateWindow();

@@ -25,7 +25,8 @@ public:
     void openDropped(const QString &path);
     bool save();
     bool saveAs();
-    void compile();
+    /// Shows the block of the module at @p shown, or of the same slot as before.
+    void compile(std::optional<Place> shown = {});
     void decompile();
     /// Offers to save unsaved changes. Returns false if the user cancels or saving fails.
     bool mayDiscard();

@@ -139,7 +139,8 @@ void MainWindow::connectFileActions()
     connect(m_ui->openAction, &QAction::triggered, m_files, &FileCommands::open);
     connect(m_ui->saveAction, &QAction::triggered, m_files, &FileCommands::save);
     connect(m_ui->saveAsAction, &QAction::triggered, m_files, &FileCommands::saveAs);
-    connect(m_ui->compileAction, &QAction::triggered, m_files, &FileCommands::compile);
+    connect(m_ui->compileAction, &QAction::triggered, m_files,
+            [this] { m_files->compile(m_rackView->currentPlace()); });
     connect(m_ui->decompileAction, &QAction::triggered, m_files, &FileCommands::decompile);
     connect(m_ui->recentMenu, &RecentMenu::fileChosen, m_files, &FileCommands::openRecent);
     connect(m_files, &FileCommands::fileUsed, m_ui->recentMenu, &RecentMenu::add);
