@@ -183,6 +183,7 @@ private slots:
         QCOMPARE(m_racks->currentPlace(), (Place{0, 0}));
         press(m_racks, Qt::Key_End, Qt::ControlModifier);
         QVERIFY(m_racks->selectedModules().isEmpty());
+        QVERIFY(m_racks->actions().contains(child<QAction>("addAction"))); // in the context menu of a free slot
     }
 
     void showsTheFieldsOfCompiledBlocks()

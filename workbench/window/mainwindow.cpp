@@ -102,8 +102,8 @@ void MainWindow::addViews()
     m_ui->viewMenu->insertActions(m_ui->viewMenu->actions().constFirst(),
                                   {m_ui->catalogDock->toggleViewAction(), m_ui->memoryDock->toggleViewAction(),
                                    m_ui->problemDock->toggleViewAction(), m_ui->helpDock->toggleViewAction()});
-    m_rackView->addActions({m_ui->configureAction, m_ui->placeAction, m_ui->cutAction, m_ui->copyAction,
-                            m_ui->pasteAction, m_ui->removeAction});
+    m_rackView->addActions({m_ui->configureAction, m_ui->addAction, m_ui->placeAction, m_ui->cutAction,
+                            m_ui->copyAction, m_ui->pasteAction, m_ui->removeAction});
     m_rackView->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
