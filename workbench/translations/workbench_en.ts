@@ -112,6 +112,20 @@
             <numerusform>%n modules copied</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n module(s) moved</source>
+        <translation>
+            <numerusform>%n module moved</numerusform>
+            <numerusform>%n modules moved</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) removed</source>
+        <translation>
+            <numerusform>%n module removed</numerusform>
+            <numerusform>%n modules removed</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>PasteResult</name>

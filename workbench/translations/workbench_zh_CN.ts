@@ -1319,6 +1319,18 @@ Qt %2，使用 Qt %3编译
             <numerusform>已复制%n个模块</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n module(s) moved</source>
+        <translation>
+            <numerusform>已移动%n个模块</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n module(s) removed</source>
+        <translation>
+            <numerusform>已删除%n个模块</numerusform>
+        </translation>
+    </message>
     <message>
         <source>The clipboard contains no modules that can be read.</source>
         <translation>剪贴板中没有可读取的模块。</translation>

@@ -52,6 +52,7 @@ void ModuleCommands::move(const QVector<Place> &places, Place by)
         targets.append({place.rack + by.rack, place.slot + by.slot});
     }
     m_racks.selectPlaces(targets);
+    emit message(tr("%n module(s) moved", nullptr, places.size()));
 }
 
 void ModuleCommands::askForPlace()
@@ -124,7 +125,9 @@ void ModuleCommands::paste()
 
 void ModuleCommands::remove()
 {
-    m_document.edits().remove(m_racks.selectedModules());
+    const QVector<Place> places = m_racks.selectedModules();
+    m_document.edits().remove(places);
+    emit message(tr("%n module(s) removed", nullptr, places.size()));
 }
 
 void ModuleCommands::step(void (QUndoStack::*run)(), const QString &text)
