@@ -225,6 +225,10 @@ private slots:
         problems->scrollTo(problems->model()->index(0, 0));
         doubleClick(problems->viewport(), problems->visualRect(problems->model()->index(0, 0)).center());
         QCOMPARE(m_racks->currentPlace(), (Place{0, 1}));
+        add("Relay");
+        QSignalSpy refreshed(problems->model(), &QAbstractItemModel::modelReset);
+        QVERIFY(refreshed.wait() && problems->currentIndex().isValid());
+        m_racks->setCurrentPlace({0, 1});
         press(m_racks, Qt::Key_Delete);
         QTRY_COMPARE(child<QToolButton>("problemCount")->text(), QString("No problems"));
     }

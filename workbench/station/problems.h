@@ -19,6 +19,12 @@ struct Problem {
     std::optional<Place> place; ///< of a module
     QString file;               ///< path of a description file
     int line = 0;               ///< in that file, from 1
+
+    bool operator==(const Problem &other) const
+    {
+        return kind == other.kind && text == other.text && place == other.place && file == other.file &&
+               line == other.line;
+    }
 };
 
 /// Unavailable modules, which are not compiled, and addresses that are not as the station needs them.

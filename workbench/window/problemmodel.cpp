@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -28,6 +29,12 @@ void ProblemModel::setProblems(std::vector<Problem> problems)
     beginResetModel();
     m_problems = std::move(problems);
     endResetModel();
+}
+
+int ProblemModel::rowOf(const Problem &problem) const
+{
+    const auto found = std::find(m_problems.begin(), m_problems.end(), problem);
+    return found == m_problems.end() ? -1 : static_cast<int>(found - m_problems.begin());
 }
 
 int ProblemModel::rowCount(const QModelIndex &parent) const

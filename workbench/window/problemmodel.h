@@ -11,6 +11,8 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void setProblems(std::vector<Problem> problems);
+    /// The row of an equal problem, or -1.
+    int rowOf(const Problem &problem) const;
     const Problem &at(int row) const { return m_problems[static_cast<std::size_t>(row)]; }
 
     int rowCount(const QModelIndex &parent = {}) const override;

@@ -65,7 +65,12 @@ void ProblemView::refresh()
                             {},
                             0});
     }
+    const std::optional<Problem> selected =
+        currentIndex().isValid() ? std::optional(m_model->at(currentIndex().row())) : std::nullopt;
     m_model->setProblems(std::move(problems));
+    if (selected) {
+        setCurrentIndex(m_model->index(m_model->rowOf(*selected), 0));
+    }
     emit countChanged(count());
 }
 
