@@ -276,14 +276,14 @@ private slots:
         QVERIFY(m_window->isWindowModified() && m_window->windowTitle().startsWith("New station"));
 
         QVERIFY(!m_window->offerRecovery());
-        QVERIFY(
-            RecoveryCopy(RecoveryCopy::defaultFolder())
-                .write({partlyUnavailable(), m_folder.filePath("killed.station"), "x", QDateTime::currentDateTime()}));
+        QVERIFY(RecoveryCopy(RecoveryCopy::defaultFolder())
+                    .write({partlyUnavailable(), m_folder.filePath("killed[*].station"), "x",
+                            QDateTime::currentDateTime()}));
         clickNext("recoveryBox", "Ask &Later");
         QVERIFY(!m_window->offerRecovery());
         clickNext("recoveryBox", "&Recover");
         QVERIFY(m_window->offerRecovery());
-        QVERIFY(m_window->isWindowModified() && m_window->windowTitle().startsWith("killed.station"));
+        QVERIFY(m_window->isWindowModified() && m_window->windowTitle().startsWith("killed[*][*].station"));
         QVERIFY(!m_window->offerRecovery());
     }
 

@@ -39,7 +39,7 @@ CompareDialog::CompareDialog(const Project &left, const QString &leftName, const
     setObjectName(QStringLiteral("compareDialog"));
     installEventFilter(new EnterKey(this));
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(tr("Compare: %1, %2").arg(leftName, rightName));
+    setWindowTitle(tr("Compare: %1, %2").arg(titleText(leftName), titleText(rightName)));
     auto *summary = new QLabel(m_differences.isEmpty() ? tr("The projects have the same content.")
                                                        : tr("%n difference(s)", nullptr, m_differences.size()));
     summary->setObjectName(QStringLiteral("compareSummary"));

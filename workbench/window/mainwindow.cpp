@@ -361,7 +361,7 @@ void MainWindow::updateCurrent()
 
 void MainWindow::updateTitle()
 {
-    setWindowTitle(tr("%1[*] - Module Workbench").arg(m_files->fileTitle()));
+    setWindowTitle(tr("%1[*] - Module Workbench").arg(titleText(m_files->fileTitle())));
     setWindowModified(m_document.isModified());
 }
 

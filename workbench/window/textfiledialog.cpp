@@ -19,7 +19,7 @@ TextFileDialog::TextFileDialog(const QString &path, int line, QWidget *parent) :
 {
     setObjectName(QStringLiteral("textFileDialog"));
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(QDir::toNativeSeparators(path));
+    setWindowTitle(titleText(QDir::toNativeSeparators(path)));
     auto *text = new QPlainTextEdit;
     text->setObjectName(QStringLiteral("fileText"));
     text->setReadOnly(true);

@@ -9,3 +9,9 @@ void resizeToFit(QWidget &window, QSize size)
     const QScreen *screen = window.window()->screen();
     window.resize(screen == nullptr ? size : size.boundedTo(screen->availableSize() - frame));
 }
+
+QString titleText(const QString &text)
+{
+    const QString mark = QStringLiteral("[*]");
+    return QString(text).replace(mark, mark + mark);
+}
