@@ -1,10 +1,18 @@
 #include "placedialog.h"
 
+#include "windowsize.h"
+
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
+
+namespace {
+
+constexpr int widestCharacters = 80; // of a text with the name of a module, which a project does not limit
+
+} // namespace
 
 PlaceDialog::PlaceDialog(const Station &station, int index, QWidget *parent)
     : QDialog(parent),
@@ -19,7 +27,7 @@ PlaceDialog::PlaceDialog(const Station &station, int index, QWidget *parent)
     m_rack->setObjectName(QStringLiteral("rackSpin"));
     m_slot->setObjectName(QStringLiteral("slotSpin"));
     m_occupant->setObjectName(QStringLiteral("occupantLabel"));
-    setWindowTitle(tr("Move %1").arg(module.name));
+    setWindowTitle(tr("Move %1").arg(titleText(module.name)));
     m_rack->setRange(0, Place::rackCount - 1);
     m_rack->setValue(module.place.rack);
     m_slot->setRange(0, Place::slotCount - 1);
@@ -54,7 +62,10 @@ void PlaceDialog::showOccupant()
     const bool isPresentSlot = m_station.moduleAt(place()) == m_index;
     const Result<> free = m_station.checkFree(place());
     m_ok->setEnabled(free || isPresentSlot);
-    m_occupant->setText(isPresentSlot ? tr("The module's present slot.")
-                        : free        ? tr("This slot is free.")
-                                      : free.reason());
+    const QString text = isPresentSlot ? tr("The module's present slot.")
+                         : free        ? tr("This slot is free.")
+                                       : free.reason();
+    const int widest = widestCharacters * fontMetrics().averageCharWidth();
+    m_occupant->setText(fontMetrics().elidedText(text, Qt::ElideRight, widest));
+    m_occupant->setToolTip(text);
 }
