@@ -51,22 +51,28 @@ public:
         std::stable_partition(settings.begin(), settings.end(),
                               [](const ChannelSetting &setting) { return setting.isChanged; });
         for (int i = 0; i < settings.size() && rest.width() > 0; ++i) {
-            write(*painter, option.font, false, settings.at(i).title + QStringLiteral(": "), rest);
-            write(*painter, option.font, settings.at(i).isChanged, settings.at(i).text, rest);
-            write(*painter, option.font, false, i + 1 == settings.size() ? QString() : QStringLiteral(",  "), rest);
+            const bool isLast = i + 1 == settings.size();
+            write(*painter, option.font, false, settings.at(i).title + QStringLiteral(": "), false, rest);
+            write(*painter, option.font, settings.at(i).isChanged, settings.at(i).text, isLast, rest);
+            write(*painter, option.font, false, isLast ? QString() : QStringLiteral(",  "), isLast, rest);
         }
         painter->restore();
     }
 
 private:
-    static void write(QPainter &painter, QFont font, bool isBold, const QString &text, QRect &rest)
+    /// Reduces @p rest by the text. A text that is not the last one leaves room for the dots of an elided text, because
+    /// a title without a value and without dots looks complete.
+    static void write(QPainter &painter, QFont font, bool isBold, const QString &text, bool isLast, QRect &rest)
     {
+        const QString dots(QChar(0x2026));
         font.setBold(isBold);
         painter.setFont(font);
         const QFontMetrics metrics = painter.fontMetrics();
+        const int advance = metrics.horizontalAdvance(text);
+        const bool fits = advance + (isLast ? 0 : metrics.horizontalAdvance(dots)) <= rest.width();
         painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                         metrics.elidedText(text, Qt::ElideRight, rest.width()));
-        rest.setLeft(rest.left() + metrics.horizontalAdvance(text));
+                         metrics.elidedText(fits ? text : text + dots, Qt::ElideRight, rest.width()));
+        rest.setLeft(fits ? rest.left() + advance : rest.right() + 1);
     }
 
     const ChannelModel &m_model;
