@@ -196,6 +196,7 @@ private slots:
         const QString blocks = "dropped.BLK";
         chooseNext(blocks);
         child<QPushButton>("saveBlockButton")->click();
+        QCOMPARE(message(), "Saved " + blocks);
         m_racks->setCurrentPlace({0, 0});
         press(m_racks, Qt::Key_Delete);
         QString question;

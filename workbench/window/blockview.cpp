@@ -218,7 +218,12 @@ void BlockView::save()
 {
     const QString path =
         askForNewFile(this, tr("Save Configuration Blocks"), m_fileName, blockFilter(), QStringLiteral("blk"));
-    if (!path.isEmpty()) {
-        showFailure(this, tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path)), writeFile(path, m_bytes));
+    if (path.isEmpty()) {
+        return;
+    }
+    const Result<> written = writeFile(path, m_bytes);
+    showFailure(this, tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path)), written);
+    if (written) {
+        emit saved(path);
     }
 }

@@ -25,6 +25,7 @@ public:
 signals:
     /// The user wants to see the blocks of the present station.
     void compileRequested();
+    void saved(const QString &path);
 
 private:
     void listBlocks();

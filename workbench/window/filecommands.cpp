@@ -186,7 +186,7 @@ bool FileCommands::saveTo(const QString &path, StationDocument::Overwrite overwr
         return saveChanged(path);
     }
     emit fileUsed(path);
-    emit message(tr("Saved %1").arg(QFileInfo(path).fileName()));
+    reportSaved(path);
     return true;
 }
 
@@ -227,6 +227,7 @@ void FileCommands::compile(std::optional<Place> shown)
     if (m_blocks.isNull()) {
         m_blocks = new BlockView(&m_window);
         connect(m_blocks, &BlockView::compileRequested, this, [this] { compile(); });
+        connect(m_blocks, &BlockView::saved, this, &FileCommands::reportSaved);
     }
     m_blocks->setBlocks(*blocks, station.unavailableModules(), suggestion);
     if (shown) {
@@ -235,6 +236,11 @@ void FileCommands::compile(std::optional<Place> shown)
     m_blocks->show();
     m_blocks->raise();
     m_blocks->activateWindow();
+}
+
+void FileCommands::reportSaved(const QString &path)
+{
+    emit message(tr("Saved %1").arg(QFileInfo(path).fileName()));
 }
 
 void FileCommands::markBlocksOutdated()

@@ -48,6 +48,7 @@ private:
     bool recover(const QString &path);
     void showUnavailable();
     void decompileFile(const QString &path);
+    void reportSaved(const QString &path);
     void markBlocksOutdated();
 
     StationDocument &m_document;
