@@ -237,11 +237,12 @@ private slots:
     {
         CatalogFolder catalog;
         catalog.writeDescription(13652, "; comment\n[MODULE START]\nObjName=Unended\n");
+        catalog.writeModule(13650, 8, "ObjName=" + QByteArray(300, 'W') + '\n');
         show();
+        QVERIFY(m_window->minimumSizeHint().width() < 1200);
         auto *problems = child<QTreeView>("problemView");
         emit problems->activated(problems->model()->index(0, 0));
-        const auto cursor = child<QPlainTextEdit>("fileText")->textCursor();
-        QCOMPARE(cursor.selectedText(), QString("[MODULE START]"));
+        QCOMPARE(child<QPlainTextEdit>("fileText")->textCursor().selectedText(), QString("[MODULE START]"));
     }
 
     void asksBeforeItOverwritesAChangedFile()

@@ -19,6 +19,7 @@ namespace {
 constexpr int typeCodeRole = Qt::UserRole;
 constexpr int familyRole = Qt::UserRole + 1;
 constexpr int iconSize = 12;
+constexpr int widestCharacters = 64; // of the minimum width, because the name in a description file can be long
 
 class CatalogTree : public QTreeWidget {
 public:
@@ -75,7 +76,8 @@ CatalogView::CatalogView(const std::vector<CatalogEntry> &catalog, QWidget *pare
     retranslate();
     const QAbstractItemView &columns = *m_tree;
     const int orderNumberWidth = std::max(columns.sizeHintForColumn(1), m_tree->header()->sectionSizeHint(1));
-    m_tree->setMinimumWidth(columns.sizeHintForColumn(0) + orderNumberWidth + 2 * m_tree->frameWidth());
+    const int contents = columns.sizeHintForColumn(0) + orderNumberWidth + 2 * m_tree->frameWidth();
+    m_tree->setMinimumWidth(std::min(contents, widestCharacters * fontMetrics().averageCharWidth()));
 }
 
 void CatalogView::fill()
