@@ -27,6 +27,7 @@ PlaceDialog::PlaceDialog(const Station &station, int index, QWidget *parent)
     m_rack->setObjectName(QStringLiteral("rackSpin"));
     m_slot->setObjectName(QStringLiteral("slotSpin"));
     m_occupant->setObjectName(QStringLiteral("occupantLabel"));
+    m_occupant->setTextFormat(Qt::PlainText); // a name may contain a tag
     setWindowTitle(tr("Move %1").arg(titleText(module.name)));
     m_rack->setRange(0, Place::rackCount - 1);
     m_rack->setValue(module.place.rack);
