@@ -42,14 +42,13 @@ class TestStationTools : public WindowFixture {
             urls += QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
         }
         files.setUrls(urls);
-        const QPoint point(5, 5);
         const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
-        QDragEnterEvent enter(point, actions, &files, Qt::LeftButton, Qt::NoModifier);
+        QDragEnterEvent enter({5, 5}, actions, &files, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(m_racks->viewport(), &enter); // reaches the window because the racks ignore it
         if (!enter.isAccepted() || enter.dropAction() != Qt::CopyAction) {
             return false;
         }
-        QDropEvent event(point, actions, &files, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent event({5, 5}, actions, &files, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(m_window.get(), &event);
         return event.isAccepted();
     }
@@ -382,6 +381,9 @@ private slots:
         const int scrollBar = map->horizontalScrollBar()->sizeHint().height();
         QVERIFY(map->sizeHint().height() >= map->widget()->minimumSizeHint().height() + scrollBar);
         auto *strip = child<MemoryStrip>("memoryStrip_AI");
+        answerNext([](QDialog *dialog) { edit(*dialog, "nameEdit=Oven okButton"); });
+        doubleClick(strip, QPoint(1, strip->height() - 10));
+        QVERIFY(m_racks->model()->index(0, 0).data(Qt::AccessibleTextRole).toString().contains("Oven"));
         const int height = strip->sizeHint().height();
         QFont larger = strip->font();
         larger.setPointSizeF(2 * larger.pointSizeF());

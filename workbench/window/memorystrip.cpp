@@ -303,9 +303,21 @@ void MemoryStrip::mousePressEvent(QMouseEvent *event)
     }
 }
 
-/// The left and right keys select the adjacent range.
+/// The first click has selected the module.
+void MemoryStrip::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && rangeAt(event->pos()).value_or(-1) >= 0) {
+        emit propertiesRequested();
+    }
+}
+
+/// The left and right keys select the adjacent range. Enter opens the properties of its module.
 void MemoryStrip::keyPressEvent(QKeyEvent *event)
 {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && firstSelected() != nullptr) {
+        emit propertiesRequested();
+        return;
+    }
     if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) {
         QWidget::keyPressEvent(event);
         return;

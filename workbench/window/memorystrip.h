@@ -40,6 +40,8 @@ public:
 
 signals:
     void moduleSelected(Place place);
+    /// The user wants to see the properties of the selected module.
+    void propertiesRequested();
 
 protected:
     bool event(QEvent *event) override;
@@ -47,6 +49,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

@@ -31,6 +31,7 @@ MemoryView::MemoryView(const std::vector<CatalogEntry> &catalog, QWidget *parent
         auto *strip = new MemoryStrip(
             area, [this](Place place) { return describe(place); }, content);
         connect(strip, &MemoryStrip::moduleSelected, this, &MemoryView::moduleSelected);
+        connect(strip, &MemoryStrip::propertiesRequested, this, &MemoryView::propertiesRequested);
         layout->addWidget(strip);
         m_strips.append(strip);
     }

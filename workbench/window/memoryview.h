@@ -31,6 +31,8 @@ public:
 signals:
     /// The user selected a range of the module at @p place.
     void moduleSelected(Place place);
+    /// The user wants to see the properties of the selected module.
+    void propertiesRequested();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
