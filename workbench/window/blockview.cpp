@@ -106,8 +106,8 @@ BlockView::BlockView(QWidget *parent)
     panes->setSizes({340, 840});
     panes->setChildrenCollapsible(false);
     auto *buttons = new QDialogButtonBox;
-    QPushButton *save = buttons->addButton(tr("&Save..."), QDialogButtonBox::ActionRole);
-    save->setObjectName(QStringLiteral("saveBlockButton"));
+    m_save = buttons->addButton(tr("&Save..."), QDialogButtonBox::ActionRole);
+    m_save->setObjectName(QStringLiteral("saveBlockButton"));
     buttons->addButton(tr("C&lose"), QDialogButtonBox::RejectRole);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_summary);
@@ -118,7 +118,7 @@ BlockView::BlockView(QWidget *parent)
 
     m_list->setRootIsDecorated(false);
     m_list->setItemDelegate(new ColumnGap(m_list));
-    connect(save, &QPushButton::clicked, this, &BlockView::save);
+    connect(m_save, &QPushButton::clicked, this, &BlockView::save);
     connect(again, &QPushButton::clicked, this, &BlockView::compileRequested);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_list, &QTreeWidget::currentItemChanged, this,
@@ -128,6 +128,7 @@ BlockView::BlockView(QWidget *parent)
 void BlockView::setBlocks(const QByteArray &blocks, const std::vector<ModuleSummary> &missing, const QString &fileName)
 {
     m_bytes = blocks;
+    m_save->setEnabled(!blocks.isEmpty());
     m_fileName = fileName;
     m_blocks = blocks.isEmpty() ? QVector<DecodedBlock>() : blockdecoder::decodeConfiguration(blocks);
     const int total = m_blocks.size() + static_cast<int>(missing.size());

@@ -7,6 +7,7 @@
 #include <QDialog>
 
 class QLabel;
+class QPushButton;
 class QTreeWidget;
 
 class BlockView : public QDialog {
@@ -38,6 +39,7 @@ private:
     QLabel *m_summary;
     QLabel *m_missing;
     QWidget *m_outdated;
+    QPushButton *m_save;
     QTreeWidget *m_list;
     QTreeWidget *m_fields;
 };
