@@ -206,6 +206,7 @@ void MainWindow::connectViews()
     connect(m_memoryView, &MemoryView::moduleSelected, m_rackView, &RackView::setCurrentPlace);
     connect(m_memoryView, &MemoryView::propertiesRequested, m_modules, &ModuleCommands::configure);
     connect(&m_document, &StationDocument::stationReplaced, this, &MainWindow::showStation);
+    connect(&m_document, &StationDocument::stationReplaced, statusBar(), &QStatusBar::clearMessage);
     connect(&m_document, &StationDocument::fileNameChanged, this, &MainWindow::updateTitle);
     connect(&m_document.undoStack(), &QUndoStack::cleanChanged, this, &MainWindow::updateTitle);
     connect(&m_document.undoStack(), &QUndoStack::indexChanged, this, &MainWindow::updateStation);
