@@ -5,6 +5,7 @@
 
 #include <QDataStream>
 #include <QMimeData>
+#include <QTextDocument>
 #include <QUuid>
 
 #include <utility>
@@ -106,7 +107,8 @@ QVariant RackModel::data(const QModelIndex &index, int role) const
     if (!module) {
         return {};
     }
-    return role == Qt::DisplayRole ? module->name : toolTip(*module);
+    // As HTML, because a long comment is wrapped only then, and tags in it would be formatted otherwise.
+    return role == Qt::DisplayRole ? module->name : Qt::convertFromPlainText(toolTip(*module), Qt::WhiteSpaceNormal);
 }
 
 QVariant RackModel::headerData(int section, Qt::Orientation orientation, int role) const
