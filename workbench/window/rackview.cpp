@@ -328,8 +328,8 @@ void RackView::keyPressEvent(QKeyEvent *event)
             return moveBy(1, 0);
         case Qt::Key_Home: // the base class would move the current slot and leave the selection
         case Qt::Key_End:
-            return setCurrentPlace(RackModel::placeOf(
-                moveCursor(event->key() == Qt::Key_Home ? MoveHome : MoveEnd, Qt::ControlModifier)));
+            return setCurrentPlace(
+                RackModel::placeOf(moveCursor(event->key() == Qt::Key_Home ? MoveHome : MoveEnd, Qt::ControlModifier)));
         default:
             break;
         }
