@@ -4,6 +4,7 @@
 #include "linter.h"
 #include "metfields.h"
 #include "metreader.h"
+#include "modulestate.h"
 #include "recordinghost.h"
 #include "rows.h"
 
@@ -26,6 +27,10 @@ QString outcome()
     QString text = QStringLiteral("index=%1; ").arg(lookUpMetInfo(typeCode, info));
     const auto module = buildDefault(typeCode, QString());
     text += module ? QStringLiteral("inputs=%1; ").arg(module->aiCount) : QStringLiteral("no module; ");
+    if (module) {
+        const auto restored = restoreModule(saveModule(*module), QString());
+        text += restored->objName == module->objName ? "name restored; " : "name lost; ";
+    }
     const QVector<ModuleMetInfo> entries = readMetEntries(typeCode);
     text += QStringLiteral("entries=%1; ").arg(entries.size());
     for (const ModuleMetInfo &one : entries) {
@@ -125,8 +130,9 @@ private slots:
         row("no-type-code@1:1", "[MODULE START]\nServerFile=module.cmp\n[END]\n", entry(), "index=-1;");
         row("foreign-code@2:7", other + "[END]\n", entry(), "index=-1;");
         row("duplicate-entry@7:7", entry() + entry("ObjName=new\n"), entry("ObjName=new\n"),
-            "index=0; inputs=4; entries=2;");
+            "index=0; inputs=4; name restored; entries=2;");
         row("hides-later@5:19", entry("NeedHwCnfgVersion=2301\n") + entry(), entry(), "index=-1;");
+        line("long-name@5:9", "ObjName=" + QByteArray(128, 'x'), "ObjName=" + QByteArray(127, 'x'), "name lost;");
         row("no-server-file@1:1", entry().replace("ServerFile=module.cmp\n", ""), entry(), "no module;");
         row("missing-component@3:12", entry().replace("module.cmp", "absent.cmp"), entry(), "no module;");
         row("no-module-info@4:12", entry().replace("40000", "00000"), entry(), "no module;");

@@ -32,6 +32,7 @@ void EntryChecks::check(const ModuleMetInfo &entry, const PassedPlaces &places, 
     }
     checkTypeCode(entry, places, end);
     checkLookup(entry, places, end);
+    checkName(entry, placeOf(QLatin1String("ObjName"), places, end));
     checkComponent(entry, placeOf(QLatin1String("ServerFile"), places, end));
     checkChannels(entry, placeOf(QLatin1String("ModuleInfo"), places, end));
 }
@@ -81,6 +82,18 @@ void EntryChecks::checkLookup(const ModuleMetInfo &entry, const PassedPlaces &pl
                     .arg(m_context.hostVersion)
                     .arg(end.line));
         }
+    }
+}
+
+void EntryChecks::checkName(const ModuleMetInfo &entry, TextPlace place)
+{
+    constexpr int maximum = std::numeric_limits<qint8>::max(); // the length byte of the name has a sign
+    const int size = m_context.encoding->fromUnicode(entry.objName).size();
+    if (size > maximum) {
+        add(Rule::LongName, place,
+            QStringLiteral("the name has %1 bytes: a saved module with more than %2 is not restored as it was")
+                .arg(size)
+                .arg(maximum));
     }
 }
 

@@ -30,6 +30,7 @@ private:
     void checkCarriedOver(const ModuleMetInfo &entry, const PassedPlaces &places);
     void checkTypeCode(const ModuleMetInfo &entry, const PassedPlaces &places, TextPlace end);
     void checkLookup(const ModuleMetInfo &entry, const PassedPlaces &places, TextPlace end);
+    void checkName(const ModuleMetInfo &entry, TextPlace place);
     void checkComponent(const ModuleMetInfo &entry, TextPlace place);
     void checkChannels(const ModuleMetInfo &entry, TextPlace place);
     void add(Rule rule, TextPlace place, const QString &text) { m_diagnostics.append({place, rule, text}); }
