@@ -219,7 +219,7 @@ private slots:
         for (const char *dock : {"channelDock", "problemDock", "memoryDock"}) {
             const auto *content = child<QDockWidget>(dock)->widget();
             QAction *const toggle = child<QDockWidget>(dock)->toggleViewAction();
-            toggle->trigger(); // hides it, also behind another tab
+            toggle->trigger(); // hides it, also while another tab covers it
             toggle->trigger();
             QTRY_VERIFY(!content->visibleRegion().isEmpty());
             press(search, Qt::Key_Tab);

@@ -219,11 +219,7 @@ void FileCommands::compile(std::optional<Place> shown)
     if (!blocks) {
         return;
     }
-    const QFileInfo project(m_document.fileName());
-    const QString suggestion =
-        project.fileName().isEmpty()
-            ? QString()
-            : project.absoluteDir().filePath(project.completeBaseName() + QStringLiteral(".blk"));
+    const QString suggestion = fileBeside(m_document.fileName(), QStringLiteral(".blk"));
     if (m_blocks.isNull()) {
         m_blocks = new BlockView(&m_window);
         connect(m_blocks, &BlockView::compileRequested, this, [this] { compile(); });

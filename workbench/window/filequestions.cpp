@@ -1,6 +1,7 @@
 #include "filequestions.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 
@@ -34,6 +35,12 @@ std::unique_ptr<QProgressDialog> newProgressDialog(QWidget *parent, const QStrin
     dialog->setMinimumDuration(progressDelay);
     dialog->setMinimumWidth(dialog->fontMetrics().averageCharWidth() * progressCharacters);
     return dialog;
+}
+
+QString fileBeside(const QString &project, const QString &suffix)
+{
+    const QFileInfo info(project);
+    return project.isEmpty() ? QString() : info.absoluteDir().filePath(info.completeBaseName() + suffix);
 }
 
 QString askForNewFile(QWidget *parent, const QString &title, const QString &present, const QString &filter,

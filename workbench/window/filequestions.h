@@ -11,6 +11,8 @@
 QString stationFilter();
 QString blockFilter();
 
+/// Returns the path of a file beside @p project with its name and another suffix; an empty string for a new project.
+QString fileBeside(const QString &project, const QString &suffix);
 /// Asks for the path of a file to write. Appends @p suffix to a name without one. An empty string if the user cancels.
 QString askForNewFile(QWidget *parent, const QString &title, const QString &present, const QString &filter,
                       const QString &suffix);

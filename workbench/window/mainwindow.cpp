@@ -119,7 +119,7 @@ void MainWindow::addControllers()
             [this](const QAction *action) { setController(action->data().toUInt()); });
 }
 
-/// Disables the content of a dock that is behind another tab, because the Tab key would reach it there. A dock that the
+/// Disables the content of a dock that another tab covers, because the Tab key would reach it there. A dock that the
 /// menu shows comes to the front.
 void MainWindow::connectDocks()
 {

@@ -8,7 +8,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QTimer>
@@ -23,10 +22,7 @@ struct Texts {
 void saveReport(const Station &station, const std::vector<CatalogEntry> &catalog, const ReportInfo &info,
                 const QPageLayout &layout, QWidget *parent)
 {
-    const QFileInfo project(info.fileName);
-    const QString present = info.fileName.isEmpty()
-                                ? QString()
-                                : project.absoluteDir().filePath(project.completeBaseName() + QStringLiteral(".pdf"));
+    const QString present = fileBeside(info.fileName, QStringLiteral(".pdf"));
     const QString filter =
         Texts::tr("PDF (*.pdf);;HTML (*.html);;Channels, comma-separated values (*.csv);;All fields, "
                   "JSON (*.json)");
